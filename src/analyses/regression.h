@@ -1,0 +1,14 @@
+#pragma once
+
+#include "core/run_state.h"
+
+namespace corvane {
+
+/// Fits Y = a + b X by the method that is set and computes the values that all sections share. False, and nothing
+/// computed, where no method is set.
+bool FitRegression(RunState& run);
+
+/// Section "REGRESSION ANALYSIS": the line with its SDs, MSE, r and r², chi-square.
+void WriteRegression(RunState& run);
+
+} // namespace corvane

@@ -1,0 +1,88 @@
+#include "cli/calc_command.h"
+
+#include "app/option_assignments.h"
+#include "app/saved_windows.h"
+#include "core/format/numbers.h"
+#include "core/option_changes.h"
+#include "evaluation/calculate.h"
+#include "files/dataset_reader.h"
+#include "platform/native/native_file_store.h"
+#include "platform/native/system_clock.h"
+#include "platform/native/terminal.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <optional>
+
+namespace corvane {
+namespace {
+
+ExitCode Fail(const std::string& what) {
+    std::cerr << "corvane: " << what << '\n';
+    return ExitFailed;
+}
+
+/// The moment that stands in the report's header: SOURCE_DATE_EPOCH where that is set, otherwise now.
+std::optional<SystemClock> ReportClock() {
+    const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
+    if (!epoch || *epoch == '\0')
+        return SystemClock();
+    constexpr double endOfYear9999 = 253402300799.0;
+    const auto seconds = ReadNumber(epoch);
+    if (!seconds || *seconds < 0 || *seconds > endOfYear9999 || *seconds != std::floor(*seconds))
+        return std::nullopt;
+    return SystemClock(static_cast<std::int64_t>(*seconds));
+}
+
+/// A run's own message is already on standard error; what it keeps silent about, the command line says.
+ExitCode FailedRun(const RunResult& result, const std::string& data) {
+    if (result.end == RunEnd::TooFewRows)
+        return Fail(data + ": " + std::to_string(result.rows) +
+                    (result.rows == 1 ? " row is in use" : " rows are in use") + ", at least 3 are needed");
+    return ExitFailed;
+}
+
+} // namespace
+
+ExitCode RunCalc(const CalcRequest& request) {
+    NativeFileStore files;
+    Dataset dataset;
+    SessionState session;
+    const auto clock = ReportClock();
+    if (!clock)
+        return Fail("SOURCE_DATE_EPOCH is no count of seconds since 1970");
+
+    // The header takes the name behind the last separator, so the path must have one.
+    const std::string path = std::filesystem::absolute(request.data).string();
+    LoadOutcome loaded = LoadFile(path, dataset, session, files);
+    if (!loaded.Complete()) {
+        loaded.file = request.data;
+        return Fail(loaded.Error());
+    }
+    if (request.all)
+        TickAllGates(dataset, session);
+    for (const std::string& assignment : request.assignments)
+        if (const auto wrong = AssignOption(dataset, session, assignment))
+            return Fail("--set " + assignment + ": " + *wrong);
+
+    TerminalDialogs dialogs("corvane: " + request.data + ": ");
+    TerminalFeedback feedback;
+    const RunResult result = Calculate(dataset, session, {dialogs, feedback, *clock});
+    if (result.end != RunEnd::Finished)
+        return FailedRun(result, request.data);
+
+    if (!request.outFolder.empty()) {
+        std::error_code error;
+        std::filesystem::create_directories(request.outFolder, error);
+        if (error)
+            return Fail(request.outFolder + ": " + error.message());
+        if (const FileResult saved = SaveWindows(request.outFolder, result.report, files); !saved.done)
+            return Fail(saved.reason);
+    }
+    std::cout << WithLineFeeds(result.report.Text()) << std::flush;
+    return std::cout ? ExitDone : Fail("the report could not be written to standard output");
+}
+
+} // namespace corvane

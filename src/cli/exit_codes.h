@@ -1,0 +1,11 @@
+#pragma once
+
+namespace corvane {
+
+enum ExitCode : int {
+    ExitDone = 0,
+    ExitFailed = 1, ///< A file, option or dataset that does not serve; one line on standard error says which.
+    ExitUsage = 2,  ///< A command line that cannot be understood.
+};
+
+} // namespace corvane

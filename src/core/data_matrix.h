@@ -1,0 +1,57 @@
+#pragma once
+
+#include "core/format/cell_value.h"
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace corvane {
+
+/// The columns of the dataset that hold something; column 0 is the grid's row number and never stored.
+enum Column : int {
+    ColumnX = 1,
+    ColumnSDX = 2,
+    ColumnY = 3,
+    ColumnSDY = 4,
+    ColumnRankX = 5,
+    ColumnRankY = 6,
+    ColumnExclude = 7,
+    LastColumn = ColumnExclude
+};
+
+/// The table of cells behind the grid, addressed (column, row), both from 1. For N data rows the row bound is N + 1:
+/// the row N + 1 is part of the table and never shown, walked or saved, but keeps its cells when the table shrinks
+/// by one row and grows again. A column takes memory up to its last filled row only, so rows that hold nothing
+/// cost nothing.
+class DataMatrix {
+public:
+    /// The N of a fresh start.
+    static constexpr std::int32_t StartRows = 19;
+
+    std::int32_t RowBound() const { return rowBound; }
+    /// N, the number of data rows.
+    std::int32_t RowCount() const { return rowBound - 1; }
+    /// The last data row that holds a cell, at most N; 0 for an empty table.
+    std::int32_t LastFilledRow() const;
+
+    /// The cell; an empty one for a place that was never filled. Column 1 to 7, row 1 to the bound.
+    const CellValue& At(int column, std::int32_t row) const;
+    /// Puts a value into a cell. A row beyond the bound is left alone.
+    void Set(int column, std::int32_t row, CellValue value);
+
+    /// Makes room for N rows: the bound becomes N + 1. Cells up to the bound keep their contents.
+    void SetRowCount(std::int32_t count);
+    /// Empties every cell and keeps the bound.
+    void Clear();
+    /// Exchanges two columns in the rows 1 to N.
+    void SwapColumns(int first, int second);
+    /// Hint for a reader that knows how many rows will come.
+    void Reserve(std::int32_t rows);
+
+private:
+    std::array<std::vector<CellValue>, LastColumn + 1> columns;
+    std::int32_t rowBound = StartRows + 1;
+};
+
+} // namespace corvane

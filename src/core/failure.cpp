@@ -1,0 +1,42 @@
+#include "core/failure.h"
+
+#include "core/format/numbers.h"
+
+#include <cmath>
+
+namespace corvane {
+
+double Divide(double numerator, double denominator) {
+    if (denominator == 0)
+        throw RunFailure("division by zero");
+    const double quotient = numerator / denominator;
+    if (!std::isfinite(quotient))
+        throw RunFailure("overflow in a division");
+    return quotient;
+}
+
+double SquareRoot(double radicand) {
+    if (!(radicand >= 0) || !std::isfinite(radicand))
+        throw RunFailure("square root of " + NumberText(radicand));
+    return std::sqrt(radicand);
+}
+
+double Logarithm(double argument) {
+    if (!(argument > 0) || !std::isfinite(argument))
+        throw RunFailure("logarithm of " + NumberText(argument));
+    return std::log(argument);
+}
+
+std::int16_t Integer16(double value) {
+    if (const auto count = ToInteger16(value))
+        return *count;
+    throw RunFailure(NumberText(value) + " is too large for a 16-bit count");
+}
+
+std::int32_t Integer32(double value) {
+    if (const auto count = ToInteger32(value))
+        return *count;
+    throw RunFailure(NumberText(value) + " is too large for a 32-bit count");
+}
+
+} // namespace corvane

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "core/dataset.h"
+#include "core/evaluation_arrays.h"
+#include "core/failure.h"
+#include "core/report.h"
+#include "core/session_state.h"
+#include "stats/correlation.h"
+#include "stats/error_measures.h"
+#include "stats/line_family.h"
+#include "stats/line_fits.h"
+#include "stats/median_fit.h"
+#include "stats/pair_statistics.h"
+#include "stats/residual_statistics.h"
+
+#include <string>
+#include <utility>
+
+namespace corvane {
+
+/// What one Calculate carries from section to section. The values keep the names that the report's text uses; those
+/// that the chosen method does not compute stay 0.
+struct RunState {
+    Dataset& dataset;
+    SessionState& session;
+    EvaluationArrays arrays;
+    Report report;
+
+    double a = 0, b = 0, SDa = 0, SDb = 0, Chi2 = 0, Q = 0; ///< The line Y = a + b X of the chosen method.
+    double AbsDev = 0;                                      ///< Least absolute deviations only.
+    stats::LineFamily family{};                             ///< Regular least squares only.
+
+    stats::PairSummary pairs{};
+    stats::Residuals residuals{};
+    stats::ResistantFit resistant{};
+    stats::ErrorMeasures errors{};
+    stats::Pearson pearson{};
+
+    const AnalysisOptions& Options() const { return dataset.options; }
+    double N() const { return static_cast<double>(arrays.Count()); }
+    bool Comments() const { return IsSet(dataset.options.ADD_COMMENT); }
+
+    /// Runs one statement; a failure in it is noted with the section that is being written.
+    template<class Work>
+    void Statement(Work&& work) {
+        if (auto reason = corvane::Statement(std::forward<Work>(work)))
+            report.Current().failures.push_back(std::move(*reason));
+    }
+};
+
+} // namespace corvane

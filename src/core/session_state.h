@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+/// What outlives a run. A window keeps one for the life of the process; a subcommand makes a fresh one.
+struct SessionState {
+    // Acceptance limits; 0 means not set. One that a run derives stays for later runs.
+    double DeviationLower = 0, DeviationUpper = 0;
+    double ResidueLower = 0, ResidueUpper = 0;
+    double RStdtResLower = 0, RStdtResUpper = 0;
+
+    double DeviationCIProb = 0.95; ///< Confidence as a fraction, set again by every run.
+    double MeanY = 0;              ///< Mean of Y of the last run, for the limits that are a percentage of it.
+
+    std::string CurrentDatasetName; ///< Path of the dataset's file; empty until one was opened or saved.
+    std::string rememberedFolder;   ///< Where the last file dialog was.
+};
+
+} // namespace corvane

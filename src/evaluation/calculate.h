@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/dataset.h"
+#include "core/report.h"
+#include "core/session_state.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/feedback.h"
+
+namespace corvane {
+
+/// The services that a run uses. They must outlive it.
+struct RunServices {
+    Dialogs& dialogs;
+    Feedback& feedback;
+    const Clock& clock;
+};
+
+/// How a run ended.
+enum class RunEnd {
+    Finished,
+    TooFewRows,      ///< Fewer than three analysed rows; the run itself says nothing.
+    IdenticalValues, ///< Every X equals its Y.
+    NoMethod,        ///< No regression method is set.
+};
+
+struct RunResult {
+    RunEnd end = RunEnd::Finished;
+    int rows = 0;  ///< The number of analysed rows.
+    Report report; ///< Complete at RunEnd::Finished, otherwise empty.
+};
+
+inline constexpr const char* IdenticalValuesMessage = "X and Y values are identical. Computation halted!";
+inline constexpr const char* NoMethodMessage = "No option for regression is selected";
+
+/// The Calculate action: selects the rows, corrects the regression method where the uncertainties do not allow the
+/// weighted one (which changes the option itself), fits, and writes every section whose gate is set. Messages go to
+/// the dialogs, all before there is a report.
+RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& services);
+
+} // namespace corvane

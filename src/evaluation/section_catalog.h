@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/analysis_options.h"
+#include "core/run_state.h"
+
+#include <span>
+
+namespace corvane {
+
+/// One section of the report: the tick box that lets it run, the text of the progress line while it runs, and what
+/// writes it.
+struct CatalogEntry {
+    std::int16_t AnalysisOptions::*gate; ///< Null: the section always runs.
+    const char* progress;                ///< Null: the last text stays.
+    void (*write)(RunState&);
+};
+
+/// The sections in the order of the report.
+std::span<const CatalogEntry> SectionCatalog();
+
+} // namespace corvane

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+/// What became of one action on a file.
+struct FileResult {
+    bool done = false;
+    std::string reason; ///< Why not, in words for the user, when it was not done.
+};
+
+/// Whole files, as bytes. Paths are native.
+class FileStore {
+public:
+    virtual ~FileStore() = default;
+
+    /// Reads a regular file whole into `bytes`, which is left alone on failure.
+    virtual FileResult Read(const std::string& path, std::string& bytes) const = 0;
+
+    /// Replaces the file as one step: it holds the old bytes or the new ones, never a part of them.
+    virtual FileResult Replace(const std::string& path, const std::string& bytes) = 0;
+};
+
+} // namespace corvane

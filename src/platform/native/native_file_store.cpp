@@ -1,0 +1,124 @@
+#include "platform/native/native_file_store.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <string_view>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace corvane {
+namespace {
+
+FileResult Failed(int error) {
+    return {false, std::generic_category().message(error)};
+}
+
+/// An open file that closes itself.
+class Descriptor {
+public:
+    explicit Descriptor(int opened) : number(opened) {}
+    ~Descriptor() { Close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool Valid() const { return number >= 0; }
+    int Get() const { return number; }
+    bool Close() { return number < 0 || ::close(std::exchange(number, -1)) == 0; }
+
+private:
+    int number;
+};
+
+bool WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// The permissions that the replaced file shall have: those it has, or those of any new file.
+mode_t ModeFor(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == 0)
+        return status.st_mode & 07777U;
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666U & ~mask;
+}
+
+} // namespace
+
+FileResult NativeFileStore::Read(const std::string& path, std::string& bytes) const {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.Valid())
+        return Failed(errno);
+    struct stat status {};
+    if (::fstat(file.Get(), &status) != 0)
+        return Failed(errno);
+    if (S_ISDIR(status.st_mode))
+        return {false, "this is a folder, not a file"};
+    if (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode))
+        return {false, "this is a device, not a file"};
+
+    constexpr std::size_t step = std::size_t{1} << 16;
+    std::string read;
+    // One byte more than the size, so that the end shows without another allocation.
+    read.resize(static_cast<std::size_t>(status.st_size) + (S_ISREG(status.st_mode) ? 1 : step));
+    std::size_t filled = 0;
+    for (;;) {
+        if (filled == read.size())
+            read.resize(read.size() + read.size() / 2 + step);
+        const ssize_t count = ::read(file.Get(), read.data() + filled, read.size() - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return Failed(errno);
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    read.resize(filled);
+    bytes = std::move(read);
+    return {true, {}};
+}
+
+FileResult NativeFileStore::Replace(const std::string& path, const std::string& bytes) {
+    std::error_code error;
+    std::string target = path;
+    if (std::filesystem::is_symlink(path, error))
+        if (const auto real = std::filesystem::canonical(path, error); !error)
+            target = real.string();
+    if (std::filesystem::is_directory(target, error))
+        return {false, "this is a folder, not a file"};
+
+    // A short name of its own, since the target's may already be as long as names can be.
+    const std::filesystem::path folder = std::filesystem::path(target).parent_path();
+    std::string beside = (folder / ".corvane-XXXXXX").string();
+    Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
+    if (!file.Valid())
+        return Failed(errno);
+    const bool written = WriteAll(file.Get(), bytes) && ::fchmod(file.Get(), ModeFor(target)) == 0 &&
+                         ::fsync(file.Get()) == 0 && file.Close() &&
+                         ::rename(beside.c_str(), target.c_str()) == 0;
+    if (!written) {
+        const int reason = errno;
+        ::unlink(beside.c_str());
+        return Failed(reason);
+    }
+    // The rename itself reaches the disk with the folder; a folder that cannot be flushed is no failure.
+    if (const Descriptor opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC)); opened.Valid())
+        ::fsync(opened.Get());
+    return {true, {}};
+}
+
+} // namespace corvane

@@ -1,0 +1,28 @@
+#include "platform/native/terminal.h"
+
+#include <iostream>
+#include <unistd.h>
+
+namespace corvane {
+
+void TerminalDialogs::ShowMessage(MessageStyle, const std::string& text, const std::string& title) {
+    std::cerr << prefix << (title.empty() ? "" : title + ": ") << text << '\n';
+}
+
+bool TerminalDialogs::AskYesNo(const std::string&, const std::string&, bool byDefault) {
+    return byDefault;
+}
+
+TerminalFeedback::TerminalFeedback() : onTerminal(::isatty(STDERR_FILENO) == 1) {}
+
+void TerminalFeedback::ShowProgress(const std::string& text) {
+    if (onTerminal)
+        std::cerr << "\r\033[K" << text << std::flush;
+}
+
+void TerminalFeedback::HideProgress() {
+    if (onTerminal)
+        std::cerr << "\r\033[K" << std::flush;
+}
+
+} // namespace corvane

@@ -1,0 +1,63 @@
+#include "stats/correlation.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "stats/distributions.h"
+#include "stats/pairs.h"
+
+namespace corvane::stats {
+
+namespace {
+
+double Adjusted(double unexplained, double n) {
+    return Finite(1.0 - Ratio(unexplained * (n - 1.0), n - 2.0));
+}
+
+} // namespace
+
+Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y) {
+    const Pairs pairs(x, y);
+    const double n = pairs.Count();
+    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
+    const double sxx = cx.SumSquares.High, syy = cy.SumSquares.High;
+    Pearson result;
+    if (pairs.N < 2)
+        return result;
+    double unexplained = 1.0; // 1 - r^2
+    if (sxx > 0.0 && syy > 0.0) {
+        const CentredLine line = LeastSquares(cx, cy);
+        unexplained = std::min(1.0, line.SSE / syy);
+        const double r = line.Sxy.High / (std::sqrt(sxx) * std::sqrt(syy));
+        result.r = unexplained == 0.0 ? std::copysign(1.0, r) : std::clamp(r, -1.0, 1.0);
+    }
+    result.RSquared = Square(result.r);
+    result.AdjRSquared = Adjusted(unexplained, n);
+    result.T = Ratio(result.r * std::sqrt(n - 2.0), std::sqrt(unexplained));
+    if (pairs.N > 2 && result.T != 0.0)
+        result.P = std::fabs(result.T) == Largest ? 0.0 : TailT(result.T, n - 2.0);
+    return result;
+}
+
+ResistantFit ResistantRSquared(std::span<const double> y, double MeanY, std::span<const double> fitted) {
+    const Pairs pairs(fitted, y);
+    ResistantFit result;
+    if (pairs.N == 0)
+        return result;
+    const int exponent = std::max(pairs.CommonExponent(), ScaleExponent({&MeanY, 1}));
+    const std::vector<double> scaledY = Scaled(pairs.Y, exponent), scaledFit = Scaled(pairs.X, exponent);
+    const double mean = std::ldexp(Finite(MeanY), -exponent);
+    std::vector<double> residuals, deviations;
+    for (std::size_t i = 0; i < pairs.N; ++i) {
+        residuals.push_back(std::fabs(scaledY[i] - scaledFit[i]));
+        deviations.push_back(std::fabs(scaledY[i] - mean));
+    }
+    const double residual = Median(std::move(residuals)), deviation = Median(std::move(deviations));
+    const double unexplained =
+        deviation == 0.0 && residual == 0.0 ? 1.0 : Finite(Square(Ratio(residual, deviation)));
+    result.ResistantR2 = Finite(1.0 - unexplained);
+    result.AdjResistantR2 = Adjusted(unexplained, pairs.Count());
+    return result;
+}
+
+} // namespace corvane::stats

@@ -1,0 +1,113 @@
+#include "stats/error_measures.h"
+
+#include <cmath>
+
+#include "stats/correlation.h"
+#include "stats/pairs.h"
+
+namespace corvane::stats {
+
+namespace {
+
+/// |y - x| / |y| for y != 0. Large values are halved first, so that the difference stays in range.
+double RelativeError(double x, double y) {
+    return std::fabs(y) > 1.0 ? Finite(std::fabs(0.5 * y - 0.5 * x) / std::fabs(0.5 * y))
+                              : Finite(std::fabs(y - x) / std::fabs(y));
+}
+
+/// 100 times the mean relative error. A ratio that is not 0 exceeds 1e-17, so that scaling the terms down
+/// loses nothing and their sum stays in range.
+double MeanRelativeErrorPercent(const Pairs& pairs) {
+    constexpr int headroom = 80;
+    Sum sum;
+    double count = 0.0;
+    for (std::size_t i = 0; i < pairs.N; ++i) {
+        const double y = Finite(pairs.Y[i]);
+        if (y == 0.0)
+            continue;
+        sum.Add(std::ldexp(RelativeError(Finite(pairs.X[i]), y), -headroom));
+        ++count;
+    }
+    return Unscale(Ratio(100.0 * sum.Value(), count), headroom);
+}
+
+double OneMinusRatio(double numerator, double denominator) {
+    return numerator == 0.0 && denominator == 0.0 ? 0.0 : Finite(1.0 - Ratio(numerator, denominator));
+}
+
+} // namespace
+
+ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
+                                double MeanY) {
+    (void)MeanX; // the differences are summed themselves, which keeps the digits that means lose
+    const Pairs pairs(x, y);
+    ErrorMeasures result;
+    if (pairs.N == 0)
+        return result;
+    const double n = pairs.Count();
+    const int exponent = std::max(pairs.CommonExponent(), ScaleExponent({&MeanY, 1}));
+    const std::vector<double> sx = Scaled(pairs.X, exponent), sy = Scaled(pairs.Y, exponent);
+    const double meanY = std::ldexp(Finite(MeanY), -exponent);
+
+    Sum bias, aboutMeanX, aboutMeanY;
+    std::vector<double> difference;
+    difference.reserve(pairs.N);
+    for (std::size_t i = 0; i < pairs.N; ++i) {
+        const DoubleDouble exact = TwoSum(sy[i], -sx[i]);
+        difference.push_back(exact.High);
+        bias.Add(exact);
+        aboutMeanX.Add(Square(sx[i] - meanY));
+        aboutMeanY.Add(Square(sy[i] - meanY));
+    }
+    const int own = ScaleExponent(difference), differenceExponent = exponent + own;
+    Sum absolute, squares, spread;
+    double largest = 0.0;
+    for (double& d : difference) {
+        d = std::ldexp(d, -own);
+        absolute.Add(std::fabs(d));
+        squares.AddProduct(d, d);
+        largest = std::max(largest, std::fabs(d));
+    }
+    const double msep = squares.Value() / n;
+    for (double d : difference)
+        spread.Add(Square(d * d - msep));
+
+    result.RSquared = PearsonCorrelation(pairs.X, pairs.Y).RSquared;
+    result.MeanBias = Unscale(bias.Value() / n, exponent);
+    result.MAE = Unscale(absolute.Value() / n, differenceExponent);
+    result.MAPE = MeanRelativeErrorPercent(pairs);
+    result.MSEP = Unscale(msep, 2 * differenceExponent);
+    result.VarMSEP = Unscale(Ratio(spread.Value(), n * (n - 1.0)), 4 * differenceExponent);
+    result.MaxError = Unscale(largest, differenceExponent);
+    result.MEF = OneMinusRatio(std::ldexp(squares.Value(), 2 * own), aboutMeanY.Value());
+    result.CD = Ratio(aboutMeanY.Value(), aboutMeanX.Value());
+
+    // With u and v the deviations of X and Y from their means, each part without its cancellation:
+    // Sx - Sy = sum (u - v)(u + v) / (N (Sx + Sy)), 1 - b = sum u (u - v) / sum u^2,
+    // Sy^2 (1 - r^2) = SSE / N, and Sx Sy (1 - r) = Sx Sy (1 - r^2) / (1 + r) where r > 0.
+    const CentredSample cx = Centre(pairs.X, exponent), cy = Centre(pairs.Y, exponent);
+    const CentredLine line = LeastSquares(cx, cy);
+    Sum squareDifference, slopeDefect;
+    for (std::size_t i = 0; i < pairs.N; ++i) {
+        const DoubleDouble u = cx.Deviation[i], v = cy.Deviation[i];
+        squareDifference.Add((u - v) * (u + v));
+        slopeDefect.Add(u * (u - v));
+    }
+    const double sxx = cx.SumSquares.High, syy = cy.SumSquares.High, sxy = line.Sxy.High;
+    const double product = std::sqrt(sxx) * std::sqrt(syy);
+    const double unexplained = line.SSE / n;
+    const double third =
+        sxy > 0.0 ? Ratio(2.0 * unexplained * sxx, product + sxy) : 2.0 * (product - sxy) / n;
+    const double parts[] = {
+        Square(bias.Value() / n),
+        Square(Ratio(squareDifference.Value(), std::sqrt(sxx) + std::sqrt(syy))) / n,
+        third,
+        Ratio(Square(slopeDefect.Value()), sxx) / n,
+        unexplained,
+    };
+    for (std::size_t i = 0; i < result.MSEPParts.size(); ++i)
+        result.MSEPParts[i] = Unscale(parts[i], 2 * exponent);
+    return result;
+}
+
+} // namespace corvane::stats

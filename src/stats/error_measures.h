@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <span>
+
+namespace corvane::stats {
+
+/// Measures of the error of prediction D = Y - X, X predicted, Y observed.
+struct ErrorMeasures {
+    double RSquared = 0.0;             ///< Pearson's r squared
+    double MeanBias = 0.0;             ///< mean of D
+    double MAE = 0.0;                  ///< mean of |D|
+    double MAPE = 0.0;                 ///< 100 mean of |D| / |Y|, per cent, over the pairs with Y != 0
+    double MSEP = 0.0;                 ///< sum of D^2 over N
+    double VarMSEP = 0.0;              ///< variance of MSEP, units to the fourth power
+    std::array<double, 5> MSEPParts{}; ///< parts 1 + 2 + 3 = 1 + 4 + 5 = MSEP
+    double MEF = 0.0;                  ///< modelling efficiency
+    double MaxError = 0.0;             ///< largest |D|
+    double CD = 0.0;                   ///< coefficient of model determination
+};
+
+/// MSEP and its variance, sum of (D^2 - MSEP)^2 / (N (N - 1)): Wallach and Goffinet (1989), Ecological
+/// Modelling 44, 299-306. With Sx, Sy, r of divisor N and b the slope of Y on X the parts of MSEP are
+/// (mean X - mean Y)^2, (Sx - Sy)^2, 2 Sx Sy (1 - r), Sx^2 (1 - b)^2, Sy^2 (1 - r^2), each computed without
+/// the cancellation of its formula. MEF = 1 - sum D^2 / sum (Y - MeanY)^2 and CD = sum (Y - MeanY)^2 /
+/// sum (X - MeanY)^2: Loague and Green (1991), Journal of Contaminant Hydrology 7, 51-73.
+///
+/// MeanX and MeanY are the means of the samples, which the caller holds. A zero denominator saturates (MEF at
+/// the lowest double); with a zero numerator as well the measure is 0. No pair with Y != 0: MAPE = 0. N = 0:
+/// all 0.
+ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
+                                double MeanY);
+
+} // namespace corvane::stats

@@ -1,0 +1,105 @@
+#include "stats/line_family.h"
+
+#include <cmath>
+
+#include "stats/pairs.h"
+
+namespace corvane::stats {
+
+namespace {
+
+/// Slopes of the six lines from the two least-squares slopes, which have one sign.
+/// The differences of the textbook forms are avoided: they cancel for steep and for flat lines.
+std::array<double, 6> Slopes(double b1, double b2) {
+    const double sign = std::signbit(b2) ? -1.0 : 1.0;
+    // Bisector: the sum of the unit vectors along both lines.
+    const double h1 = std::hypot(1.0, b1), h2 = std::hypot(1.0, b2);
+    const double bisector = (b1 / h1 + b2 / h2) / (1.0 / h1 + 1.0 / h2);
+    // Orthogonal: the root of b^2 - d b - 1 = 0 with the sign of the slopes, d = b2 - 1/b1. Where the lines
+    // are uncorrelated its limit is flat or vertical.
+    double orthogonal = 0.0;
+    if (b1 != 0.0) {
+        const double d = sign * Finite(b2 - Ratio(1.0, b1));
+        const double root = std::hypot(2.0, d);
+        orthogonal = sign * (d >= 0.0 ? Finite(0.5 * d + 0.5 * root) : 2.0 / (root - d));
+    }
+    const double reduced = sign * std::sqrt(std::fabs(b1)) * std::sqrt(std::fabs(b2));
+    return {b1, b2, bisector, orthogonal, reduced, 0.5 * b1 + 0.5 * b2};
+}
+
+/// Weights of the two least-squares slopes in the variance of every line: d slope = p d b1 + q d b2.
+std::array<std::array<double, 2>, 6> Weights(const std::array<double, 6>& slope) {
+    const double b1 = std::fabs(slope[0]), b2 = std::fabs(slope[1]);
+    const double h1 = std::hypot(1.0, b1), h2 = std::hypot(1.0, b2);
+    const double bisector = std::fabs(slope[2]) / (b1 + b2);
+    const double orthogonal = std::fabs(slope[3]) / std::hypot(2.0 * b1, Finite(b1 * b2 - 1.0));
+    const double reduced = std::sqrt(b2) / std::sqrt(b1);
+    return {{{1.0, 0.0},
+             {0.0, 1.0},
+             {bisector * (h2 / h1), bisector * (h1 / h2)},
+             {orthogonal / b1, orthogonal * b1},
+             {0.5 * reduced, 0.5 / reduced},
+             {0.5, 0.5}}};
+}
+
+} // namespace
+
+LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y) {
+    const Pairs pairs(x, y);
+    const double n = pairs.Count();
+    LineFamily family;
+    if (pairs.N == 0)
+        return family;
+    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
+    const CentredLine line = LeastSquares(cx, cy);
+    const double sxx = cx.SumSquares.High, syy = cy.SumSquares.High, sxy = line.Sxy.High;
+    // Slopes are in units of the scaled samples until they are returned, except where lines of both
+    // directions meet: bisector and orthogonal line depend on the units.
+    const int unit = cy.Exponent - cx.Exponent;
+    const double inverse = Ratio(syy, sxy);
+    family.B = Slopes(Unscale(line.Slope.High, unit), sxy == 0.0 ? inverse : Unscale(inverse, unit));
+    if (sxy == 0.0 && syy > 0.0) {
+        family.B[3] = std::ldexp(syy, 2 * unit) > sxx ? Largest : 0.0;
+        family.B[4] = Unscale(Ratio(std::sqrt(syy), std::sqrt(sxx)), unit);
+        family.B[5] = Largest;
+    }
+    for (std::size_t k = 0; k < 6; ++k) {
+        const double slope = std::ldexp(family.B[k], -unit);
+        family.A[k] = k == 0 ? Unscale(line.Intercept.High, cy.Exponent)
+                             : Unscale(cy.Mean.High - Finite(slope) * cx.Mean.High, cy.Exponent);
+    }
+    if (pairs.N < 2 || syy == 0.0)
+        return family;
+    if (sxy == 0.0) {
+        family.SDA.fill(Largest);
+        family.SDB.fill(Largest);
+    }
+
+    // Influence of pair i on the slopes: x e1 / Sxx on b1 and y e2 / Sxy on b2, e1 and e2 the residuals of
+    // the two lines. The published sums of variances and covariance are the sums of squares of these.
+    constexpr double limit = 0x1p480; // of an influence, so that sums of squares stay in range
+    const auto weight = Weights(family.B);
+    const DoubleDouble slope2 = sxy == 0.0 ? DoubleDouble{} : cy.SumSquares / line.Sxy;
+    for (std::size_t k = 0; k < (sxy == 0.0 ? 1u : 6u); ++k) {
+        const DoubleDouble slope{Finite(std::ldexp(family.B[k], -unit)), 0.0};
+        const double p = Finite(weight[k][0]), q = Finite(weight[k][1]);
+        Sum slopeVariance, interceptVariance;
+        for (std::size_t i = 0; i < pairs.N; ++i) {
+            const DoubleDouble u = cx.Deviation[i], v = cy.Deviation[i];
+            const double e1 = line.Residual[i], e2 = line.SSE == 0.0 ? 0.0 : (v - slope2 * u).High;
+            double influence = p * Ratio(u.High * e1, sxx);
+            if (q != 0.0)
+                influence += q * (v.High * e2 / sxy);
+            influence = std::clamp(influence, -limit, limit);
+            slopeVariance.Add(Square(influence));
+            const double residual = line.SSE == 0.0 ? 0.0 : (v - slope * u).High;
+            const double interceptInfluence = residual - n * cx.Mean.High * influence;
+            interceptVariance.Add(Square(std::clamp(interceptInfluence, -limit, limit)));
+        }
+        family.SDB[k] = Unscale(std::sqrt(slopeVariance.Value()), unit);
+        family.SDA[k] = Unscale(std::sqrt(interceptVariance.Value()) / n, cy.Exponent);
+    }
+    return family;
+}
+
+} // namespace corvane::stats

@@ -1,0 +1,14 @@
+#include "stats/moments.h"
+
+#include "stats/sums.h"
+
+namespace corvane::stats {
+
+MeanVarianceResult MeanVariance(std::span<const double> sample) {
+    const CentredSample centred = Centre(sample);
+    const double divisor = static_cast<double>(sample.size()) - 1.0;
+    return {Unscale(centred.Mean.High, centred.Exponent),
+            Unscale(Ratio(centred.SumSquares.High, divisor), 2 * centred.Exponent)};
+}
+
+} // namespace corvane::stats

@@ -1,0 +1,90 @@
+#include "stats/sums.h"
+
+#include <algorithm>
+
+namespace corvane::stats {
+
+int ScaleExponent(std::span<const double> sample) {
+    double largest = 0.0;
+    for (double value : sample)
+        largest = std::max(largest, std::fabs(Finite(value)));
+    int exponent = 0;
+    std::frexp(largest, &exponent);
+    return exponent;
+}
+
+double Unscale(double value, int exponent) {
+    return Finite(std::ldexp(value, exponent));
+}
+
+std::vector<double> Scaled(std::span<const double> sample, int exponent) {
+    std::vector<double> scaled;
+    scaled.reserve(sample.size());
+    for (double value : sample)
+        scaled.push_back(std::ldexp(Finite(value), -exponent));
+    return scaled;
+}
+
+CentredSample Centre(std::span<const double> sample, int exponent) {
+    CentredSample result;
+    result.Exponent = exponent;
+    result.Deviation.resize(sample.size());
+    if (sample.empty())
+        return result;
+    const std::vector<double> values = Scaled(sample, exponent);
+    const auto [lowest, highest] = std::minmax_element(values.begin(), values.end());
+    result.Mean = {*lowest, 0.0};
+    if (*lowest == *highest)
+        return result;
+
+    Sum sum;
+    for (double value : values)
+        sum.Add(value);
+    result.Mean = sum.Total() / DoubleDouble{static_cast<double>(values.size()), 0.0};
+    for (std::size_t i = 0; i < values.size(); ++i)
+        result.Deviation[i] = DoubleDouble{values[i], 0.0} - result.Mean;
+    result.SumSquares = SumProducts(result.Deviation, result.Deviation);
+    return result;
+}
+
+DoubleDouble SumProducts(const std::vector<DoubleDouble>& a, const std::vector<DoubleDouble>& b) {
+    Sum sum;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        sum.Add(a[i] * b[i]);
+    return sum.Total();
+}
+
+CentredLine LeastSquares(const CentredSample& x, const CentredSample& y) {
+    CentredLine line;
+    line.Residual.resize(y.Deviation.size());
+    line.Sxy = SumProducts(x.Deviation, y.Deviation);
+    if (x.SumSquares.High > 0.0)
+        line.Slope = line.Sxy / x.SumSquares;
+    line.Intercept = y.Mean - line.Slope * x.Mean;
+
+    Sum sse;
+    for (std::size_t i = 0; i < line.Residual.size(); ++i) {
+        line.Residual[i] = (y.Deviation[i] - line.Slope * x.Deviation[i]).High;
+        sse.AddProduct(line.Residual[i], line.Residual[i]);
+    }
+    line.SSE = sse.Value();
+    // Residuals carry an error of about 1e-31 of the deviations: below that the points are on a line.
+    if (line.SSE <= 1e-56 * y.SumSquares.High) {
+        std::fill(line.Residual.begin(), line.Residual.end(), 0.0);
+        line.SSE = 0.0;
+    }
+    return line;
+}
+
+double Median(std::vector<double> values) {
+    if (values.empty())
+        return 0.0;
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    if (values.size() % 2 != 0)
+        return *middle;
+    // Halves first, so that the sum of two large values stays in range.
+    return 0.5 * *std::max_element(values.begin(), middle) + 0.5 * *middle;
+}
+
+} // namespace corvane::stats

@@ -1,0 +1,152 @@
+#include "evaluation/calculate.h"
+
+#include "core/grid_operations.h"
+#include "core/option_changes.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+#include <initializer_list>
+
+namespace corvane {
+namespace {
+
+using namespace testing;
+using Strings = std::vector<std::string>;
+
+class CalculateRun : public ::testing::Test {
+protected:
+    void Put(std::initializer_list<std::array<const char*, 4>> rows) {
+        std::int32_t row = 0;
+        for (const auto& cells : rows) {
+            ++row;
+            for (int column = ColumnX; column <= ColumnSDY; ++column)
+                dataset.cells.Set(column, row, std::string(cells[static_cast<std::size_t>(column - 1)]));
+        }
+    }
+    RunResult Run() {
+        dialogs.messages.clear();
+        return Calculate(dataset, session, {dialogs, feedback, clock});
+    }
+    void Set(OptionRow::Member member, const OptionValue& value) {
+        ChangeOption(dataset, session, OptionOf(member), value);
+    }
+    static bool Has(const RunResult& result, const char* text) {
+        return result.report.Text().find(text) != std::string::npos;
+    }
+
+    Dataset dataset;
+    SessionState session;
+    RecordingDialogs dialogs;
+    RecordingFeedback feedback;
+    FixedClock clock;
+};
+
+const char* const bothIgnored =
+    "Because both uncertainties are being ignored, the Regular Least-Squares Regression will be used";
+const char* const zeroSD =
+    "Because at least one SD X or SD Y is zero, the Regular Least-Squares Regression will be used";
+
+TEST_F(CalculateRun, TooFewRowsEndSilently) {
+    Put({{"1", "", "2", ""}, {"2", "", "3", ""}});
+    const RunResult result = Run();
+    EXPECT_EQ(result.end, RunEnd::TooFewRows);
+    EXPECT_EQ(result.rows, 2);
+    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_TRUE(feedback.shown.empty());
+}
+
+TEST_F(CalculateRun, IdenticalPairsAreRefused) {
+    Put({{"1", "", "1", ""}, {"2", "", "2.0", ""}, {"abc", "", "", ""}});
+    EXPECT_EQ(Run().end, RunEnd::IdenticalValues);
+    EXPECT_EQ(dialogs.messages, Strings{"X and Y values are identical. Computation halted!"});
+}
+
+TEST_F(CalculateRun, NoMethodEndsOnTheSpot) {
+    Put({{"1", "", "2", ""}, {"2", "", "3", ""}, {"4", "", "4", ""}});
+    Set(&AnalysisOptions::LSM, false);
+    EXPECT_EQ(Run().end, RunEnd::NoMethod);
+    EXPECT_EQ(dialogs.messages, Strings{"No option for regression is selected"});
+    EXPECT_EQ(feedback.shown, Strings{"Regression..."}); // the progress text stays
+}
+
+TEST_F(CalculateRun, TheMethodCorrectionMovesTheButtonItself) {
+    Put({{"1", "1", "2", "1"}, {"2", "1", "3", "1"}, {"4", "1", "4", "1"}});
+    Set(&AnalysisOptions::WLSM, true);
+    EXPECT_TRUE(Has(Run(), "Weighted Least-Squares Regression\r\n\r\n"));
+    EXPECT_TRUE(dialogs.messages.empty());
+
+    Put({{"1", "1", "2", "1"}, {"2", "", "3", "1"}, {"4", "0", "4", "1"}});
+    Set(&AnalysisOptions::UNCERTAINTY_X, std::int16_t{1});
+    EXPECT_TRUE(Has(Run(), "Weighted Least-Squares Regression\r\nIgnored uncertainties in X\r\n\r\n"));
+    EXPECT_TRUE(dialogs.messages.empty());
+
+    Set(&AnalysisOptions::UNCERTAINTY_X, std::int16_t{0});
+    EXPECT_TRUE(Has(Run(), "Regular Least-Squares Regression\r\n\r\n"));
+    EXPECT_EQ(dialogs.messages, Strings{zeroSD});
+    EXPECT_TRUE(dataset.options.LSM);
+
+    Set(&AnalysisOptions::WLSM, true);
+    Set(&AnalysisOptions::UNCERTAINTY_X, std::int16_t{1});
+    Set(&AnalysisOptions::UNCERTAINTY_Y, std::int16_t{1});
+    EXPECT_TRUE(Has(Run(), "Regular Least-Squares Regression\r\n\r\n"));
+    EXPECT_EQ(dialogs.messages, Strings{bothIgnored});
+}
+
+TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
+    Put({{"1", "", "2", ""}, {"2", "", "3.5", ""}, {"4", "", "4", ""}});
+    for (const OptionRow& row : OptionTable())
+        if (row.role == OptionRole::Gate)
+            ChangeOption(dataset, session, row, std::int16_t{2}); // ticked grey is not set
+    const RunResult plain = Run();
+    EXPECT_EQ(plain.report.Sections().size(), 2U);
+    EXPECT_EQ(feedback.shown, (Strings{"Regression...", "Regression...", "(hidden)"}));
+
+    TickAllGates(dataset, session);
+    std::vector<std::string> ids;
+    const RunResult all = Run();
+    for (const ReportSection& section : all.report.Sections())
+        ids.push_back(section.id);
+    EXPECT_EQ(ids.front(), "header");
+    EXPECT_EQ(ids.back(), "references");
+}
+
+TEST_F(CalculateRun, TwoReferencesRunStraightOn) {
+    Put({{"1", "", "2", ""}, {"2", "", "3.5", ""}, {"4", "", "4", ""}});
+    Set(&AnalysisOptions::SHOW_LITERATURE, std::int16_t{1});
+    const RunResult result = Run();
+    EXPECT_TRUE(Has(result, "Computational Statistics. 1:411-428.Davis, C. S."));
+    EXPECT_TRUE(Has(result, "Association. 88:1273-1283.Shapiro, S. S."));
+    EXPECT_TRUE(Has(result, "\r\n\r\n\r\nREFERENCES\r\n==========\r\nAgresti, A. 1996."));
+    EXPECT_TRUE(result.report.Text().ends_with("(American Society of Agricultural Engineers). 39:47-54.\r\n"));
+}
+
+TEST_F(CalculateRun, TheDeviationConfidenceIsPerCentOrAFraction) {
+    Put({{"1", "", "2", ""}, {"2", "", "3.5", ""}, {"4", "", "4", ""}});
+    const auto probabilityOf = [&](const char* text) {
+        session.DeviationCIProb = 0.5;
+        dataset.options.DEVIATION_CI_PROB = text;
+        Run();
+        return session.DeviationCIProb;
+    };
+    EXPECT_EQ(probabilityOf("95"), 0.95);
+    EXPECT_EQ(probabilityOf("0.95"), 0.95);
+    EXPECT_EQ(probabilityOf("0"), 0.95);
+    EXPECT_EQ(probabilityOf("x"), 0.95);
+    EXPECT_EQ(probabilityOf("1"), 0.01);
+    EXPECT_EQ(probabilityOf(""), 0.5); // what the last run left
+    EXPECT_EQ(session.MeanY, 9.5 / 3);
+}
+
+TEST_F(CalculateRun, AParameterWithoutSDHasNoTestAndNThreeHasOneDegreeOfFreedom) {
+    Put({{"1", "", "2", ""}, {"2", "", "2.5", ""}, {"4", "", "3.5", ""}}); // exactly y = 1.5 + x / 2
+    const RunResult exact = Run();
+    EXPECT_FALSE(Has(exact, "H0: b = 0 "));
+    EXPECT_TRUE(Has(exact, "H0: a = 0 & b = 1"));
+
+    Put({{"1", "", "1.1", ""}, {"2", "", "2.3", ""}, {"4", "", "3.7", ""}});
+    // R 4.2.2, lm(y ~ x): t of the slope 6.81273, P 0.092783 with 1 degree of freedom.
+    EXPECT_TRUE(Has(Run(), "H0: b = 0            T-value (P-value):    6.81273 (0.09278)\r\n"));
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,74 @@
+#include "platform/native/native_file_store.h"
+#include "platform/native/native_processes.h"
+
+#include "support/golden.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+class NativeFiles : public ::testing::Test {
+protected:
+    NativeFiles() {
+        std::string pattern = (fs::temp_directory_path() / "corvane-test-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+    }
+    ~NativeFiles() override {
+        fs::permissions(folder, fs::perms::owner_all);
+        fs::remove_all(folder);
+    }
+
+    std::size_t FilesInFolder() const {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+    }
+
+    fs::path folder;
+    NativeFileStore files;
+};
+
+TEST_F(NativeFiles, ReplacesAsOneStepAndKeepsLinkAndPermissions) {
+    const fs::path file = folder / "d.KOV", link = folder / "link.KOV";
+    ASSERT_TRUE(files.Replace(file, "old").done);
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink(file, link);
+    ASSERT_TRUE(files.Replace(link, std::string("new\0\r\n", 6)).done);
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    std::string bytes;
+    EXPECT_TRUE(files.Read(file, bytes).done);
+    EXPECT_EQ(bytes, std::string("new\0\r\n", 6));
+    EXPECT_EQ(FilesInFolder(), 2U);
+}
+
+TEST_F(NativeFiles, FailuresSayWhyAndLeaveNothingBehind) {
+    std::string bytes = "untouched";
+    EXPECT_EQ(files.Read(folder, bytes).reason, "this is a folder, not a file");
+    EXPECT_EQ(files.Read("/dev/zero", bytes).reason, "this is a device, not a file");
+    EXPECT_FALSE(files.Read(folder / "missing", bytes).done);
+    EXPECT_EQ(bytes, "untouched");
+    EXPECT_FALSE(files.Replace(folder / "no such folder" / "d.KOV", "x").done);
+    EXPECT_EQ(files.Replace(folder, "x").reason, "this is a folder, not a file");
+    if (::geteuid() != 0) { // the superuser writes everywhere
+        fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+        EXPECT_FALSE(files.Replace(folder / "d.KOV", "x").done);
+    }
+    EXPECT_EQ(FilesInFolder(), 0U);
+}
+
+TEST(NativeProcesses, RunsACommandLineAndGivesItsExitCode) {
+    NativeProcesses processes;
+    std::string console;
+    EXPECT_EQ(processes.RunAndWait("sh -c \"printf '%s' 'two words'; echo err >&2; exit 3\"", console), 3);
+    EXPECT_EQ(console, "two wordserr\n");
+    EXPECT_EQ(processes.RunAndWait("true"), 0);
+    EXPECT_EQ(processes.RunAndWait("no-such-program-here"), std::nullopt);
+    EXPECT_EQ(processes.RunAndWait("  "), std::nullopt);
+}
+
+} // namespace
+} // namespace corvane

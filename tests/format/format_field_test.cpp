@@ -1,0 +1,178 @@
+#include "core/format/format_field.h"
+
+#include "core/format/format_picture.h"
+#include "core/format/numbers.h"
+#include "core/format/text_lists.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <new>
+#include <random>
+
+namespace {
+std::size_t allocations = 0;
+}
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(size)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace corvane {
+namespace {
+
+std::string Shown(Field field) {
+    return FormatField(field).value_or("refused");
+}
+
+TEST(FormatField, FitsNumbersIntoColumns) {
+    EXPECT_EQ(Shown({.value = 0.0, .width = 10, .decimals = 4}), "    0.0000");
+    EXPECT_EQ(Shown({.value = 0.0, .width = 10}), "          ");
+    EXPECT_EQ(Shown({.value = 0.0, .width = 10, .leadingZero = true}), "         0");
+    EXPECT_EQ(Shown({.value = 1234567.891, .width = 10, .decimals = 4}), "       n/a");
+    EXPECT_EQ(Shown({.value = -1.5, .width = 8, .decimals = 2}), "   -1.50");
+    EXPECT_EQ(Shown({.value = 0.25, .width = 8, .decimals = 4, .alignment = AlignLeft}), "0.2500  ");
+    EXPECT_EQ(Shown({.value = 0.25, .width = 9, .decimals = 4, .alignment = AlignCentre}), " 0.2500  ");
+    EXPECT_EQ(Shown({.value = "12.5", .width = 6, .decimals = 2}), " 12.50");
+    EXPECT_EQ(Shown({.value = -0.3, .width = 4}), "   -");
+    EXPECT_EQ(Shown({.value = 5.0, .width = 1}), "5");
+    EXPECT_EQ(Shown({.value = 55.0, .width = 1}), "n");
+}
+
+TEST(FormatField, AlignmentZeroBecomesRightAndOthersActAsLeft) {
+    Field field{.value = 1.5, .width = 5, .decimals = 1};
+    EXPECT_EQ(FormatField(field), "  1.5");
+    EXPECT_EQ(field.alignment, AlignRight);
+    for (const std::int16_t alignment : {std::int16_t{7}, std::int16_t{-1}}) {
+        field.alignment = alignment;
+        EXPECT_EQ(FormatField(field), "1.5  ");
+        EXPECT_EQ(field.alignment, alignment);
+    }
+}
+
+TEST(FormatField, RaisesProbabilitiesThatWouldPrintAsZero) {
+    const auto raised = [](CellValue value, std::int32_t decimals) {
+        Field field{.value = std::move(value), .width = 8, .decimals = decimals, .probability = true};
+        const std::string text = FormatField(field).value_or("refused");
+        return std::string(TrimBlanks(text)) + "|" + CellText(field.value);
+    };
+    EXPECT_EQ(raised(0.0, 4), "0.0001|0.0001");
+    EXPECT_EQ(raised(0.00001, 4), "0.0001|0.00011");
+    EXPECT_EQ(raised(0.00005, 4), "0.0002|" + NumberText(0.00005 + 0.0001)); // no double is 0.00015
+    EXPECT_EQ(raised(0.05, 4), "0.0500|0.05");
+    EXPECT_EQ(raised(-3.0, 4), "0.0001|0.0001");
+    EXPECT_EQ(raised(0.5, 0), "2|1.5");
+    EXPECT_EQ(raised("-0.5", 2), "0.01|0.01");
+    EXPECT_EQ(raised(" 0.50", 2), "0.50| 0.50"); // text that needs no raising stays text
+    EXPECT_EQ(raised("", 2), "|");
+    EXPECT_EQ(raised("word", 2), "refused|word");
+    EXPECT_EQ(raised(".", 2), "refused|.");
+}
+
+TEST(FormatField, RefusesWhatNoPictureCanShow) {
+    // ".2500" fits, but "0.0000" has no place for its filler; a number with an integer part is too wide
+    // before.
+    EXPECT_EQ(Shown({.value = 0.25, .width = 5, .decimals = 4}), "refused");
+    EXPECT_EQ(Shown({.value = 1.25, .width = 5, .decimals = 4}), "  n/a");
+    // "-.2500" fits too; its final look is one longer and is cut.
+    EXPECT_EQ(Shown({.value = -0.25, .width = 6, .decimals = 4}), "-0.250");
+    EXPECT_EQ(Shown({.value = 5.0, .width = 1, .leadingZero = true}), "refused");
+    EXPECT_EQ(Shown({.value = 5.0, .width = 5, .decimals = -1}), "refused");
+    EXPECT_EQ(Shown({.value = 5.0, .width = -1}), "refused");
+    EXPECT_EQ(Shown({.width = -1}), "refused");
+    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_EQ(Shown({.value = value, .width = 9, .probability = true}), "refused");
+    }
+    EXPECT_EQ(Shown({.value = 0.5, .width = 9, .decimals = 400, .probability = true}), "refused");
+    EXPECT_EQ(Shown({.value = 0.5, .width = 9, .decimals = 2147483647}), "      n/a");
+}
+
+TEST(FormatField, ShowsTextByItsCharacters) {
+    EXPECT_EQ(Shown({.value = ".", .width = 3, .decimals = 2}), "0.0");
+    EXPECT_EQ(Shown({.value = ".", .width = 2}), ".0");
+    EXPECT_EQ(Shown({.value = ".", .width = 1}), "0");
+    EXPECT_EQ(Shown({.value = "µg/é", .width = 5}), " µg/é");
+    EXPECT_EQ(Shown({.value = "µg/éé", .width = 4}), " n/a");
+    EXPECT_EQ(Shown({.width = 3, .decimals = 2}), "   ");
+}
+
+TEST(AlignField, CutsAndPads) {
+    EXPECT_EQ(AlignField("", 5, AlignLeft), "");
+    EXPECT_EQ(AlignField("éèêë", 2, AlignRight), "éè");
+    EXPECT_EQ(AlignField("éè", 5, AlignCentre), " éè  ");
+    // The blanks to add are counted before the text's own are dropped.
+    EXPECT_EQ(AlignField("  a", 5, AlignRight), "  a");
+    EXPECT_EQ(AlignField("  a", 5, AlignLeft), "a  ");
+    EXPECT_EQ(AlignField("  a", 5, AlignCentre), "   a ");
+    EXPECT_EQ(AlignField("   ", 5, AlignLeft), "  ");
+    EXPECT_EQ(AlignField("a", -1, AlignLeft), "");
+}
+
+// The field by its pictures, step for step, for a number without the probability flag.
+std::string ByPictures(const Field& field) {
+    const auto times = [](std::string_view piece, std::int32_t count) {
+        return Repeat(piece, static_cast<std::size_t>(count));
+    };
+    const std::string zeros = times("0", field.decimals);
+    const std::string first = field.decimals != 0 ? (field.leadingZero ? "0." : ".") + zeros
+                              : field.leadingZero ? "0"
+                                                  : "#";
+    const std::string shown = FormatPicture(field.value, first).value();
+    if (static_cast<std::int32_t>(shown.size()) > field.width) {
+        return AlignField("n/a", field.width, field.alignment);
+    }
+    if (shown.empty()) {
+        return times(" ", field.width);
+    }
+    const std::int32_t filler = field.width - (field.decimals != 0 ? field.decimals + 2
+                                               : field.leadingZero ? 2
+                                                                   : 1);
+    if (filler < 0) {
+        return "refused";
+    }
+    const std::string tail = field.decimals != 0 ? "0." + zeros : field.leadingZero ? "0" : "";
+    return AlignField(FormatPicture(field.value, times("#", filler) + tail).value(), field.width,
+                      field.alignment);
+}
+
+TEST(FormatField, IsTheCompositionOfItsPictures) {
+    std::mt19937_64 random(7);
+    const auto below = [&](std::uint64_t limit) { return static_cast<std::int32_t>(random() % limit); };
+    for (int i = 0; i < 400000 && !testing::Test::HasFailure(); ++i) {
+        Field field{.width = below(20), .decimals = below(9)};
+        field.alignment = static_cast<std::int16_t>(1 + below(3));
+        field.leadingZero = below(2) == 0;
+        const double magnitude =
+            below(4) == 0 ? below(2000) / 16.0 : std::pow(10.0, below(3000) / 100.0 - 12);
+        field.value = below(2) == 0 ? magnitude : -magnitude;
+        EXPECT_EQ(Shown(field), ByPictures(field))
+            << CellText(field.value) << " w " << field.width << " d " << field.decimals;
+    }
+}
+
+TEST(FormatField, TakesNoMemoryForShortFields) {
+    for (const bool probability : {false, true}) {
+        for (const double value : {0.0, 12.345675, 2.5, 1e-9, -98765.4321, 1e300}) {
+            Field field{.value = value, .width = 15, .decimals = 5, .probability = probability};
+            const std::size_t before = allocations;
+            const bool formatted = FormatField(field).has_value();
+            EXPECT_EQ(allocations - before, 0U) << value;
+            EXPECT_TRUE(formatted);
+        }
+    }
+}
+
+} // namespace
+} // namespace corvane

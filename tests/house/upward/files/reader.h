@@ -1,0 +1,2 @@
+#include <boost/math/distributions.hpp>
+#include "core/table.h"
