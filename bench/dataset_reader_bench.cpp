@@ -1,5 +1,5 @@
-// Reading a dataset file of 10^6 rows beside a plain line count of the same bytes, and the selection of its rows,
-// which turns the cells into numbers.
+// Reading a dataset file of 10^6 rows beside a plain line count of the same bytes, and the selection of its
+// rows, which turns the cells into numbers.
 
 #include "core/evaluation_arrays.h"
 #include "core/session_state.h"
@@ -54,7 +54,7 @@ void CountLines(benchmark::State& state) {
     const std::string& text = File().content;
     for (auto _ : state) {
         std::size_t lines = 0;
-        for (const char* at = text.data(), *end = at + text.size();
+        for (const char *at = text.data(), *end = at + text.size();
              (at = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)))); ++at)
             ++lines;
         benchmark::DoNotOptimize(lines);

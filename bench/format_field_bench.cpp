@@ -49,7 +49,7 @@ std::vector<double> TypedNumbers() {
 }
 
 void Fields(benchmark::State& state, const std::vector<double>& numbers, bool probability) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (const double number : numbers) {
             Field field{.value = number, .width = 10, .decimals = 5, .probability = probability};
             benchmark::DoNotOptimize(corvane::FormatField(field));
@@ -60,7 +60,7 @@ void Fields(benchmark::State& state, const std::vector<double>& numbers, bool pr
 
 void Printf(benchmark::State& state, const std::vector<double>& numbers) {
     std::array<char, 64> text{};
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (const double number : numbers) {
             std::snprintf(text.data(), text.size(), "%*.*f", 10, 5, number);
             benchmark::DoNotOptimize(text);
@@ -77,5 +77,3 @@ BENCHMARK_CAPTURE(Fields, Typed, TypedNumbers(), false);
 BENCHMARK_CAPTURE(Printf, Typed, TypedNumbers());
 
 } // namespace
-
-BENCHMARK_MAIN();

@@ -26,24 +26,25 @@ void WriteLeastSquares(RunState& run, ReportSection& section) {
         section.Line("Estimate b ± SD : ", F(10, 5, run.b).Named("b"), " ± ", F(10, 5, run.SDb).Named("SDb"));
     });
     run.Statement([&] {
-        section.Line("MSE             : ", F(10, 5, run.residuals.MSE).Named("MSE"), gap, "Root MSE            : ",
-                     F(10, 5, SquareRoot(run.residuals.MSE)).Named("RootMSE"));
+        section.Line("MSE             : ", F(10, 5, run.residuals.MSE).Named("MSE"), gap,
+                     "Root MSE            : ", F(10, 5, SquareRoot(run.residuals.MSE)).Named("RootMSE"));
     });
     run.Statement([&] {
-        section.Line("N               : ", F(10, 0, run.N()).Named("N"), gap, "r                   : ",
-                     F(10, 5, run.pearson.r).Named("r"));
+        section.Line("N               : ", F(10, 0, run.N()).Named("N"), gap,
+                     "r                   : ", F(10, 5, run.pearson.r).Named("r"));
     });
     run.Statement([&] {
         section.Line("r²              : ", F(10, 5, run.pearson.RSquared).Named("RSquared"), gap,
                      "Adj. r²             : ", F(10, 5, run.pearson.AdjRSquared).Named("AdjRSquared"));
     });
     run.Statement([&] {
-        section.Line("Resistant r²    : ", F(10, 5, run.resistant.ResistantR2).Named("ResistantR2"), gap,
-                     "Adj. Resistant r²   : ", F(10, 5, run.resistant.AdjResistantR2).Named("AdjResistantR2"));
+        section.Line(
+            "Resistant r²    : ", F(10, 5, run.resistant.ResistantR2).Named("ResistantR2"), gap,
+            "Adj. Resistant r²   : ", F(10, 5, run.resistant.AdjResistantR2).Named("AdjResistantR2"));
     });
     run.Statement([&] {
-        section.Line("Chi²            : ", F(10, 5, run.Chi2).Named("Chi2"), gap, "Q(Chi²)             : ",
-                     FP(10, 5, run.Q).Named("Q"));
+        section.Line("Chi²            : ", F(10, 5, run.Chi2).Named("Chi2"), gap,
+                     "Q(Chi²)             : ", FP(10, 5, run.Q).Named("Q"));
     });
 }
 
@@ -53,13 +54,14 @@ void WriteLeastAbsoluteDeviations(RunState& run, ReportSection& section) {
     run.Statement([&] { section.Line("Absolute Deviation : ", F(10, 5, run.AbsDev).Named("AbsDev")); });
     run.Statement([&] { section.Line("N                  : ", F(10, 0, run.N()).Named("N"), gap); });
     run.Statement([&] {
-        section.Line("Resistant r²       : ", F(10, 5, run.resistant.ResistantR2).Named("ResistantR2"), gap,
-                     "Adj. Resistant r²   : ", F(10, 5, run.resistant.AdjResistantR2).Named("AdjResistantR2"));
+        section.Line(
+            "Resistant r²       : ", F(10, 5, run.resistant.ResistantR2).Named("ResistantR2"), gap,
+            "Adj. Resistant r²   : ", F(10, 5, run.resistant.AdjResistantR2).Named("AdjResistantR2"));
     });
     run.Statement([&] { run.Q = stats::GammaQ(0.5 * (run.N() - 2), 0.5 * run.Chi2); });
     run.Statement([&] {
-        section.Line("Chi²               : ", F(10, 5, run.Chi2).Named("Chi2"), gap, "Q(Chi²)             : ",
-                     FP(10, 5, run.Q).Named("Q"));
+        section.Line("Chi²               : ", F(10, 5, run.Chi2).Named("Chi2"), gap,
+                     "Q(Chi²)             : ", FP(10, 5, run.Q).Named("Q"));
     });
 }
 
@@ -97,8 +99,9 @@ void WriteRegression(RunState& run) {
     ReportSection& section =
         run.report.BeginSection("regression", "REGRESSION ANALYSIS: Y = a + b×X (Neter et al., 1996)");
     if (run.Comments()) {
-        section.Line("!! .Pearson's r is a parametric coefficient of correlation that measures the association of two "
-                     "continuous !!");
+        section.Line(
+            "!! .Pearson's r is a parametric coefficient of correlation that measures the association of two "
+            "continuous !!");
         section.Line("!!  random variables !!");
         section.Line("!! .Goodness-of-fit is believable if Q(Chi²) > 0.1 !!");
     }

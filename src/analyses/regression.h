@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Fits Y = a + b X by the method that is set and computes the values that all sections share. False, and nothing
-/// computed, where no method is set.
+/// Fits Y = a + b X by the method that is set and computes the values that all sections share. False, and
+/// nothing computed, where no method is set.
 bool FitRegression(RunState& run);
 
 /// Section "REGRESSION ANALYSIS": the line with its SDs, MSE, r and r², chi-square.

@@ -44,7 +44,8 @@ std::string UnknownKey(std::string_view key) {
 
 } // namespace
 
-std::optional<std::string> AssignOption(Dataset& dataset, SessionState& session, std::string_view assignment) {
+std::optional<std::string> AssignOption(Dataset& dataset, SessionState& session,
+                                        std::string_view assignment) {
     const std::size_t equals = assignment.find('=');
     const std::string_view key = TrimBlanks(assignment.substr(0, equals));
     const std::string_view text = equals == std::string_view::npos ? "" : assignment.substr(equals + 1);

@@ -18,14 +18,16 @@ std::string CheckAssignment(const std::string& text) {
 void AddCalc(CLI::App& program, CalcRequest& request) {
     CLI::App* calc = program.add_subcommand("calc", "Evaluate a dataset and print the report");
     calc->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
-    calc->add_option("--set", request.assignments,
-                     "Set an option of the dataset, by its key in the file; also SwapXY, InvertXRanks, InvertYRanks")
+    calc->add_option(
+            "--set", request.assignments,
+            "Set an option of the dataset, by its key in the file; also SwapXY, InvertXRanks, InvertYRanks")
         ->type_name("KEY=VALUE")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->check(CheckAssignment);
     calc->add_flag("--all", request.all, "Tick every report section and plot (before --set)");
-    calc->add_option("--out", request.outFolder, "Save the results as results.txt in this folder")->type_name("DIR");
+    calc->add_option("--out", request.outFolder, "Save the results as results.txt in this folder")
+        ->type_name("DIR");
 }
 
 } // namespace

@@ -20,10 +20,10 @@ enum Column : int {
     LastColumn = ColumnExclude
 };
 
-/// The table of cells behind the grid, addressed (column, row), both from 1. For N data rows the row bound is N + 1:
-/// the row N + 1 is part of the table and never shown, walked or saved, but keeps its cells when the table shrinks
-/// by one row and grows again. A column takes memory up to its last filled row only, so rows that hold nothing
-/// cost nothing.
+/// The table of cells behind the grid, addressed (column, row), both from 1. For N data rows the row bound is
+/// N + 1: the row N + 1 is part of the table and never shown, walked or saved, but keeps its cells when the
+/// table shrinks by one row and grows again. A column takes memory up to its last filled row only, so rows
+/// that hold nothing cost nothing.
 class DataMatrix {
 public:
     /// The N of a fresh start.

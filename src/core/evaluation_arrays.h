@@ -20,7 +20,8 @@ struct EvaluationArrays {
 /// The SD of an ignored side: negligible, but not zero, since the weighted fit divides by it.
 inline constexpr double IgnoredSD = 1e-30;
 
-/// Whether a row takes part: its X is not empty and its Exclude cell begins neither with "Y" (in any case) nor "0".
+/// Whether a row takes part: its X is not empty and its Exclude cell begins neither with "Y" (in any case)
+/// nor "0".
 bool RowIsAnalysed(const DataMatrix& cells, std::int32_t row);
 
 /// Takes the analysed rows in their order. A cell that is no number, an empty Y among them, counts as 0.

@@ -8,16 +8,16 @@
 
 namespace corvane {
 
-/// A step of a run that could not be done: a division by zero, a root of a negative number, a count too large for
-/// its type, a field that cannot be formatted. A run skips the statement and goes on. Programming errors are not
-/// run failures and are never swallowed.
+/// A step of a run that could not be done: a division by zero, a root of a negative number, a count too large
+/// for its type, a field that cannot be formatted. A run skips the statement and goes on. Programming errors
+/// are not run failures and are never swallowed.
 class RunFailure : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Runs one statement's worth of work. A RunFailure inside abandons the rest of the work and nothing else; the
-/// result is then its reason. Work assigns its target last, so that a target keeps its old value.
+/// Runs one statement's worth of work. A RunFailure inside abandons the rest of the work and nothing else;
+/// the result is then its reason. Work assigns its target last, so that a target keeps its old value.
 template<class Work>
 std::optional<std::string> Statement(Work&& work) {
     try {

@@ -18,15 +18,15 @@ bool YEmpty(const DataMatrix& cells, std::int32_t row) {
     return IsEmpty(cells.At(ColumnY, row));
 }
 
-/// Where each row of the table comes from after closing up; 0 for an emptied row. `front` counts from row 1, `back`
-/// ends at the last row, and the rows between the two are empty.
+/// Where each row of the table comes from after closing up; 0 for an emptied row. `front` counts from row 1,
+/// `back` ends at the last row, and the rows between the two are empty.
 struct RowOrder {
     std::vector<std::int32_t> front, back;
 };
 
-/// A full row ends a gap: it and all rows behind it move up to the gap's mark, which is the last row with an empty X,
-/// or the first with an empty Y, of the gap. What the moved rows leave behind is emptied; a row of the gap that they
-/// are too few to cover stays where it is, at the table's end.
+/// A full row ends a gap: it and all rows behind it move up to the gap's mark, which is the last row with an
+/// empty X, or the first with an empty Y, of the gap. What the moved rows leave behind is emptied; a row of
+/// the gap that they are too few to cover stays where it is, at the table's end.
 RowOrder OrderAfterClosingUp(const DataMatrix& cells) {
     RowOrder order;
     std::vector<std::int32_t> gap; // from the mark on
@@ -40,9 +40,11 @@ RowOrder OrderAfterClosingUp(const DataMatrix& cells) {
         } else if (YEmpty(cells, row)) {
             gap.push_back(row);
         } else {
-            const std::size_t moved = static_cast<std::size_t>(cells.RowCount()) - order.front.size() - gap.size();
+            const std::size_t moved =
+                static_cast<std::size_t>(cells.RowCount()) - order.front.size() - gap.size();
             const std::size_t covered = std::min(gap.size(), moved);
-            order.back.insert(order.back.end(), gap.begin() + static_cast<std::ptrdiff_t>(covered), gap.end());
+            order.back.insert(order.back.end(), gap.begin() + static_cast<std::ptrdiff_t>(covered),
+                              gap.end());
             order.back.insert(order.back.end(), covered, 0);
             gap.clear();
             order.front.push_back(row);

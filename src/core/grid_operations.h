@@ -17,13 +17,13 @@ enum class RowCountResult { Applied, TooFew, TooLarge };
 /// TooFewRowsMessage; above what a 32-bit row number can count nothing changes either.
 RowCountResult ApplyRowCount(Dataset& dataset);
 
-/// What the grid shows of a cell: X and Y through GRID_FORMAT_XY, their SDs through GRID_FORMAT_SD, the others
-/// through "####", so that a zero rank shows as nothing. The table keeps the unformatted value.
+/// What the grid shows of a cell: X and Y through GRID_FORMAT_XY, their SDs through GRID_FORMAT_SD, the
+/// others through "####", so that a zero rank shows as nothing. The table keeps the unformatted value.
 std::string MatrixTOGrid(const Dataset& dataset, std::int32_t row, int column);
 
-/// Closes up rows whose X or Y is empty and cuts the table at the first that is left. Of several empty rows in a run
-/// only the last is closed up, so the cut falls at the first of them and what stands behind is lost: the question at
-/// saving is the user's warning.
+/// Closes up rows whose X or Y is empty and cuts the table at the first that is left. Of several empty rows
+/// in a run only the last is closed up, so the cut falls at the first of them and what stands behind is lost:
+/// the question at saving is the user's warning.
 RowCountResult RemoveEmptyRows(Dataset& dataset);
 
 /// Exchanges X with Y, their SDs and their ranks in every data row.

@@ -64,7 +64,8 @@ void LimitChanged(Options& options, SessionState& session, const LimitBox& chang
 
 } // namespace
 
-ChangeResult ChangeOption(Dataset& dataset, SessionState& session, const OptionRow& row, const OptionValue& value) {
+ChangeResult ChangeOption(Dataset& dataset, SessionState& session, const OptionRow& row,
+                          const OptionValue& value) {
     Options& options = dataset.options;
     const auto is = [&](OptionRow::Member member) { return row.member == member; };
     const OptionValue before = GetOption(options, row);
@@ -94,7 +95,8 @@ ChangeResult ChangeOption(Dataset& dataset, SessionState& session, const OptionR
     return ChangeResult::Done;
 }
 
-ChangeResult TypeOption(Dataset& dataset, SessionState& session, const OptionRow& row, const OptionValue& value) {
+ChangeResult TypeOption(Dataset& dataset, SessionState& session, const OptionRow& row,
+                        const OptionValue& value) {
     const ChangeResult result = ChangeOption(dataset, session, row, value);
     if (row.member == OptionRow::Member{&Options::HIST_BINS} && LeadingNumber(dataset.options.HIST_BINS) < 3)
         dataset.options.HIST_BINS = "3";

@@ -24,7 +24,8 @@ enum class OptionGroup { None, Method, HistogramLayout, HistogramStyle, GraphFor
 /// A gate lets a report section or plot run.
 enum class OptionRole { Setting, Gate };
 
-/// One option: everything that the file, the command line, the window and the documentation need to know of it.
+/// One option: everything that the file, the command line, the window and the documentation need to know of
+/// it.
 struct OptionRow {
     using Member = std::variant<std::int16_t AnalysisOptions::*, bool AnalysisOptions::*,
                                 std::string AnalysisOptions::*, float AnalysisOptions::*>;
@@ -56,8 +57,8 @@ OptionValue GetOption(const AnalysisOptions& options, const OptionRow& row);
 /// Puts a value of the row's form into its member and does nothing else.
 void PutOption(AnalysisOptions& options, const OptionRow& row, const OptionValue& value);
 
-/// The value that a text stands for in a row's form: a tick box takes what converts to 0, 1 or 2, a true/false
-/// option "True", "False" or a number, a text one line. Nothing where the text does not convert.
+/// The value that a text stands for in a row's form: a tick box takes what converts to 0, 1 or 2, a
+/// true/false option "True", "False" or a number, a text one line. Nothing where the text does not convert.
 std::optional<OptionValue> ReadOptionValue(const OptionRow& row, std::string_view text);
 
 /// What a form takes, in words for the user.

@@ -12,8 +12,8 @@ ReportField Formatted(const Field& field) {
     Field copy = field;
     if (auto text = FormatField(copy))
         return {field, {}, std::move(*text)};
-    throw RunFailure(CellText(field.value) + " does not fit a field of width " + std::to_string(field.width) + " with " +
-                     std::to_string(field.decimals) + " decimals");
+    throw RunFailure(CellText(field.value) + " does not fit a field of width " + std::to_string(field.width) +
+                     " with " + std::to_string(field.decimals) + " decimals");
 }
 
 } // namespace

@@ -52,15 +52,16 @@ struct ReportLine {
     std::string Text() const;
 };
 
-/// A titled stretch of the report. The frame belongs to the rendering: two line ends (none before the first titled
-/// section), the title, and "=" to the title's length.
+/// A titled stretch of the report. The frame belongs to the rendering: two line ends (none before the first
+/// titled section), the title, and "=" to the title's length.
 struct ReportSection {
     std::string id;    ///< Machine name.
     std::string title; ///< Empty for the text before the first section.
     std::vector<ReportLine> lines;
     std::vector<std::string> failures; ///< Why statements of this section were abandoned.
 
-    /// Appends a line that is complete: its pieces were formatted before the call, so a failure leaves nothing.
+    /// Appends a line that is complete: its pieces were formatted before the call, so a failure leaves
+    /// nothing.
     template<class... Pieces>
     void Line(Pieces&&... pieces) {
         Append(true, std::forward<Pieces>(pieces)...);

@@ -18,8 +18,8 @@
 
 namespace corvane {
 
-/// What one Calculate carries from section to section. The values keep the names that the report's text uses; those
-/// that the chosen method does not compute stay 0.
+/// What one Calculate carries from section to section. The values keep the names that the report's text uses;
+/// those that the chosen method does not compute stay 0.
 struct RunState {
     Dataset& dataset;
     SessionState& session;

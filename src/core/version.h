@@ -10,7 +10,8 @@ inline constexpr int VersionRevision = CORVANE_VERSION_PATCH;
 
 /// "4.0.0".
 inline std::string VersionText() {
-    return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
+    return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." +
+           std::to_string(VersionRevision);
 }
 
 } // namespace corvane

@@ -17,7 +17,8 @@ constexpr std::size_t fewestRows = 3;
 /// Whether the weighted fit would divide by an SD of 0.
 bool SomeWeightMissing(const EvaluationArrays& arrays, const AnalysisOptions& options) {
     for (std::size_t i = 0; i < arrays.Count(); ++i)
-        if ((arrays.SDX[i] == 0 && options.UNCERTAINTY_X == 0) || (arrays.SDY[i] == 0 && options.UNCERTAINTY_Y == 0))
+        if ((arrays.SDX[i] == 0 && options.UNCERTAINTY_X == 0) ||
+            (arrays.SDY[i] == 0 && options.UNCERTAINTY_Y == 0))
             return true;
     return false;
 }
@@ -29,9 +30,11 @@ void CorrectMethod(RunState& run, Dialogs& dialogs) {
         ChangeOption(run.dataset, run.session, OptionOf(&AnalysisOptions::LSM), true);
     };
     if (IsSet(options.UNCERTAINTY_X) && IsSet(options.UNCERTAINTY_Y) && options.WLSM)
-        useRegular("Because both uncertainties are being ignored, the Regular Least-Squares Regression will be used");
+        useRegular("Because both uncertainties are being ignored, the Regular Least-Squares Regression will "
+                   "be used");
     if (options.WLSM && SomeWeightMissing(run.arrays, options))
-        useRegular("Because at least one SD X or SD Y is zero, the Regular Least-Squares Regression will be used");
+        useRegular(
+            "Because at least one SD X or SD Y is zero, the Regular Least-Squares Regression will be used");
 }
 
 /// The confidence of the deviation sections: per cent or a fraction; 0 or nothing means 0.95.

@@ -33,9 +33,9 @@ struct RunResult {
 inline constexpr const char* IdenticalValuesMessage = "X and Y values are identical. Computation halted!";
 inline constexpr const char* NoMethodMessage = "No option for regression is selected";
 
-/// The Calculate action: selects the rows, corrects the regression method where the uncertainties do not allow the
-/// weighted one (which changes the option itself), fits, and writes every section whose gate is set. Messages go to
-/// the dialogs, all before there is a report.
+/// The Calculate action: selects the rows, corrects the regression method where the uncertainties do not
+/// allow the weighted one (which changes the option itself), fits, and writes every section whose gate is
+/// set. Messages go to the dialogs, all before there is a report.
 RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& services);
 
 } // namespace corvane

@@ -15,7 +15,11 @@ std::string HeaderLine(std::string_view fileName, const ClockTime& time) {
         line.append(" [...").append(LastCharacters(fileName, kept)).append("] ");
     } else {
         const std::size_t side = length == 0 ? untitledBlanks : (width - length) / 2;
-        line.append(side, ' ').append("[").append(length == 0 ? "UNTITLED" : fileName).append("]").append(side, ' ');
+        line.append(side, ' ')
+            .append("[")
+            .append(length == 0 ? "UNTITLED" : fileName)
+            .append("]")
+            .append(side, ' ');
     }
     const CalendarTime date{time.year, time.month, time.day, time.hour, time.minute, time.second};
     return line + FormatPicture(date, "dd-mmm-yyyy hh:mm:ss");

@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-/// One section of the report: the tick box that lets it run, the text of the progress line while it runs, and what
-/// writes it.
+/// One section of the report: the tick box that lets it run, the text of the progress line while it runs, and
+/// what writes it.
 struct CatalogEntry {
     std::int16_t AnalysisOptions::*gate; ///< Null: the section always runs.
     const char* progress;                ///< Null: the last text stays.

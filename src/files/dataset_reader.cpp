@@ -51,8 +51,8 @@ std::optional<Stop> CheckVersion(TextReader& reader) {
 }
 
 /// Reads option lines up to and with the "DATA" line.
-std::optional<Stop> ReadOptions(TextReader& reader, Dataset& dataset, SessionState& session, LoadOutcome& outcome,
-                                bool& dataSeen) {
+std::optional<Stop> ReadOptions(TextReader& reader, Dataset& dataset, SessionState& session,
+                                LoadOutcome& outcome, bool& dataSeen) {
     for (;;) {
         const std::size_t at = reader.LineNumber();
         const auto line = reader.ReadLine();
@@ -69,13 +69,15 @@ std::optional<Stop> ReadOptions(TextReader& reader, Dataset& dataset, SessionSta
         const auto value = ReadOptionValue(*row, code.value);
         if (!value)
             return Stop{LoadState::Partial, at,
-                        std::string(row->key) + " is " + Quoted(code.value) + ", not " + std::string(ValuesTaken(row->Form()))};
+                        std::string(row->key) + " is " + Quoted(code.value) + ", not " +
+                            std::string(ValuesTaken(row->Form()))};
         switch (ChangeOption(dataset, session, *row, *value)) {
         case ChangeResult::TooFewRows:
             outcome.messages.emplace_back(TooFewRowsMessage);
             break;
         case ChangeResult::TooManyRows:
-            return Stop{LoadState::Partial, at, "N is " + Quoted(code.value) + ", more rows than can be counted"};
+            return Stop{LoadState::Partial, at,
+                        "N is " + Quoted(code.value) + ", more rows than can be counted"};
         case ChangeResult::Done:
             break;
         }
@@ -92,8 +94,8 @@ std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset) {
             const auto field = reader.ReadField();
             if (!field)
                 return Stop{LoadState::Partial, reader.LineNumber(),
-                            "the file ends in row " + std::to_string(row) + " of the " + std::to_string(rows) +
-                                " that N announces"};
+                            "the file ends in row " + std::to_string(row) + " of the " +
+                                std::to_string(rows) + " that N announces"};
             if (!field->empty())
                 dataset.cells.Set(column, row, std::string(*field));
         }
@@ -114,7 +116,8 @@ void ReadNotes(TextReader& reader, std::string& notes) {
         notes.resize(notes.size() - 2);
 }
 
-std::optional<Stop> ReadBody(TextReader& reader, Dataset& dataset, SessionState& session, LoadOutcome& outcome) {
+std::optional<Stop> ReadBody(TextReader& reader, Dataset& dataset, SessionState& session,
+                             LoadOutcome& outcome) {
     bool dataSeen = false;
     if (auto stop = ReadOptions(reader, dataset, session, outcome, dataSeen))
         return stop;
@@ -150,7 +153,8 @@ CodeValue GetCodeValue(std::string_view line) {
     return result;
 }
 
-LoadOutcome LoadFile(const std::string& path, Dataset& dataset, SessionState& session, const FileStore& files) {
+LoadOutcome LoadFile(const std::string& path, Dataset& dataset, SessionState& session,
+                     const FileStore& files) {
     LoadOutcome outcome;
     outcome.file = path;
     const auto stopAt = [&](Stop stop) {

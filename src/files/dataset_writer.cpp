@@ -30,7 +30,8 @@ void AskForEmptyRows(Dataset& dataset, Dialogs& dialogs) {
     for (std::int32_t row = 1; row <= dataset.cells.RowCount(); ++row) {
         if (!IsEmpty(dataset.cells.At(ColumnX, row)) && !IsEmpty(dataset.cells.At(ColumnY, row)))
             continue;
-        if (dialogs.AskYesNo("Empty rows were found in the dataset. Do you want to remove them?", "", false) &&
+        if (dialogs.AskYesNo("Empty rows were found in the dataset. Do you want to remove them?", "",
+                             false) &&
             RemoveEmptyRows(dataset) == RowCountResult::TooFew)
             dialogs.ShowMessage(MessageStyle::Information, TooFewRowsMessage, "");
         return;
@@ -44,7 +45,10 @@ std::string DatasetFileText(const Dataset& dataset) {
                        std::to_string(VersionRevision) + lineEnd;
     for (const OptionRow& row : OptionTable())
         if (row.storage != Storage::NotInFile)
-            text.append(row.key).append("=").append(OptionText(GetOption(dataset.options, row))).append(lineEnd);
+            text.append(row.key)
+                .append("=")
+                .append(OptionText(GetOption(dataset.options, row)))
+                .append(lineEnd);
     text.append("DATA:").append(lineEnd);
     for (std::int32_t row = 1; row <= dataset.cells.RowCount(); ++row)
         for (int column = ColumnX; column <= LastColumn; ++column) {

@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-/// Reads the text of a file in one pass, by lines or by comma-separated fields. Lines end with CR LF, LF or CR.
-/// The text must outlive the reader.
+/// Reads the text of a file in one pass, by lines or by comma-separated fields. Lines end with CR LF, LF or
+/// CR. The text must outlive the reader.
 class TextReader {
 public:
     explicit TextReader(std::string_view fileText) : text(fileText) {}
@@ -21,9 +21,9 @@ public:
     /// The next line without its end; nothing at the end of the file.
     std::optional<std::string_view> ReadLine();
 
-    /// The next field of a comma-and-quote record, which runs on over line ends: blanks before it are dropped; a
-    /// quoted field ends at its closing quote and a doubled quote in it stands for one; any other ends at a comma or
-    /// line end, without the blanks before that. Nothing at the end of the file.
+    /// The next field of a comma-and-quote record, which runs on over line ends: blanks before it are
+    /// dropped; a quoted field ends at its closing quote and a doubled quote in it stands for one; any other
+    /// ends at a comma or line end, without the blanks before that. Nothing at the end of the file.
     std::optional<std::string_view> ReadField();
 
 private:

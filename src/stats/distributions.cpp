@@ -174,6 +174,8 @@ double InverseT(double P, double DF, int, bool) {
         return InverseNormal(P);
     if (P == 0.5)
         return 0.0;
+    if (DF < 1e-100) // next to nothing is left inside any bound
+        return std::copysign(Largest, P - 0.5);
     const double outside = 2.0 * std::min(P, 1.0 - P);
     return std::copysign(TwoSidedQuantileT(1.0 - outside, outside, DF), P - 0.5);
 }

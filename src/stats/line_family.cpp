@@ -14,7 +14,7 @@ std::array<double, 6> Slopes(double b1, double b2) {
     const double sign = std::signbit(b2) ? -1.0 : 1.0;
     // Bisector: the sum of the unit vectors along both lines.
     const double h1 = std::hypot(1.0, b1), h2 = std::hypot(1.0, b2);
-    const double bisector = (b1 / h1 + b2 / h2) / (1.0 / h1 + 1.0 / h2);
+    const double bisector = Finite((b1 / h1 + b2 / h2) / (1.0 / h1 + 1.0 / h2));
     // Orthogonal: the root of b^2 - d b - 1 = 0 with the sign of the slopes, d = b2 - 1/b1. Where the lines
     // are uncorrelated its limit is flat or vertical.
     double orthogonal = 0.0;

@@ -135,8 +135,9 @@ std::vector<Node> Nodes(const Points& points) {
     constexpr double fewest = 1.6, most = 256.0;
     const double factor = std::max(fewest, std::exp(std::log(highest / lowest) / most));
     std::vector<double> slopes = {1.0 / 16, 1.0 / 8, 0.25, 0.5, 1.0, 2.0, 4.0, 8.0, 16.0};
-    for (double slope = lowest; slope < highest * factor; slope *= factor)
-        slopes.push_back(slope);
+    const auto steps = static_cast<int>(std::ceil(std::log(highest / lowest) / std::log(factor)));
+    for (int step = 0; step <= steps; ++step)
+        slopes.push_back(lowest * std::pow(factor, step));
     std::sort(slopes.begin(), slopes.end());
 
     std::vector<Node> nodes = {{Chart::Flat, 0.0}};

@@ -107,9 +107,9 @@ Cell AbsoluteDeviations::At(double b) {
                 continue;
             }
         }
-        cell.Above[i] = r[i] > cell.MedianLow;
-        (cell.Above[i] ? above : below).Add(x[i]);
-        ++(cell.Above[i] ? countAbove : countBelow);
+        cell.Above[i] = r[i] > cell.MedianLow ? 1 : 0;
+        (cell.Above[i] != 0 ? above : below).Add(x[i]);
+        ++(cell.Above[i] != 0 ? countAbove : countBelow);
     }
     // To either side of b half of all points are above the line. Those on it part by x: just right of b the
     // ones of small x are above, just left of it the ones of large x; of an odd number the middle one stays
@@ -161,9 +161,9 @@ std::optional<double> AbsoluteDeviations::EndOfCell(const Partition& partition, 
         std::optional<std::size_t> lowest, highest;
         for (std::size_t i = 0; i < x.size(); ++i) {
             const bool pivot = partition.Pivot == i;
-            if ((partition.Above[i] || pivot) && (!lowest || height(i) < height(*lowest)))
+            if ((partition.Above[i] != 0 || pivot) && (!lowest || height(i) < height(*lowest)))
                 lowest = i;
-            if ((!partition.Above[i] || pivot) && (!highest || height(i) > height(*highest)))
+            if ((partition.Above[i] == 0 || pivot) && (!highest || height(i) > height(*highest)))
                 highest = i;
         }
         return std::pair(*lowest, *highest);
@@ -198,6 +198,7 @@ double MiddleDouble(double low, double high) {
 Cell AbsoluteDeviations::Search(double start, double step) {
     std::optional<Cell> low, high; // g falls right of low and rises left of high
     double weightLow = 1.0, weightHigh = 1.0, width = 0.0, growth = 4.0;
+    bool walked = false;
     double b = start;
     for (int round = 0;; ++round) {
         Cell cell = At(b);
@@ -211,9 +212,11 @@ Cell AbsoluteDeviations::Search(double start, double step) {
         (falls ? low : high) = std::move(cell);
         const double lowSlope = low ? -low->SlopeRight : 0.0, highSlope = high ? high->SlopeLeft : 0.0;
 
-        // A few points off the optimum, or on a piece of g that has been met before: to its end.
+        // Where g has been met on this very piece before, or is nearly flat: every second time to the next
+        // break.
         const bool fromLow = samePiece ? falls : !high || (low && lowSlope < highSlope);
-        if (samePiece || (round % 2 == 0 && (fromLow ? lowSlope : highSlope) <= 32.0 * largestX)) {
+        walked = !walked && (samePiece || (fromLow ? lowSlope : highSlope) <= 4.0 * largestX);
+        if (walked) {
             const Way way = fromLow ? Way::Right : Way::Left;
             const std::optional<Cell>& other = fromLow ? high : low;
             const std::optional<double> end = EndOfCell(Beside(fromLow ? *low : *high, way), way,

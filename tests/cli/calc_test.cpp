@@ -11,7 +11,9 @@ using testing::Ran;
 class Calc : public ::testing::Test {
 protected:
     Ran Run(const std::string& command) const { return folder.Run(command); }
-    static bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+    static bool Has(const std::string& text, const std::string& part) {
+        return text.find(part) != std::string::npos;
+    }
 
     /// Expects failure with one line on standard error that holds `part`, and nothing on standard output.
     void ExpectRefused(const std::string& command, int exit, const std::string& part) {
@@ -77,8 +79,8 @@ TEST_F(Calc, RefusesWithOneClearLine) {
 }
 
 TEST_F(Calc, WrongUsageExitsWithTwo) {
-    for (const char* arguments : {"calc", "calc a b", "calc --set", "calc d.KOV --set OLS_SLS", "calc d.KOV --what",
-                                  "calc d.KOV --set =1"})
+    for (const char* arguments : {"calc", "calc a b", "calc --set", "calc d.KOV --set OLS_SLS",
+                                  "calc d.KOV --what", "calc d.KOV --set =1"})
         ExpectRefused(std::string("$corvane ") + arguments, 2, "");
     EXPECT_EQ(Run("$corvane --version").out, "corvane 4.0.0\n");
     EXPECT_EQ(Run("$corvane --help").exit, 0);

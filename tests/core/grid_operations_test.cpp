@@ -22,7 +22,8 @@ Dataset WithRows(const std::vector<std::pair<const char*, const char*>>& rows) {
 std::string Marks(const Dataset& dataset) {
     std::string marks;
     for (std::int32_t row = 1; row <= dataset.cells.RowCount(); ++row)
-        marks += CellText(dataset.cells.At(ColumnExclude, row)) + CellText(dataset.cells.At(ColumnX, row)) + "|";
+        marks +=
+            CellText(dataset.cells.At(ColumnExclude, row)) + CellText(dataset.cells.At(ColumnX, row)) + "|";
     return marks + dataset.options.N;
 }
 
@@ -75,8 +76,15 @@ TEST(GridOperations, ASingleGapClosesUpAndALongerOneCutsTheTable) {
     EXPECT_EQ(single.options.N, "3");
     EXPECT_EQ(CellText(single.cells.At(ColumnX, 2)), "3");
 
-    Dataset longer = WithRows({{"1", "1"}, {"2", "2"}, {"3", "3"}, {"", ""}, {"", ""},
-                               {"6", "6"}, {"7", "7"}, {"8", "8"}, {"9", "9"}});
+    Dataset longer = WithRows({{"1", "1"},
+                               {"2", "2"},
+                               {"3", "3"},
+                               {"", ""},
+                               {"", ""},
+                               {"6", "6"},
+                               {"7", "7"},
+                               {"8", "8"},
+                               {"9", "9"}});
     RemoveEmptyRows(longer);
     EXPECT_EQ(longer.cells.RowCount(), 3);
 }

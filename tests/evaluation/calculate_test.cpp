@@ -117,7 +117,8 @@ TEST_F(CalculateRun, TwoReferencesRunStraightOn) {
     EXPECT_TRUE(Has(result, "Computational Statistics. 1:411-428.Davis, C. S."));
     EXPECT_TRUE(Has(result, "Association. 88:1273-1283.Shapiro, S. S."));
     EXPECT_TRUE(Has(result, "\r\n\r\n\r\nREFERENCES\r\n==========\r\nAgresti, A. 1996."));
-    EXPECT_TRUE(result.report.Text().ends_with("(American Society of Agricultural Engineers). 39:47-54.\r\n"));
+    EXPECT_TRUE(
+        result.report.Text().ends_with("(American Society of Agricultural Engineers). 39:47-54.\r\n"));
 }
 
 TEST_F(CalculateRun, TheDeviationConfidenceIsPerCentOrAFraction) {

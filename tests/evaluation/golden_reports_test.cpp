@@ -36,12 +36,14 @@ std::string ReportOf(const std::string& example, Settings settings) {
 }
 
 TEST(GoldenReports, RegularLeastSquares) {
-    testing::ExpectGolden("mtcars.txt", ReportOf("mtcars.KOV", {{&Options::SHOW_LITERATURE, std::int16_t{1}}}));
+    testing::ExpectGolden("mtcars.txt",
+                          ReportOf("mtcars.KOV", {{&Options::SHOW_LITERATURE, std::int16_t{1}}}));
 }
 
 TEST(GoldenReports, SwappedWithoutComments) {
-    testing::ExpectGolden("mtcars_swapped.txt", ReportOf("mtcars.KOV", {{&Options::SwapXY, std::int16_t{1}},
-                                                                        {&Options::ADD_COMMENT, std::int16_t{0}}}));
+    testing::ExpectGolden("mtcars_swapped.txt",
+                          ReportOf("mtcars.KOV", {{&Options::SwapXY, std::int16_t{1}},
+                                                  {&Options::ADD_COMMENT, std::int16_t{0}}}));
 }
 
 TEST(GoldenReports, ErrorsInBothVariables) {
@@ -59,8 +61,9 @@ TEST(GoldenReports, LeastAbsoluteDeviations) {
 
 TEST(GoldenReports, ConstantY) {
     testing::MemoryFiles files;
-    files.files["/data/constant.KOV"] = "4,0,0\nOLS_SLS= 1\nN=6\nDATA:\n1,,3.5,,,,\n2.5,,3.5,,,,\n3,,3.5,,,,\n"
-                                        "4,,3.5,,,,\n6.5,,3.5,,,,\n7,,3.5,,,,\n";
+    files.files["/data/constant.KOV"] =
+        "4,0,0\nOLS_SLS= 1\nN=6\nDATA:\n1,,3.5,,,,\n2.5,,3.5,,,,\n3,,3.5,,,,\n"
+        "4,,3.5,,,,\n6.5,,3.5,,,,\n7,,3.5,,,,\n";
     Dataset dataset;
     SessionState session;
     ASSERT_TRUE(LoadFile("/data/constant.KOV", dataset, session, files).Complete());

@@ -11,8 +11,8 @@ namespace {
 const ClockTime time = testing::FixedClock().Now();
 
 TEST(ReportHeader, CentresAShortName) {
-    EXPECT_EQ(HeaderLine("d.KOV", time),
-              "KOV v. 4.0.0" + std::string(37, ' ') + "[d.KOV]" + std::string(37, ' ') + "09-Mar-2026 07:05:04");
+    EXPECT_EQ(HeaderLine("d.KOV", time), "KOV v. 4.0.0" + std::string(37, ' ') + "[d.KOV]" +
+                                             std::string(37, ' ') + "09-Mar-2026 07:05:04");
     const std::string of77 = Repeat("é", 77);
     EXPECT_EQ(HeaderLine(of77, time), "KOV v. 4.0.0 [" + of77 + "] 09-Mar-2026 07:05:04");
 }
@@ -25,8 +25,8 @@ TEST(ReportHeader, CutsALongNameByCharacters) {
 }
 
 TEST(ReportHeader, AnUnnamedDatasetIsUntitled) {
-    EXPECT_EQ(HeaderLine("", time), "KOV v. 4.0.0" + std::string(36, ' ') + "[UNTITLED]" + std::string(36, ' ') +
-                                        "09-Mar-2026 07:05:04");
+    EXPECT_EQ(HeaderLine("", time), "KOV v. 4.0.0" + std::string(36, ' ') + "[UNTITLED]" +
+                                        std::string(36, ' ') + "09-Mar-2026 07:05:04");
 }
 
 } // namespace

@@ -42,9 +42,10 @@ TEST(GetCodeValue, TheLastDelimiterDecidesAndOneQuoteOrNumberSignGoesAtEachEnd) 
 }
 
 TEST(LoadFile, TakesKeysInAnyCaseAndOrderWithAnyLineEnd) {
-    const Loaded it = Load("2,9,9\nn=3\rols_sls= 2\r\nUNKNOWN=1\nWLSM=True\nR_GRAPHPNG=True\nhist_pie=True\n"
-                           "GRID_FORMAT_XY=##.#000\nTRESHOLD_XY=a:b\nData:\n1,2,3,4,,,\n\"5,5\",,\"6\"\"\",,,,Y\n"
-                           "7,,8,,,,\nignored\nNotes:\none\n\ntwo\n");
+    const Loaded it =
+        Load("2,9,9\nn=3\rols_sls= 2\r\nUNKNOWN=1\nWLSM=True\nR_GRAPHPNG=True\nhist_pie=True\n"
+             "GRID_FORMAT_XY=##.#000\nTRESHOLD_XY=a:b\nData:\n1,2,3,4,,,\n\"5,5\",,\"6\"\"\",,,,Y\n"
+             "7,,8,,,,\nignored\nNotes:\none\n\ntwo\n");
     ASSERT_TRUE(it.outcome.Complete()) << it.outcome.Error();
     EXPECT_EQ(it.dataset.options.OLS_SLS, 2);
     EXPECT_TRUE(it.dataset.options.WLSM);
@@ -63,7 +64,8 @@ TEST(LoadFile, TakesKeysInAnyCaseAndOrderWithAnyLineEnd) {
 }
 
 TEST(LoadFile, ThreeKeysAreNeverMatched) {
-    const Loaded it = Load("4,0,0\nPLOT_YX= 0\nNoSound= 1\nNOSOUND= 1\nSAVE_RESIDUE_TEXT= 1\nSHOW_EXCLUDED= 1\n");
+    const Loaded it =
+        Load("4,0,0\nPLOT_YX= 0\nNoSound= 1\nNOSOUND= 1\nSAVE_RESIDUE_TEXT= 1\nSHOW_EXCLUDED= 1\n");
     ASSERT_TRUE(it.outcome.Complete());
     EXPECT_EQ(it.dataset.options.PLOT_YX, 1);
     EXPECT_EQ(it.dataset.options.NoSound, 0);
@@ -90,15 +92,20 @@ TEST(LoadFile, ExplicitDeviationLimitsStandOnlyBesideAProbabilityOfZero) {
 
 TEST(LoadFile, ARefusedFileLeavesTheDatasetOnScreen) {
     MemoryFiles files;
-    files.files = {{"old", "1,0,0\nOLS_SLS= 1\n"}, {"text", "Dear reader,\n"}, {"empty", ""}, {"half", "4,0\n"},
-                   {"picture", std::string("\x89PNG\r\n\x1A\n\0\0", 10)}, {"later", "9,0,0\nOLS_SLS= 1\n"}};
+    files.files = {{"old", "1,0,0\nOLS_SLS= 1\n"},
+                   {"text", "Dear reader,\n"},
+                   {"empty", ""},
+                   {"half", "4,0\n"},
+                   {"picture", std::string("\x89PNG\r\n\x1A\n\0\0", 10)},
+                   {"later", "9,0,0\nOLS_SLS= 1\n"}};
     Dataset dataset;
     SessionState session;
     session.CurrentDatasetName = "before";
     dataset.cells.Set(ColumnX, 1, std::string("1"));
     for (const char* name : {"old", "text", "empty", "half", "picture", "missing"}) {
         const LoadOutcome outcome = LoadFile(name, dataset, session, files);
-        EXPECT_EQ(outcome.state, std::string(name) == "old" ? LoadState::OldVersion : LoadState::Refused) << name;
+        EXPECT_EQ(outcome.state, std::string(name) == "old" ? LoadState::OldVersion : LoadState::Refused)
+            << name;
         EXPECT_FALSE(outcome.reason.empty());
         EXPECT_EQ(dataset.options.OLS_SLS, 0) << name;
         EXPECT_EQ(dataset.cells.LastFilledRow(), 1) << name;
@@ -137,8 +144,8 @@ TEST(LoadFile, BadInputNeitherHangsNorTakesMemory) {
     EXPECT_EQ(nul.outcome.state, LoadState::Partial);
     EXPECT_EQ(nul.X(1), std::string("1\0", 2));
 
-    const Loaded line = Load("4,0,0\nTRESHOLD_XY=" + std::string(30'000'000, 'x') + "\nN=" +
-                             std::string(1'000'000, '1') + "\n");
+    const Loaded line = Load("4,0,0\nTRESHOLD_XY=" + std::string(30'000'000, 'x') +
+                             "\nN=" + std::string(1'000'000, '1') + "\n");
     EXPECT_EQ(line.dataset.options.TRESHOLD_XY.size(), 30'000'000U);
     EXPECT_LT(line.outcome.Error().size(), 200U);
 }

@@ -82,7 +82,8 @@ TEST(SaveFile, NotesKeepTheirLineEndsOverManySavesAndDoNotGrow) {
 }
 
 TEST(SaveFile, NothingTypedIsLostWhateverItsCharacters) {
-    for (const char* text : {"r² ± 5 µm", "χ² ≥ 1", "Ã©", "say \"so\"", "two\r\nlines", ", ", "\xC2\x81", "€uro"}) {
+    for (const char* text :
+         {"r² ± 5 µm", "χ² ≥ 1", "Ã©", "say \"so\"", "two\r\nlines", ", ", "\xC2\x81", "€uro"}) {
         Dataset dataset;
         dataset.notes = text;
         dataset.cells.Set(ColumnExclude, 1, std::string(text));

@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstdio>
-#include <limits>
+#include <cstdlib>
 #include <random>
 
 namespace corvane {
@@ -72,88 +73,75 @@ TEST(FormatPicture, ShowsDatesAndTimes) {
 
 // The second way to the same text, over decimal digits only: what the C library prints with 15 of them,
 // rounded by hand at a digit.
-std::string RoundedByHand(double magnitude, int decimals) {
+std::string RoundedByHand(double magnitude, std::size_t decimals) {
     std::array<char, 40> text{};
     std::snprintf(text.data(), text.size(), "%.14e", magnitude);
-    std::string digits = std::string(1, text[0]) + std::string(text.data() + 2, 14);
-    int point = std::atoi(text.data() + 17) + 1;
-    while (point < 1) {
-        digits.insert(0, 1, '0');
-        ++point;
-    }
-    const auto kept = static_cast<std::size_t>(point + decimals);
+    const int exponent = std::atoi(text.data() + 17);
+    // One zero in front for the carry, and below 1 those up to the first digit.
+    std::string digits(static_cast<std::size_t>(1 - std::min(exponent, 0)), '0');
+    digits.append(1, text[0]).append(text.data() + 2, 14);
+    const auto point = static_cast<std::size_t>(std::max(exponent, 0) + 2);
+    const std::size_t kept = point + decimals;
     digits.resize(std::max(digits.size(), kept + 1), '0');
-    const bool up = digits[kept] >= '5';
-    digits.resize(kept);
-    if (up) {
-        std::size_t i = kept;
-        while (i > 0 && digits[i - 1] == '9') {
-            digits[--i] = '0';
+    if (digits[kept] >= '5') {
+        std::size_t i = kept - 1;
+        for (; digits[i] == '9'; --i) {
+            digits[i] = '0';
         }
-        if (i > 0) {
-            ++digits[i - 1];
-        } else {
-            digits.insert(0, 1, '1');
-            ++point;
-        }
+        ++digits[i];
     }
-    return digits.insert(static_cast<std::size_t>(point), 1, '.');
+    digits.resize(kept);
+    return digits.insert(point, 1, '.').substr(digits[0] == '0' ? 1 : 0);
 }
 
 class Rounding : public testing::Test {
 protected:
-    void Check(double value, int decimals) {
-        value = std::abs(value);
-        if (!std::isfinite(value)) {
+    void Check(double value, std::size_t decimals) {
+        if (!std::isfinite(value) || HasFatalFailure()) {
             return;
         }
         ++checked;
-        const std::string picture = "0." + std::string(static_cast<std::size_t>(decimals), '0');
-        ASSERT_EQ(Shown(value, picture), RoundedByHand(value, decimals)) << std::hexfloat << value;
+        ASSERT_EQ(Shown(std::abs(value), "0." + std::string(decimals, '0')),
+                  RoundedByHand(std::abs(value), decimals))
+            << std::hexfloat << value;
     }
-    // A number and its nearest neighbours, also those a 15-digit decimal away from being a tie.
-    void CheckAround(double value, int decimals) {
-        for (const double step : {0.0, 4.8e-15, 5e-15, 5.2e-15, 6e-15, 1e-14}) {
-            for (const double base : {value * (1 - step), value * (1 + step)}) {
-                Check(base, decimals);
-                Check(std::nextafter(base, 0), decimals);
-                Check(std::nextafter(base, HUGE_VAL), decimals);
-            }
+    // A number, others half a unit of the 15th digit away, and the neighbours of all of these.
+    void CheckAround(double value, std::size_t decimals) {
+        for (const double step : {0.0, 4.8e-15, 5e-15, 5.2e-15, 6e-15, -4.8e-15, -5e-15, -5.2e-15, -6e-15}) {
+            const double base = value * (1 + step);
+            Check(base, decimals);
+            Check(std::nextafter(base, 0), decimals);
+            Check(std::nextafter(base, HUGE_VAL), decimals);
         }
     }
-    std::uint64_t Below(std::uint64_t limit) { return random() % limit; }
+    std::size_t Below(std::uint64_t limit) { return random() % limit; }
+    double Whole() { return static_cast<double>(Below(1ULL << Below(50))); }
 
     std::mt19937_64 random{20240229};
     int checked = 0;
 };
 
 TEST_F(Rounding, EveryDoubleRoundsAsItsDigitsDo) {
-    for (int i = 0; i < 300000 && !HasFatalFailure(); ++i) {
-        const int decimals = static_cast<int>(Below(12));
+    for (int i = 0; i < 300000; ++i) {
+        const std::size_t decimals = Below(12);
         const double power = std::pow(10.0, decimals);
-        Check(std::bit_cast<double>(random()), static_cast<int>(Below(30)));
-        Check(std::ldexp(static_cast<double>(random()), -static_cast<int>(Below(90))), decimals);
-        Check(static_cast<double>(Below(1000000000)) / std::pow(10.0, static_cast<double>(Below(12))),
-              decimals);
-        Check((static_cast<double>(Below(1ULL << Below(50))) + 0.5) / power, decimals);
+        Check(std::bit_cast<double>(random()), Below(30));
+        Check(Whole() / std::pow(10.0, Below(12)), decimals);
+        Check((Whole() + 0.5) / power, decimals);
+        // Exact binary fractions, ties among them, and some that tie at the 15th digit.
+        Check(std::ldexp(Whole(), -static_cast<int>(Below(53))), Below(6));
+        Check(Whole() + 0.125 * static_cast<double>(Below(8)), Below(4));
     }
-    for (int i = 0; i < 25000 && !HasFatalFailure(); ++i) {
-        const int decimals = static_cast<int>(Below(18));
-        CheckAround((static_cast<double>(Below(1ULL << Below(50))) + 0.5) / std::pow(10.0, decimals),
-                    decimals);
-        // Exact binary fractions, ties among them, and those that tie at the 15th digit.
-        const double fraction =
-            std::ldexp(static_cast<double>(Below(1ULL << 53)), -static_cast<int>(Below(53)));
-        Check(fraction, static_cast<int>(Below(6)));
-        Check(std::round(fraction) + 0.125 * static_cast<double>(Below(8)), static_cast<int>(Below(4)));
+    for (int i = 0; i < 25000; ++i) {
+        const std::size_t decimals = Below(18);
+        CheckAround((Whole() + 0.5) / std::pow(10.0, decimals), decimals);
     }
-    for (int exponent = -30; exponent <= 308 && !HasFatalFailure(); ++exponent) {
-        for (const int decimals : {0, 1, 5, 15, 22, 23, 29}) {
+    for (int exponent = -30; exponent <= 308; ++exponent) {
+        for (const std::size_t decimals : {0U, 1U, 5U, 15U, 22U, 23U, 29U}) {
             CheckAround(std::pow(10.0, exponent), decimals);
         }
     }
-    for (const double extreme :
-         {0.0, std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::max()}) {
+    for (const double extreme : {0.0, 4.9406564584124654e-324, 1.7976931348623157e308}) {
         Check(extreme, 0);
         Check(extreme, 340);
     }

@@ -14,7 +14,9 @@ namespace corvane::testing {
 /// Keeps what was shown and answers every question the same way.
 class RecordingDialogs : public Dialogs {
 public:
-    void ShowMessage(MessageStyle, const std::string& text, const std::string&) override { messages.push_back(text); }
+    void ShowMessage(MessageStyle, const std::string& text, const std::string&) override {
+        messages.push_back(text);
+    }
     bool AskYesNo(const std::string& text, const std::string&, bool) override {
         questions.push_back(text);
         return answer;

@@ -29,9 +29,9 @@ public:
 
     /// Runs a shell command in the folder, in which $corvane is the program and $examples the examples.
     Ran Run(const std::string& command) const {
-        const std::string script = "cd '" + folder.string() + "' && corvane='" + CORVANE_PROGRAM + "' examples='" +
-                                   CORVANE_EXAMPLES + "' && export SOURCE_DATE_EPOCH=0 && { " + command +
-                                   "\n} >.out 2>.err";
+        const std::string script = "cd '" + folder.string() + "' && corvane='" + CORVANE_PROGRAM +
+                                   "' examples='" + CORVANE_EXAMPLES +
+                                   "' && export SOURCE_DATE_EPOCH=0 && { " + command + "\n} >.out 2>.err";
         const int status = std::system(script.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read(".out"), Read(".err")};
     }

@@ -144,15 +144,17 @@ std::string ShortestText(Number value) {
     }
 
     std::string text(value < 0 ? "-" : "");
-    const auto size = static_cast<int>(digits.size());
     if (exponent < -5 || exponent >= 15) {
         text.append(shown.substr(0, letter)).append(1, 'E').append(shown.substr(letter + 1));
     } else if (exponent < 0) {
-        text.append("0.").append(static_cast<std::size_t>(-exponent - 1), '0').append(digits);
-    } else if (exponent + 1 >= size) {
-        text.append(digits).append(static_cast<std::size_t>(exponent + 1 - size), '0');
+        text.append("0.").append(static_cast<std::size_t>(-1 - exponent), '0').append(digits);
     } else {
-        digits.insert(static_cast<std::size_t>(exponent + 1), 1, '.');
+        const std::size_t integer = static_cast<std::size_t>(exponent) + 1;
+        if (integer >= digits.size()) {
+            digits.resize(integer, '0');
+        } else {
+            digits.insert(integer, 1, '.');
+        }
         text.append(digits);
     }
     return text;

@@ -116,7 +116,8 @@ FileResult NativeFileStore::Replace(const std::string& path, const std::string& 
         return Failed(reason);
     }
     // The rename itself reaches the disk with the folder; a folder that cannot be flushed is no failure.
-    if (const Descriptor opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC)); opened.Valid())
+    if (const Descriptor opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC));
+        opened.Valid())
         ::fsync(opened.Get());
     return {true, {}};
 }

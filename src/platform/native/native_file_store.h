@@ -10,8 +10,8 @@ public:
     /// A folder or an endless device is refused.
     FileResult Read(const std::string& path, std::string& bytes) const override;
 
-    /// Writes a new file beside the old one, flushes it to the disk and renames it; a symbolic link stays a link, an
-    /// existing file keeps its permissions.
+    /// Writes a new file beside the old one, flushes it to the disk and renames it; a symbolic link stays a
+    /// link, an existing file keeps its permissions.
     FileResult Replace(const std::string& path, const std::string& bytes) override;
 };
 

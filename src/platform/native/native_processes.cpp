@@ -8,8 +8,6 @@
 #include <unistd.h>
 #include <vector>
 
-extern char** environ;
-
 namespace corvane {
 namespace {
 
@@ -42,6 +40,7 @@ std::optional<pid_t> Start(std::vector<std::string> words, int output) {
     if (words.empty())
         return std::nullopt;
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);

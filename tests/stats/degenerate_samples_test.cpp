@@ -1,0 +1,197 @@
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "stats/correlation.h"
+#include "stats/error_measures.h"
+#include "stats/intercept_slope_test.h"
+#include "stats/line_family.h"
+#include "stats/line_fits.h"
+#include "stats/median_fit.h"
+#include "stats/moments.h"
+#include "stats/pair_statistics.h"
+#include "stats/residual_statistics.h"
+
+namespace corvane::stats::test {
+
+namespace {
+
+using Values = std::vector<double>;
+constexpr double largest = std::numeric_limits<double>::max();
+
+/// Runs every routine and collects every number that it returns, the three goodnesses of fit Q last.
+Values EveryResult(const Values& x, const Values& y, const Values& sdx, const Values& sdy) {
+    Values all, goodness;
+    const auto add = [&](const auto& values) { all.insert(all.end(), values.begin(), values.end()); };
+    const auto take = [&](std::initializer_list<double> values) { add(values); };
+    const PairSummary p = PairStatistics(x, y);
+    take({p.MeanX, p.MeanY, p.VarX, p.VarY, p.MeanDiff, p.VarDiff, p.CovXY});
+    const MeanVarianceResult m = MeanVariance(x);
+    take({m.Mean, m.Variance});
+    const MedianFit median = FitMedian(x, y);
+    take({median.a, median.b, median.AbsDev, median.Chi2});
+    const LineFamily family = FitLineFamily(x, y);
+    add(family.A), add(family.B), add(family.SDA), add(family.SDB);
+    const Pearson r = PearsonCorrelation(x, y);
+    take({r.r, r.T, r.P, r.RSquared, r.AdjRSquared});
+    const ErrorMeasures e = DiverseStatistics(x, y, p.MeanX, p.MeanY);
+    take({e.RSquared, e.MeanBias, e.MAE, e.MAPE, e.MSEP, e.VarMSEP, e.MEF, e.MaxError, e.CD});
+    add(e.MSEPParts);
+    LineFit median2;
+    median2.a = median.a, median2.b = median.b;
+    for (const LineFit& line : {FitLine(x, y), FitLineXYErrors(x, y, sdx, sdy), median2}) {
+        take({line.a, line.b, line.SDa, line.SDb, line.Chi2});
+        goodness.push_back(line.Q);
+        const Residuals d = ResidualStatistics(line.a, line.b, x, y, p.VarX, p.MeanX, p.MeanY);
+        for (const Values& column :
+             {d.Deviation, d.Fitted, d.Residue, d.SERes, d.StdtRes, d.RStdtRes, d.Leverage, d.CookD, d.DFFITS,
+              d.NormRes, d.PRESS, d.SemiStdtR, d.WtDev}) {
+            EXPECT_EQ(column.size(), std::min(x.size(), y.size()));
+            add(column);
+        }
+        take({d.MSE});
+        const ResistantFit resistant = ResistantRSquared(y, p.MeanY, d.Fitted);
+        take({resistant.ResistantR2, resistant.AdjResistantR2});
+        const InterceptSlopeTest f = FTestInterceptSlope(x, y, line.a, line.b, p.MeanX, p.MeanY);
+        take({f.F1, f.P1, f.F2, f.P2});
+    }
+    add(goodness);
+    return all;
+}
+
+/// CORVANE_SAMPLES in the environment asks for more of them.
+TEST(DegenerateSamples, GiveFiniteResults) {
+    const char* wanted = std::getenv("CORVANE_SAMPLES");
+    const int samples = wanted ? std::atoi(wanted) : 4000;
+    std::mt19937_64 generator(20240502);
+    std::normal_distribution<> normal;
+    const double special[] = {0.0,     -0.0,   1.0,    -1.0,     0.1,     1.0 / 3, 1e300, -1e300, 1e-300,
+                              -1e-300, 5e-324, 1e-308, -largest, largest, 1e9 + 1, 1e16,  1e154,  1e-162};
+    const auto value = [&](int kind, double scale) {
+        const double z = normal(generator);
+        switch (kind) {
+        case 0:
+            return scale * z;
+        case 1:
+            return scale; // constant
+        case 2:
+            return scale * static_cast<double>(generator() % 3); // tied
+        case 3:
+            return scale * (1.0 + 1e-15 * z); // constant but for rounding
+        case 4:
+            return special[generator() % std::size(special)];
+        case 5:
+            return std::ldexp(z, static_cast<int>(generator() % 2000) - 1000);
+        default:
+            return scale * static_cast<double>(generator() % 2) * 1e8 + z;
+        }
+    };
+    for (int round = 0; round < samples; ++round) {
+        const std::size_t n = generator() % 9;
+        const int kindX = static_cast<int>(generator() % 7), kindY = static_cast<int>(generator() % 8);
+        const double scaleX = std::pow(10.0, static_cast<double>(generator() % 617) - 308.0);
+        const double scaleY = std::pow(10.0, static_cast<double>(generator() % 617) - 308.0);
+        const double sdScale = std::pow(10.0, static_cast<double>(generator() % 600) - 300.0);
+        Values x, y, sdx, sdy;
+        for (std::size_t i = 0; i < n; ++i) {
+            x.push_back(value(kindX, round % 2 ? scaleX : 1.0));
+            y.push_back(kindY == 7 ? 0.1 + 0.3 * x[i] : value(kindY, round % 2 ? scaleY : 1.0));
+            sdx.push_back(round % 3 == 0 ? 1e-30 : round % 3 == 1 ? std::fabs(value(4, 1.0)) : sdScale);
+            sdy.push_back(round % 5 == 0   ? 1e-30
+                          : round % 5 == 1 ? std::fabs(value(4, 1.0))
+                                           : std::fabs(normal(generator)));
+            if (!std::isfinite(y[i]))
+                y[i] = largest;
+        }
+        const Values all = EveryResult(x, y, sdx, sdy);
+        for (std::size_t k = 0; k < all.size(); ++k)
+            ASSERT_TRUE(std::isfinite(all[k])) << "round " << round << " result " << k;
+    }
+}
+
+TEST(DegenerateSamples, WithoutDefiniteNumbersGiveFiniteResultsToo) {
+    const double infinity = std::numeric_limits<double>::infinity(), none = std::nan("");
+    for (double result :
+         EveryResult({1, none, infinity, 4}, {-infinity, 2, 3, none}, {none, 1, 0, -1}, {1, infinity, 1, 1}))
+        EXPECT_TRUE(std::isfinite(result));
+}
+
+TEST(DegenerateSamples, SaturateByOneRule) {
+    const Values rising = {1, 2, 4, 5}, same = {3, 3, 3, 3}, noisy = {1, 3, 2, 5};
+    const LineFit onConstantX = FitLine(same, noisy);
+    EXPECT_EQ(onConstantX.b, 0.0);
+    EXPECT_EQ(onConstantX.a, 2.75);
+    EXPECT_EQ(onConstantX.SDb, largest);
+    EXPECT_EQ(onConstantX.SDa, largest);
+    const LineFit errors = FitLineXYErrors(same, noisy, {{1, 1, 1, 1}}, {{1, 1, 1, 1}});
+    EXPECT_EQ(errors.b, 0.0);
+    EXPECT_EQ(errors.a, 2.75);
+    EXPECT_EQ(errors.SDb, largest);
+    const Pearson none = PearsonCorrelation(same, noisy);
+    EXPECT_EQ(none.r, 0.0);
+    EXPECT_EQ(none.P, 1.0);
+    const Pearson whole = PearsonCorrelation({{1, 2, 4}}, {{-3, -6, -12}}); // means of 7/3 and -7
+    EXPECT_EQ(whole.r, -1.0);
+    EXPECT_EQ(whole.T, -largest);
+    EXPECT_EQ(whole.P, 0.0);
+    EXPECT_EQ(whole.AdjRSquared, 1.0);
+    EXPECT_EQ(DiverseStatistics(rising, same, 3, 3).MEF, -largest);
+    EXPECT_EQ(DiverseStatistics(rising, {{0, 0, 0, 0}}, 3, 0).MAPE, 0.0);
+    EXPECT_EQ(ResistantRSquared(same, 3, rising).ResistantR2, -largest);
+    EXPECT_EQ(ResistantRSquared(same, 3, same).ResistantR2, 0.0);
+    const LineFamily uncorrelated = FitLineFamily({{-1, 0, 0, 1}}, {{0, 2, -2, 0}});
+    EXPECT_EQ(uncorrelated.B, (std::array<double, 6>{0, largest, 1, largest, 2, largest}));
+    EXPECT_EQ(FitLineFamily(rising, same).SDB, (std::array<double, 6>{}));
+    EXPECT_EQ(PairStatistics({{1e308, -1e308}}, {{0, 0}}).VarX, largest);
+    EXPECT_EQ(FTestInterceptSlope(rising, rising, 0, 1, 3, 3).P1, 1.0);
+    EXPECT_EQ(FTestInterceptSlope(rising, {{2, 3, 5, 6}}, 1, 1, 3, 4).F2, largest);
+}
+
+TEST(DegenerateSamples, HaveResidualsOfTheirOwn) {
+    // A pair of leverage 1: its residual is 0 whatever it is divided by.
+    const Residuals alone = ResidualStatistics(0.5, 2.5, {{0, 0, 0, 1}}, {{0, 1, 0.5, 3}}, 0.25, 0.25, 1.125);
+    EXPECT_EQ(alone.Leverage[3], 1.0);
+    EXPECT_EQ(alone.SERes[3], 0.0);
+    EXPECT_EQ(alone.StdtRes[3], 0.0);
+    EXPECT_EQ(alone.CookD[3], 0.0);
+    // One pair off a line through all others: nothing is left when it is taken out.
+    const Values x = {1, 2, 3, 4, 5, 6}, y = {1, 2, 3, 10, 5, 6};
+    const LineFit fit = FitLine(x, y);
+    const Residuals outlier = ResidualStatistics(fit.a, fit.b, x, y, 3.5, 3.5, 4.5);
+    EXPECT_EQ(outlier.RStdtRes[3], largest);
+    EXPECT_EQ(outlier.DFFITS[3], largest);
+    // Points on the line 0.1 + 0.3 x to the last digit: no residual but rounding.
+    Values line;
+    for (double value : x)
+        line.push_back(0.1 + 0.3 * value);
+    const LineFit exact = FitLine(x, line);
+    const Residuals zero = ResidualStatistics(exact.a, exact.b, x, line, 3.5, 3.5, 1.15);
+    EXPECT_EQ(zero.StdtRes, Values(6, 0.0));
+    EXPECT_EQ(zero.NormRes, Values(6, 0.0));
+}
+
+TEST(DegenerateSamples, FollowPowersOfTwo) {
+    const Values x = {1.25, 3, 4.5, 8, 9, 12}, y = {2, 2.5, 6, 7, 11, 10}, sd = {1, 0.5, 2, 1, 0.25, 1};
+    const Values ofOrder = EveryResult(x, y, sd, sd);
+    for (int power : {-250, 250}) {
+        const auto scaled = [&](Values values) {
+            for (double& value : values)
+                value = std::ldexp(value, power);
+            return values;
+        };
+        const Values other = EveryResult(scaled(x), scaled(y), scaled(sd), scaled(sd));
+        for (std::size_t k = 0; k + 3 < ofOrder.size(); ++k) { // all but Q: a unit, its powers, a pure number
+            bool follows = false;
+            for (int unit : {0, 1, 2, 4})
+                follows = follows || other[k] == std::ldexp(ofOrder[k], unit * power);
+            EXPECT_TRUE(follows) << power << " result " << k << ": " << other[k] << " from " << ofOrder[k];
+        }
+    }
+}
+
+} // namespace
+
+} // namespace corvane::stats::test

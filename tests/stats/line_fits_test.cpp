@@ -1,0 +1,156 @@
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "stats/line_family.h"
+#include "stats/line_fits.h"
+
+namespace corvane::stats::test {
+
+namespace {
+
+struct Sample {
+    std::vector<double> X, Y, SDX, SDY;
+};
+
+enum class Errors { Alike, Decades, OneHugeX, OneTinyY, None };
+
+Sample Random(Errors errors, double slope, double noise, std::size_t n, std::mt19937_64& generator) {
+    std::normal_distribution<> normal;
+    std::uniform_real_distribution<> uniform(0.5, 1.5), decade(-4, 4);
+    Sample sample;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double x = normal(generator);
+        const bool wide = errors == Errors::Decades;
+        sample.X.push_back(x);
+        sample.Y.push_back(1 + slope * x + noise * (1 + std::fabs(slope)) * normal(generator));
+        sample.SDX.push_back(wide ? std::pow(10, decade(generator)) : uniform(generator));
+        sample.SDY.push_back(wide ? std::pow(10, decade(generator)) : uniform(generator));
+    }
+    if (errors == Errors::OneHugeX)
+        sample.SDX[0] = 1e6;
+    if (errors == Errors::OneTinyY)
+        sample.SDY[0] = 1e-6;
+    return sample;
+}
+
+/// Chi2 of the best line of direction (c, s), slope s/c.
+long double Chi2At(const Sample& sample, long double c, long double s) {
+    std::vector<long double> weight;
+    long double sum = 0, meanX = 0, meanY = 0, chi2 = 0;
+    for (std::size_t i = 0; i < sample.X.size(); ++i) {
+        const long double sdx = sample.SDX[i], sdy = sample.SDY[i];
+        weight.push_back(1 / (c * c * sdy * sdy + s * s * sdx * sdx));
+        sum += weight[i];
+        meanX += weight[i] * sample.X[i];
+        meanY += weight[i] * sample.Y[i];
+    }
+    for (std::size_t i = 0; i < sample.X.size(); ++i) {
+        const long double distance = c * (sample.Y[i] - meanY / sum) - s * (sample.X[i] - meanX / sum);
+        chi2 += weight[i] * distance * distance;
+    }
+    return chi2;
+}
+
+TEST(FitLineXYErrors, FindsTheGlobalMinimum) {
+    std::mt19937_64 generator(5);
+    std::normal_distribution<> normal;
+    for (int round = 0; round < 60; ++round) {
+        const Errors errors = static_cast<Errors>(round % 4);
+        const double slope = normal(generator) * std::pow(10, round % 9 - 4),
+                     noise = std::pow(10, -(round % 5));
+        const Sample sample = Random(errors, slope, noise, 3 + generator() % 12, generator);
+        const LineFit fit = FitLineXYErrors(sample.X, sample.Y, sample.SDX, sample.SDY);
+        const long double own = Chi2At(sample, 1, fit.b);
+        EXPECT_NEAR(fit.Chi2, static_cast<double>(own), 1e-9 * fit.Chi2) << round;
+        for (int k = -3000; k <= 3000; ++k) { // slopes of 1e-12 to 1e12
+            const long double b = std::pow(10.0L, k / 250.0L);
+            ASSERT_GE(Chi2At(sample, 1, b), own * (1 - 1e-12L))
+                << "round " << round << " slope " << static_cast<double>(b);
+            ASSERT_GE(Chi2At(sample, 1, -b), own * (1 - 1e-12L))
+                << "round " << round << " slope " << -static_cast<double>(b);
+        }
+    }
+}
+
+TEST(FitLineXYErrors, WithOneSideIgnoredIsWeightedLeastSquares) {
+    std::mt19937_64 generator(6);
+    for (double slope : {1e-6, -0.5, 3.0, -1e5}) {
+        const Sample sample = Random(Errors::Decades, slope, 0.1, 20, generator);
+        const std::vector<double> ignored(20, 1e-30);
+        const auto weighted = [](const std::vector<double>& u, const std::vector<double>& v,
+                                 const std::vector<double>& sd) { // v on u, with a, b, SDa, SDb, Chi2
+            long double w = 0, mu = 0, mv = 0, uu = 0, uv = 0, chi2 = 0;
+            for (std::size_t i = 0; i < u.size(); ++i) {
+                const long double weight = 1 / (static_cast<long double>(sd[i]) * sd[i]);
+                w += weight, mu += weight * u[i], mv += weight * v[i];
+            }
+            mu /= w, mv /= w;
+            for (std::size_t i = 0; i < u.size(); ++i) {
+                const long double weight = 1 / (static_cast<long double>(sd[i]) * sd[i]);
+                uu += weight * (u[i] - mu) * (u[i] - mu), uv += weight * (u[i] - mu) * (v[i] - mv);
+            }
+            for (std::size_t i = 0; i < u.size(); ++i)
+                chi2 += std::pow((v[i] - mv - uv / uu * (u[i] - mu)) / sd[i], 2.0L);
+            const auto real = [](long double value) { return static_cast<double>(value); };
+            return LineFit{real(mv - uv / uu * mu), real(uv / uu), real(std::sqrt(1 / w + mu * mu / uu)),
+                           real(std::sqrt(1 / uu)), real(chi2),    0};
+        };
+        const auto near = [](double actual, double expected) {
+            EXPECT_NEAR(actual, expected, 1e-10 * std::fabs(expected));
+        };
+        const LineFit onX = FitLineXYErrors(sample.X, sample.Y, ignored, sample.SDY);
+        const LineFit expected = weighted(sample.X, sample.Y, sample.SDY);
+        near(onX.a, expected.a);
+        near(onX.b, expected.b);
+        near(onX.SDa, expected.SDa);
+        near(onX.SDb, expected.SDb);
+        near(onX.Chi2, expected.Chi2);
+        const LineFit onY = FitLineXYErrors(sample.X, sample.Y, sample.SDX, ignored);
+        const LineFit inverse = weighted(sample.Y, sample.X, sample.SDX);
+        near(onY.b, 1 / inverse.b);
+        near(onY.a, -inverse.a / inverse.b);
+        near(onY.Chi2, inverse.Chi2);
+    }
+}
+
+TEST(FitLineXYErrors, TurnsWithTheAxes) {
+    std::mt19937_64 generator(8);
+    for (Errors errors : {Errors::Alike, Errors::Decades, Errors::OneHugeX, Errors::OneTinyY})
+        for (double slope : {0.01, -2.0, 50.0}) {
+            Sample s = Random(errors, slope, 1e-3, 15, generator);
+            const LineFit fit = FitLineXYErrors(s.X, s.Y, s.SDX, s.SDY);
+            const LineFit swapped = FitLineXYErrors(s.Y, s.X, s.SDY, s.SDX);
+            EXPECT_NEAR(swapped.b * fit.b, 1, 1e-10);
+            EXPECT_NEAR(swapped.Chi2, fit.Chi2, 1e-10 * fit.Chi2);
+            for (double& y : s.Y)
+                y = -y;
+            const LineFit flipped = FitLineXYErrors(s.X, s.Y, s.SDX, s.SDY);
+            EXPECT_NEAR(flipped.b, -fit.b, 1e-12 * std::fabs(fit.b));
+            EXPECT_NEAR(flipped.SDa, fit.SDa, 1e-10 * fit.SDa);
+            EXPECT_NEAR(flipped.SDb, fit.SDb, 1e-10 * fit.SDb);
+        }
+}
+
+TEST(FitLineFamily, KeepsItsSDsWhenYIsTurnedOver) {
+    std::mt19937_64 generator(9);
+    for (double slope : {0.2, 1.0, 40.0}) {
+        Sample s = Random(Errors::None, slope, 0.4, 25, generator);
+        const LineFamily family = FitLineFamily(s.X, s.Y);
+        for (double& y : s.Y)
+            y = -y;
+        const LineFamily turned = FitLineFamily(s.X, s.Y);
+        for (std::size_t k = 0; k < 6; ++k) {
+            EXPECT_EQ(turned.B[k], -family.B[k]);
+            EXPECT_EQ(turned.A[k], -family.A[k]);
+            EXPECT_EQ(turned.SDA[k], family.SDA[k]);
+            EXPECT_EQ(turned.SDB[k], family.SDB[k]);
+        }
+    }
+}
+
+} // namespace
+
+} // namespace corvane::stats::test
