@@ -151,12 +151,17 @@ TEST(DegenerateSamples, SaturateByOneRule) {
 }
 
 TEST(DegenerateSamples, HaveResidualsOfTheirOwn) {
-    // A pair of leverage 1: its residual is 0 whatever it is divided by.
-    const Residuals alone = ResidualStatistics(0.5, 2.5, {{0, 0, 0, 1}}, {{0, 1, 0.5, 3}}, 0.25, 0.25, 1.125);
-    EXPECT_EQ(alone.Leverage[3], 1.0);
-    EXPECT_EQ(alone.SERes[3], 0.0);
-    EXPECT_EQ(alone.StdtRes[3], 0.0);
-    EXPECT_EQ(alone.CookD[3], 0.0);
+    // A pair of leverage 1: its residual is 0, but for rounding, whatever it is divided by.
+    for (std::size_t n = 4; n < 40; ++n) {
+        Values stack(n, 0.1), over(n, 0.3);
+        stack[0] = 0.7, over[0] = 3.1, over[1] = 1.1;
+        const LineFit lever = FitLine(stack, over);
+        const Residuals alone = ResidualStatistics(lever.a, lever.b, stack, over, 0, 0, 0);
+        EXPECT_EQ(alone.Leverage[0], 1.0);
+        EXPECT_EQ(alone.SERes[0], 0.0);
+        EXPECT_EQ(alone.StdtRes[0], 0.0);
+        EXPECT_EQ(alone.CookD[0], 0.0);
+    }
     // One pair off a line through all others: nothing is left when it is taken out.
     const Values x = {1, 2, 3, 4, 5, 6}, y = {1, 2, 3, 10, 5, 6};
     const LineFit fit = FitLine(x, y);
@@ -171,6 +176,14 @@ TEST(DegenerateSamples, HaveResidualsOfTheirOwn) {
     const Residuals zero = ResidualStatistics(exact.a, exact.b, x, line, 3.5, 3.5, 1.15);
     EXPECT_EQ(zero.StdtRes, Values(6, 0.0));
     EXPECT_EQ(zero.NormRes, Values(6, 0.0));
+    // Residuals of 1 and -1 in turn, which the rounding of 0.1 and 0.3 tells apart: ranks are means all the
+    // same.
+    for (std::size_t i = 0; i < line.size(); ++i)
+        line[i] += i % 2 == 0 ? 1.0 : -1.0;
+    const Residuals tied = ResidualStatistics(0.1, 0.3, x, line, 3.5, 3.5, 1.15);
+    EXPECT_EQ(tied.NormRes[0], tied.NormRes[2]);
+    EXPECT_EQ(tied.NormRes[0], tied.NormRes[4]);
+    EXPECT_EQ(tied.NormRes[0], -tied.NormRes[1]);
 }
 
 TEST(DegenerateSamples, FollowPowersOfTwo) {
