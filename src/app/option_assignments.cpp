@@ -29,15 +29,15 @@ std::size_t EditDistance(std::string_view from, std::string_view to) {
 }
 
 std::string UnknownKey(std::string_view key) {
-    constexpr std::size_t longestKey = 40, nearEnough = 4;
-    std::string text = "there is no option '" + std::string(key.substr(0, longestKey)) + "'";
+    constexpr std::size_t longestKey = 40;
+    std::string text = "there is no option " + QuotedForMessage(key);
     if (key.size() > longestKey)
         return text;
     const std::string upper = UpperCase(key);
     const auto distance = [&](const OptionRow& row) { return EditDistance(upper, UpperCase(row.key)); };
     const auto table = OptionTable();
     const auto nearest = std::ranges::min_element(table, {}, distance);
-    if (distance(*nearest) <= nearEnough)
+    if (3 * distance(*nearest) <= key.size())
         text += "; did you mean " + std::string(nearest->key) + "?";
     return text;
 }
@@ -54,13 +54,13 @@ std::optional<std::string> AssignOption(Dataset& dataset, SessionState& session,
         return UnknownKey(key);
     const auto value = ReadOptionValue(*row, text);
     if (!value)
-        return std::string(row->key) + " takes " + std::string(ValuesTaken(row->Form())) + ", not '" +
-               std::string(text) + "'";
+        return std::string(row->key) + " takes " + std::string(ValuesTaken(row->Form())) + ", not " +
+               QuotedForMessage(text);
     switch (TypeOption(dataset, session, *row, *value)) {
     case ChangeResult::TooFewRows:
         return std::string(TooFewRowsMessage);
     case ChangeResult::TooManyRows:
-        return "N is '" + std::string(text) + "', more rows than can be counted";
+        return "N is " + QuotedForMessage(text) + ", more rows than can be counted";
     case ChangeResult::Done:
         break;
     }

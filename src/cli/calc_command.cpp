@@ -3,6 +3,8 @@
 #include "app/option_assignments.h"
 #include "app/saved_windows.h"
 #include "core/format/numbers.h"
+#include "core/format/text_lists.h"
+#include "core/grid_operations.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
 #include "files/dataset_reader.h"
@@ -55,17 +57,22 @@ ExitCode RunCalc(const CalcRequest& request) {
         return Fail("SOURCE_DATE_EPOCH is no count of seconds since 1970");
 
     // The header takes the name behind the last separator, so the path must have one.
-    const std::string path = std::filesystem::absolute(request.data).string();
+    std::error_code error;
+    const std::string path = std::filesystem::absolute(request.data, error).string();
+    if (error)
+        return Fail(QuotedForMessage(request.data) + ": " + error.message());
     LoadOutcome loaded = LoadFile(path, dataset, session, files);
     if (!loaded.Complete()) {
         loaded.file = request.data;
         return Fail(loaded.Error());
     }
+    if (loaded.tooFewRowsLine > 0)
+        return Fail(request.data + ":" + std::to_string(loaded.tooFewRowsLine) + ": " + TooFewRowsMessage);
     if (request.all)
         TickAllGates(dataset, session);
     for (const std::string& assignment : request.assignments)
         if (const auto wrong = AssignOption(dataset, session, assignment))
-            return Fail("--set " + assignment + ": " + *wrong);
+            return Fail("--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong);
 
     TerminalDialogs dialogs("corvane: " + request.data + ": ");
     TerminalFeedback feedback;
@@ -74,7 +81,6 @@ ExitCode RunCalc(const CalcRequest& request) {
         return FailedRun(result, request.data);
 
     if (!request.outFolder.empty()) {
-        std::error_code error;
         std::filesystem::create_directories(request.outFolder, error);
         if (error)
             return Fail(request.outFolder + ": " + error.message());

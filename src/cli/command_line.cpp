@@ -15,6 +15,10 @@ std::string CheckAssignment(const std::string& text) {
     return equals == std::string::npos || equals == 0 ? "--set needs KEY=VALUE, not '" + text + "'" : "";
 }
 
+std::string CheckNotEmpty(const std::string& text) {
+    return text.empty() ? "the name is empty" : "";
+}
+
 void AddCalc(CLI::App& program, CalcRequest& request) {
     CLI::App* calc = program.add_subcommand("calc", "Evaluate a dataset and print the report");
     calc->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
@@ -22,12 +26,12 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
             "--set", request.assignments,
             "Set an option of the dataset, by its key in the file; also SwapXY, InvertXRanks, InvertYRanks")
         ->type_name("KEY=VALUE")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->allow_extra_args(false)
         ->check(CheckAssignment);
     calc->add_flag("--all", request.all, "Tick every report section and plot (before --set)");
     calc->add_option("--out", request.outFolder, "Save the results as results.txt in this folder")
-        ->type_name("DIR");
+        ->type_name("DIR")
+        ->check(CheckNotEmpty);
 }
 
 } // namespace
@@ -37,6 +41,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     program.set_version_flag("--version", "corvane " + VersionText());
     program.footer("Example: corvane calc examples/mtcars.KOV --set OLS_SLS=1\n"
                    "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage.");
+    std::string file;
+    program.add_option("FILE", file, "A dataset to open in the window");
     CalcRequest calc;
     AddCalc(program, calc);
 
@@ -47,7 +53,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     }
     if (program.got_subcommand("calc"))
         return RunCalc(calc);
-    std::cerr << "corvane: this build has no window; to evaluate a file: corvane calc FILE.KOV\n";
+    std::cerr << "corvane: this build has no window; to evaluate a file: corvane calc "
+              << (file.empty() ? "FILE.KOV" : file) << '\n';
     return ExitFailed;
 }
 

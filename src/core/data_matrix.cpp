@@ -5,63 +5,83 @@
 
 namespace corvane {
 
+CellValue ToValue(const CellView& cell) {
+    if (const auto* text = std::get_if<std::string_view>(&cell))
+        return std::string(*text);
+    if (const auto* number = std::get_if<double>(&cell))
+        return *number;
+    return {};
+}
+
+std::string CellText(const CellView& cell) {
+    return CellText(ToValue(cell));
+}
+
 std::int32_t DataMatrix::LastFilledRow() const {
     std::size_t last = 0;
-    for (const auto& cells : columns) {
-        std::size_t filled = std::min(cells.size(), static_cast<std::size_t>(RowCount()));
-        while (filled > last && IsEmpty(cells[filled - 1]))
-            --filled;
-        last = std::max(last, filled);
+    for (const auto& blocks : columns) {
+        for (std::size_t block = blocks.size(); block-- > 0 && (block + 1) * blockRows > last;) {
+            std::size_t row = std::min(blockRows * block + blocks[block].size(), Index(rowBound));
+            while (row > std::max(last, blockRows * block) &&
+                   blocks[block][row - 1 - blockRows * block].Empty())
+                --row;
+            if (row > std::max(last, blockRows * block)) {
+                last = row;
+                break;
+            }
+        }
     }
     return static_cast<std::int32_t>(last);
 }
 
-const CellValue& DataMatrix::At(int column, std::int32_t row) const {
-    static const CellValue empty;
-    const auto& cells = columns[static_cast<std::size_t>(column)];
-    const auto index = static_cast<std::size_t>(row) - 1;
-    return index < cells.size() ? cells[index] : empty;
-}
-
-void DataMatrix::Set(int column, std::int32_t row, CellValue value) {
+void DataMatrix::Set(int column, std::int32_t row, const CellView& value) {
     if (row < 1 || row > rowBound)
         return;
-    auto& cells = columns[static_cast<std::size_t>(column)];
-    const auto index = static_cast<std::size_t>(row) - 1;
-    if (index < cells.size())
-        cells[index] = std::move(value);
-    else if (!IsEmpty(value)) {
-        cells.resize(index);
-        cells.push_back(std::move(value));
+    auto& blocks = columns[static_cast<std::size_t>(column)];
+    const std::size_t block = Index(row) / blockRows;
+    if (block >= blocks.size() || blocks[block].empty()) {
+        if (IsEmpty(value))
+            return;
+        if (block >= blocks.size())
+            blocks.resize(block + 1);
+        blocks[block].resize(blockRows);
     }
+    blocks[block][Index(row) % blockRows] = CompactCell(value);
 }
 
 void DataMatrix::SetRowCount(std::int32_t count) {
     rowBound = count + 1;
-    for (auto& cells : columns)
-        if (cells.size() > static_cast<std::size_t>(rowBound))
-            cells.resize(static_cast<std::size_t>(rowBound));
+    const auto kept = static_cast<std::size_t>(rowBound);
+    for (auto& blocks : columns) {
+        if (blocks.size() * blockRows <= kept)
+            continue;
+        blocks.resize((kept + blockRows - 1) / blockRows);
+        if (auto& last = blocks.back(); !last.empty()) {
+            last.resize(kept - (blocks.size() - 1) * blockRows);
+            last.resize(blockRows);
+        }
+    }
 }
 
 void DataMatrix::Clear() {
-    for (auto& cells : columns)
-        cells.clear();
+    for (auto& blocks : columns)
+        blocks.clear();
 }
 
 void DataMatrix::SwapColumns(int first, int second) {
-    auto& left = columns[static_cast<std::size_t>(first)];
-    auto& right = columns[static_cast<std::size_t>(second)];
-    std::swap(left, right);
+    const CellValue hiddenFirst = ToValue(At(first, rowBound)), hiddenSecond = ToValue(At(second, rowBound));
+    std::swap(columns[static_cast<std::size_t>(first)], columns[static_cast<std::size_t>(second)]);
     // The hidden row stays as it was.
-    const CellValue hiddenLeft = At(second, rowBound);
-    const CellValue hiddenRight = At(first, rowBound);
-    Set(first, rowBound, hiddenLeft);
-    Set(second, rowBound, hiddenRight);
+    Set(first, rowBound, ToView(hiddenFirst));
+    Set(second, rowBound, ToView(hiddenSecond));
 }
 
-void DataMatrix::Reserve(std::int32_t rows) {
-    for (int column : {ColumnX, ColumnY})
-        columns[static_cast<std::size_t>(column)].reserve(static_cast<std::size_t>(rows));
+CellView ToView(const CellValue& cell) {
+    if (const auto* text = std::get_if<std::string>(&cell))
+        return std::string_view(*text);
+    if (const auto* number = std::get_if<double>(&cell))
+        return *number;
+    return {};
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/compact_cell.h"
 #include "core/format/cell_value.h"
 
 #include <array>
@@ -20,6 +21,15 @@ enum Column : int {
     LastColumn = ColumnExclude
 };
 
+/// Whether a cell holds nothing or the empty text.
+inline bool IsEmpty(const CellView& cell) {
+    const auto* text = std::get_if<std::string_view>(&cell);
+    return text ? text->empty() : std::holds_alternative<std::monostate>(cell);
+}
+std::string CellText(const CellView& cell);
+CellValue ToValue(const CellView& cell);
+CellView ToView(const CellValue& cell); ///< Valid as long as the value is.
+
 /// The table of cells behind the grid, addressed (column, row), both from 1. For N data rows the row bound is
 /// N + 1: the row N + 1 is part of the table and never shown, walked or saved, but keeps its cells when the
 /// table shrinks by one row and grows again. A column takes memory up to its last filled row only, so rows
@@ -35,10 +45,17 @@ public:
     /// The last data row that holds a cell, at most N; 0 for an empty table.
     std::int32_t LastFilledRow() const;
 
-    /// The cell; an empty one for a place that was never filled. Column 1 to 7, row 1 to the bound.
-    const CellValue& At(int column, std::int32_t row) const;
+    /// The cell; an empty one for a place that was never filled. Column 1 to 7, row 1 to the bound. Valid
+    /// until the table changes.
+    CellView At(int column, std::int32_t row) const {
+        const auto& blocks = columns[static_cast<std::size_t>(column)];
+        const std::size_t block = Index(row) / blockRows;
+        if (block >= blocks.size() || blocks[block].empty())
+            return {};
+        return blocks[block][Index(row) % blockRows].View();
+    }
     /// Puts a value into a cell. A row beyond the bound is left alone.
-    void Set(int column, std::int32_t row, CellValue value);
+    void Set(int column, std::int32_t row, const CellView& value);
 
     /// Makes room for N rows: the bound becomes N + 1. Cells up to the bound keep their contents.
     void SetRowCount(std::int32_t count);
@@ -46,11 +63,13 @@ public:
     void Clear();
     /// Exchanges two columns in the rows 1 to N.
     void SwapColumns(int first, int second);
-    /// Hint for a reader that knows how many rows will come.
-    void Reserve(std::int32_t rows);
 
 private:
-    std::array<std::vector<CellValue>, LastColumn + 1> columns;
+    static constexpr std::size_t blockRows = 256;
+    static constexpr std::size_t Index(std::int32_t row) { return static_cast<std::size_t>(row) - 1; }
+    using Block = std::vector<CompactCell>; ///< Empty, or a cell for each of its rows.
+
+    std::array<std::vector<Block>, LastColumn + 1> columns;
     std::int32_t rowBound = StartRows + 1;
 };
 

@@ -7,10 +7,10 @@
 namespace corvane {
 namespace {
 
-double CellNumber(const CellValue& cell) {
-    if (const double* number = std::get_if<double>(&cell))
+double CellNumber(const CellView& cell) {
+    if (const auto* number = std::get_if<double>(&cell))
         return *number;
-    if (const std::string* text = std::get_if<std::string>(&cell))
+    if (const auto* text = std::get_if<std::string_view>(&cell))
         return ReadNumber(*text).value_or(0);
     return 0;
 }
@@ -20,10 +20,10 @@ double CellNumber(const CellValue& cell) {
 bool RowIsAnalysed(const DataMatrix& cells, std::int32_t row) {
     if (IsEmpty(cells.At(ColumnX, row)))
         return false;
-    const CellValue& mark = cells.At(ColumnExclude, row);
+    const CellView mark = cells.At(ColumnExclude, row);
     if (IsEmpty(mark))
         return true;
-    const std::string* text = std::get_if<std::string>(&mark);
+    const auto* text = std::get_if<std::string_view>(&mark);
     const char first = text ? text->front() : CellText(mark).front();
     return first != 'Y' && first != 'y' && first != '0';
 }

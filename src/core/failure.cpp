@@ -3,12 +3,16 @@
 #include "core/format/numbers.h"
 
 #include <cmath>
+#include <limits>
 
 namespace corvane {
 
 double Divide(double numerator, double denominator) {
     if (denominator == 0)
         throw RunFailure("division by zero");
+    constexpr double saturated = std::numeric_limits<double>::max();
+    if (std::abs(numerator) == saturated || std::abs(denominator) == saturated)
+        throw RunFailure("division of a saturated value");
     const double quotient = numerator / denominator;
     if (!std::isfinite(quotient))
         throw RunFailure("overflow in a division");

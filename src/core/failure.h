@@ -38,7 +38,9 @@ bool ConditionHolds(Condition&& condition) {
     }
 }
 
-/// Checked arithmetic. Each throws RunFailure where the result would not be a finite number.
+/// Checked arithmetic. Each throws RunFailure where the result would not be a finite number. An operand that
+/// the statistics library saturated (the largest double, for what has no finite value) is no number to
+/// divide.
 double Divide(double numerator, double denominator);
 double SquareRoot(double radicand);
 double Logarithm(double argument);

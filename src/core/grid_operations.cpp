@@ -56,7 +56,7 @@ RowOrder OrderAfterClosingUp(const DataMatrix& cells) {
 
 void PutRow(DataMatrix& cells, std::int32_t to, const DataMatrix& old, std::int32_t from) {
     for (int column = ColumnX; column <= LastColumn; ++column)
-        cells.Set(column, to, from == 0 ? CellValue{} : old.At(column, from));
+        cells.Set(column, to, from == 0 ? CellView{} : old.At(column, from));
 }
 
 void CloseUp(DataMatrix& cells) {
@@ -91,7 +91,7 @@ std::string MatrixTOGrid(const Dataset& dataset, std::int32_t row, int column) {
         picture = dataset.options.GRID_FORMAT_XY;
     else if (column == ColumnSDX || column == ColumnSDY)
         picture = dataset.options.GRID_FORMAT_SD;
-    const CellValue& cell = dataset.cells.At(column, row);
+    const CellValue cell = ToValue(dataset.cells.At(column, row));
     return FormatPicture(cell, picture).value_or(CellText(cell));
 }
 

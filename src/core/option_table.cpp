@@ -140,9 +140,8 @@ AnalysisOptions::AnalysisOptions() {
 }
 
 const OptionRow* FindOption(std::string_view key) {
-    const std::string upper = UpperCase(key);
     const auto found =
-        std::ranges::find_if(table, [&](const OptionRow& row) { return UpperCase(row.key) == upper; });
+        std::ranges::find_if(table, [&](const OptionRow& row) { return EqualInAnyCase(row.key, key); });
     return found == std::end(table) ? nullptr : &*found;
 }
 

@@ -11,7 +11,7 @@ namespace {
 using Options = AnalysisOptions;
 
 constexpr CatalogEntry catalog[] = {
-    {nullptr, "Regression...", WriteRegression},
+    {nullptr, nullptr, WriteRegression},
     {&Options::PARAMETER_TEST, "Parameters...", WriteParameterTests},
     {&Options::OLS_SLS, "OLS and SLS...", WriteLineFamily},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},

@@ -16,7 +16,6 @@ namespace corvane {
 namespace {
 
 constexpr int oldestMajorVersion = 2;
-constexpr std::size_t fewestBytesOfARow = LastColumn; // six commas and a line end
 
 /// Reading ended here.
 struct Stop {
@@ -24,13 +23,6 @@ struct Stop {
     std::size_t line;
     std::string reason;
 };
-
-/// A value as a message quotes it.
-std::string Quoted(std::string_view value) {
-    constexpr std::size_t longest = 40;
-    const std::string_view shown = FirstCharacters(value, longest);
-    return "'" + std::string(shown) + (shown.size() < value.size() ? "...'" : "'");
-}
 
 std::optional<Stop> CheckVersion(TextReader& reader) {
     const auto line = reader.ReadLine();
@@ -59,25 +51,26 @@ std::optional<Stop> ReadOptions(TextReader& reader, Dataset& dataset, SessionSta
         if (!line)
             return std::nullopt;
         const CodeValue code = GetCodeValue(*line);
-        if (UpperCase(code.key) == "DATA") {
+        if (EqualInAnyCase(code.key, "DATA")) {
             dataSeen = true;
             return std::nullopt;
         }
-        const OptionRow* row = FindOption(code.key);
+        const OptionRow* row = code.key.empty() ? nullptr : FindOption(code.key);
         if (!row || row->storage != Storage::InFile)
             continue;
         const auto value = ReadOptionValue(*row, code.value);
         if (!value)
             return Stop{LoadState::Partial, at,
-                        std::string(row->key) + " is " + Quoted(code.value) + ", not " +
+                        std::string(row->key) + " is " + QuotedForMessage(code.value) + ", not " +
                             std::string(ValuesTaken(row->Form()))};
         switch (ChangeOption(dataset, session, *row, *value)) {
         case ChangeResult::TooFewRows:
-            outcome.messages.emplace_back(TooFewRowsMessage);
+            if (outcome.tooFewRowsLine == 0)
+                outcome.tooFewRowsLine = at;
             break;
         case ChangeResult::TooManyRows:
             return Stop{LoadState::Partial, at,
-                        "N is " + Quoted(code.value) + ", more rows than can be counted"};
+                        "N is " + QuotedForMessage(code.value) + ", more rows than can be counted"};
         case ChangeResult::Done:
             break;
         }
@@ -86,9 +79,6 @@ std::optional<Stop> ReadOptions(TextReader& reader, Dataset& dataset, SessionSta
 
 std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset) {
     const auto rows = ToInteger32(LeadingNumber(dataset.options.N)).value_or(0);
-    if (rows > 0)
-        dataset.cells.Reserve(static_cast<std::int32_t>(
-            std::min(static_cast<std::size_t>(rows), reader.BytesLeft() / fewestBytesOfARow)));
     for (std::int32_t row = 1; row <= rows; ++row)
         for (int column = ColumnX; column <= LastColumn; ++column) {
             const auto field = reader.ReadField();
@@ -96,8 +86,7 @@ std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset) {
                 return Stop{LoadState::Partial, reader.LineNumber(),
                             "the file ends in row " + std::to_string(row) + " of the " +
                                 std::to_string(rows) + " that N announces"};
-            if (!field->empty())
-                dataset.cells.Set(column, row, std::string(*field));
+            dataset.cells.Set(column, row, *field);
         }
     return std::nullopt;
 }
@@ -110,7 +99,7 @@ void ReadNotes(TextReader& reader, std::string& notes) {
         if (seen)
             notes.append(*line).append("\r\n");
         else
-            seen = UpperCase(GetCodeValue(*line).key) == "NOTES";
+            seen = EqualInAnyCase(GetCodeValue(*line).key, "NOTES");
     }
     if (!notes.empty())
         notes.resize(notes.size() - 2);

@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace corvane {
 
@@ -38,7 +37,8 @@ struct LoadOutcome {
     std::string file;
     std::size_t line = 0; ///< Where reading ended, from 1; 0 where the file could not be read at all.
     std::string reason;   ///< Why, in words for the user; empty when all was read.
-    std::vector<std::string> messages; ///< What the window would have shown on the way.
+    std::size_t tooFewRowsLine =
+        0; ///< The first line with an N below 2, which the table did not follow; or 0.
 
     bool Complete() const { return state == LoadState::Loaded; }
     /// "file:line: reason".

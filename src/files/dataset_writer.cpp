@@ -11,13 +11,13 @@ namespace {
 
 constexpr const char* lineEnd = "\r\n";
 
-void AppendCell(std::string& text, const CellValue& cell) {
-    if (const double* number = std::get_if<double>(&cell)) {
+void AppendCell(std::string& text, const CellView& cell) {
+    if (const auto* number = std::get_if<double>(&cell)) {
         text += NumberText(*number);
         return;
     }
     text += '"';
-    if (const std::string* words = std::get_if<std::string>(&cell))
+    if (const auto* words = std::get_if<std::string_view>(&cell))
         for (const char c : *words) {
             if (c == '"')
                 text += '"';

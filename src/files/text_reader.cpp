@@ -58,10 +58,10 @@ std::string_view TextReader::ReadQuoted() {
 
 std::optional<std::string_view> TextReader::ReadField() {
     SkipBlanks();
-    if (AtEnd())
+    if (AtEnd() && !std::exchange(behindComma, false))
         return std::nullopt;
     std::string_view field;
-    if (text[position] == '"') {
+    if (!AtEnd() && text[position] == '"') {
         field = ReadQuoted();
         // What stands between the closing quote and the next comma or line end is no part of the field.
         while (!AtEnd() && text[position] != ',' && text[position] != '\r' && text[position] != '\n')
@@ -72,7 +72,8 @@ std::optional<std::string_view> TextReader::ReadField() {
             ++position;
         field = TrimBlanks(text.substr(start, position - start));
     }
-    if (!AtEnd() && text[position] == ',')
+    behindComma = !AtEnd() && text[position] == ',';
+    if (behindComma)
         ++position;
     else
         SkipLineEnd();

@@ -16,14 +16,14 @@ public:
     bool AtEnd() const { return position == text.size(); }
     /// The number of the line at which the next read starts, from 1.
     std::size_t LineNumber() const { return line; }
-    std::size_t BytesLeft() const { return text.size() - position; }
 
     /// The next line without its end; nothing at the end of the file.
     std::optional<std::string_view> ReadLine();
 
     /// The next field of a comma-and-quote record, which runs on over line ends: blanks before it are
     /// dropped; a quoted field ends at its closing quote and a doubled quote in it stands for one; any other
-    /// ends at a comma or line end, without the blanks before that. Nothing at the end of the file.
+    /// ends at a comma or line end, without the blanks before that. Nothing at the end of the file, unless
+    /// that stands behind a comma.
     std::optional<std::string_view> ReadField();
 
 private:
@@ -34,7 +34,8 @@ private:
     std::string_view text;
     std::size_t position = 0;
     std::size_t line = 1;
-    std::string unquoted; ///< Holds a quoted field that had doubled quotes.
+    bool behindComma = false; ///< A field follows even at the end of the file.
+    std::string unquoted;     ///< Holds a quoted field that had doubled quotes.
 };
 
 } // namespace corvane

@@ -15,7 +15,7 @@ class FileStore {
 public:
     virtual ~FileStore() = default;
 
-    /// Reads a regular file whole into `bytes`, which is left alone on failure.
+    /// Reads a file whole into `bytes`, which is left alone on failure.
     virtual FileResult Read(const std::string& path, std::string& bytes) const = 0;
 
     /// Replaces the file as one step: it holds the old bytes or the new ones, never a part of them.

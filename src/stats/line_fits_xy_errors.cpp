@@ -46,7 +46,8 @@ struct Objective {
 std::vector<double> UsableSDs(std::span<const double> sds, int exponent) {
     std::vector<double> result;
     for (double sd : sds)
-        result.push_back(Unscale(sd > 0.0 && sd <= Largest ? sd : 1e-30, -exponent));
+        result.push_back(
+            Unscale(std::fabs(sd) > 0.0 && std::fabs(sd) <= Largest ? std::fabs(sd) : 1e-30, -exponent));
     return result;
 }
 

@@ -67,12 +67,15 @@ TEST_F(Calc, RefusesWithOneClearLine) {
     ExpectRefused("$corvane calc broken.KOV", 1, "broken.KOV:2: OLS_SLS is 'x', not 0, 1 or 2");
     ExpectRefused("$corvane calc old.KOV", 1, "old.KOV:1: The version of this file is not compatible");
     ExpectRefused("$corvane calc two.KOV", 1, "two.KOV: 2 rows are in use, at least 3 are needed");
+    folder.Write("one.KOV", "4,0,0\nOLS_SLS= 1\nN=1\n");
+    ExpectRefused("$corvane calc one.KOV", 1, "one.KOV:3: At least 3 rows");
     ExpectRefused("$corvane calc same.KOV", 1, "same.KOV: X and Y values are identical. Computation halted!");
     const std::string base = "$corvane calc $examples/cars.KOV ";
     ExpectRefused(base + "--set OLS_SLZ=1", 1, "did you mean OLS_SLS?");
     ExpectRefused(base + "--set OLS_SLS=7", 1, "OLS_SLS takes 0, 1 or 2, not '7'");
     ExpectRefused(base + "--set N=1", 1, "At least 3 rows");
     ExpectRefused(base + "--set ROBUSTR=False", 1, "No option for regression is selected");
+    ExpectRefused(base + "--set \"OLS_SLS=$(printf 'a\\033[31m')\"", 1, "not 'a?[31m'");
     ExpectRefused(base + "--out old.KOV", 1, "old.KOV: ");
     ExpectRefused("SOURCE_DATE_EPOCH=soon " + base, 1, "SOURCE_DATE_EPOCH");
     ExpectRefused(base + ">/dev/full", 1, "standard output");

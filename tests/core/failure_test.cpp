@@ -27,6 +27,7 @@ TEST(Failure, ProgrammingErrorsAreNotSwallowed) {
 
 TEST(Failure, CheckedArithmeticRefusesWhatHasNoFiniteResult) {
     EXPECT_THROW(Divide(1e300, 1e-300), RunFailure);
+    EXPECT_THROW(Divide(1, std::numeric_limits<double>::max()), RunFailure);
     EXPECT_THROW(SquareRoot(-1e-300), RunFailure);
     EXPECT_EQ(SquareRoot(0), 0);
     EXPECT_THROW(Logarithm(0), RunFailure);

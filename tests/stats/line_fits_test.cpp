@@ -109,6 +109,9 @@ TEST(FitLineXYErrors, WithOneSideIgnoredIsWeightedLeastSquares) {
         near(onX.SDa, expected.SDa);
         near(onX.SDb, expected.SDb);
         near(onX.Chi2, expected.Chi2);
+        std::vector<double> negative = sample.SDY; // only squares of SDs matter
+        negative[3] = -negative[3];
+        EXPECT_EQ(FitLineXYErrors(sample.X, sample.Y, ignored, negative).Chi2, onX.Chi2);
         const LineFit onY = FitLineXYErrors(sample.X, sample.Y, sample.SDX, ignored);
         const LineFit inverse = weighted(sample.Y, sample.X, sample.SDX);
         near(onY.b, 1 / inverse.b);

@@ -1,5 +1,7 @@
 #include "core/format/numbers.h"
 
+#include "core/format/text_lists.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -180,20 +182,6 @@ std::optional<Integer> ToInteger(double value) {
     return std::nullopt;
 }
 
-bool EqualsWord(std::string_view text, std::string_view lowerCaseWord) {
-    if (text.size() != lowerCaseWord.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char letter =
-            text[i] >= 'A' && text[i] <= 'Z' ? static_cast<char>(text[i] - 'A' + 'a') : text[i];
-        if (letter != lowerCaseWord[i]) {
-            return false;
-        }
-    }
-    return true;
-}
-
 } // namespace
 
 std::optional<double> ReadNumber(std::string_view text) {
@@ -237,10 +225,10 @@ std::optional<std::int32_t> ToInteger32(double value) {
 
 std::optional<bool> ToBoolean(std::string_view text) {
     const std::string_view word = Trimmed(text);
-    if (EqualsWord(word, "true")) {
+    if (EqualInAnyCase(word, "true")) {
         return true;
     }
-    if (EqualsWord(word, "false")) {
+    if (EqualInAnyCase(word, "false")) {
         return false;
     }
     const std::optional<double> number = ReadNumber(word);

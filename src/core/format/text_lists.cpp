@@ -14,6 +14,10 @@ bool StartsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
 
+char UpperLetter(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
 void SplitSinglePath(std::string_view path, std::vector<std::string>& parts) {
     const std::string name = FileNameOf(path);
     const auto separators = std::count_if(path.begin(), path.end(), IsPathSeparator);
@@ -112,14 +116,24 @@ std::string Repeat(std::string_view piece, std::size_t times) {
     return text;
 }
 
+bool EqualInAnyCase(std::string_view text, std::string_view other) {
+    return std::equal(text.begin(), text.end(), other.begin(), other.end(),
+                      [](char one, char two) { return UpperLetter(one) == UpperLetter(two); });
+}
+
 std::string UpperCase(std::string_view text) {
     std::string upper(text);
-    for (char& letter : upper) {
-        if (letter >= 'a' && letter <= 'z') {
-            letter = static_cast<char>(letter - 'a' + 'A');
-        }
-    }
+    std::transform(upper.begin(), upper.end(), upper.begin(), UpperLetter);
     return upper;
+}
+
+std::string QuotedForMessage(std::string_view value) {
+    constexpr std::size_t longest = 40;
+    std::string shown(FirstCharacters(value, longest));
+    const bool cut = shown.size() < value.size();
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; }, '?');
+    return "'" + shown + (cut ? "...'" : "'");
 }
 
 std::string_view TrimBlanks(std::string_view text) {

@@ -40,6 +40,10 @@ std::string Repeat(std::string_view piece, std::size_t times);
 
 /// Raises the 26 ASCII letters only: keys and switches are made of those, in every locale.
 std::string UpperCase(std::string_view text);
+bool EqualInAnyCase(std::string_view text, std::string_view other);
+
+/// A value as a message quotes it: in single quotes, cut after 40 characters, control characters as "?".
+std::string QuotedForMessage(std::string_view value);
 
 /// Without the spaces (no other white space) at both ends.
 std::string_view TrimBlanks(std::string_view text);

@@ -7,7 +7,7 @@ namespace corvane {
 /// Files of the operating system.
 class NativeFileStore : public FileStore {
 public:
-    /// A folder or an endless device is refused.
+    /// A folder or an endless device is refused; a pipe is read to its end.
     FileResult Read(const std::string& path, std::string& bytes) const override;
 
     /// Writes a new file beside the old one, flushes it to the disk and renames it; a symbolic link stays a

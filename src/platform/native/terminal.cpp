@@ -6,6 +6,7 @@
 namespace corvane {
 
 void TerminalDialogs::ShowMessage(MessageStyle, const std::string& text, const std::string& title) {
+    TerminalFeedback().HideProgress();
     std::cerr << prefix << (title.empty() ? "" : title + ": ") << text << '\n';
 }
 
