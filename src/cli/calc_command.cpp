@@ -2,18 +2,15 @@
 
 #include "app/option_assignments.h"
 #include "app/saved_windows.h"
-#include "core/format/numbers.h"
+#include "cli/report_clock.h"
 #include "core/format/text_lists.h"
 #include "core/grid_operations.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
 #include "files/dataset_reader.h"
 #include "platform/native/native_file_store.h"
-#include "platform/native/system_clock.h"
 #include "platform/native/terminal.h"
 
-#include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -24,18 +21,6 @@ namespace {
 ExitCode Fail(const std::string& what) {
     std::cerr << "corvane: " << what << '\n';
     return ExitFailed;
-}
-
-/// The moment that stands in the report's header: SOURCE_DATE_EPOCH where that is set, otherwise now.
-std::optional<SystemClock> ReportClock() {
-    const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
-    if (!epoch || *epoch == '\0')
-        return SystemClock();
-    constexpr double endOfYear9999 = 253402300799.0;
-    const auto seconds = ReadNumber(epoch);
-    if (!seconds || *seconds < 0 || *seconds > endOfYear9999 || *seconds != std::floor(*seconds))
-        return std::nullopt;
-    return SystemClock(static_cast<std::int64_t>(*seconds));
 }
 
 /// A run's own message is already on standard error; what it keeps silent about, the command line says.

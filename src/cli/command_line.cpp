@@ -1,10 +1,15 @@
 #include "cli/command_line.h"
 
 #include "cli/calc_command.h"
+#include "cli/switch_run.h"
+#include "core/format/code_page.h"
+#include "core/format/text_lists.h"
 #include "core/version.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
+#include <string>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -39,12 +44,28 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
 ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     CLI::App program("Corvane judges how well a model predicts reality.", "corvane");
     program.set_version_flag("--version", "corvane " + VersionText());
-    program.footer("Example: corvane calc examples/mtcars.KOV --set OLS_SLS=1\n"
-                   "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage.");
+    program.footer(
+        "Switches, for a run without a window: /F<file> opens a dataset, /G shows plots, /R performs the "
+        "residual\n"
+        "analysis, /P prints the results, /S saves them, /O shows them, /L<folder> is where they are saved,\n"
+        "/X quits.  Example: corvane /Fd.KOV /S /Lout /X\n\n"
+        "Example: corvane calc examples/mtcars.KOV --set OLS_SLS=1\n"
+        "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage.");
     std::string file;
     program.add_option("FILE", file, "A dataset to open in the window");
     CalcRequest calc;
     AddCalc(program, calc);
+
+    const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
+    const bool subcommand = !words.empty() && (words[0] == "calc" || words[0].starts_with('-'));
+    if (!subcommand && IsSwitchLine(words))
+        return RunSwitchLine(words);
+    for (const std::string& word : words)
+        if (!IsValidUtf8(word)) {
+            std::cerr << "corvane: an argument is no valid UTF-8: " << QuotedForMessage(FromWindows1252(word))
+                      << '\n';
+            return ExitFailed;
+        }
 
     try {
         program.parse(argumentCount, arguments);

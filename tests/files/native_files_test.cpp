@@ -1,7 +1,8 @@
 #include "platform/native/native_file_store.h"
 #include "platform/native/native_processes.h"
 
-#include "support/golden.h"
+#include "platform/native/settings_file.h"
+#include "support/temporary_folder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -14,26 +15,17 @@ namespace fs = std::filesystem;
 
 class NativeFiles : public ::testing::Test {
 protected:
-    NativeFiles() {
-        std::string pattern = (fs::temp_directory_path() / "corvane-test-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
-    ~NativeFiles() override {
-        fs::permissions(folder, fs::perms::owner_all);
-        fs::remove_all(folder);
-    }
-
     std::size_t FilesInFolder() const {
         return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+            std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator()));
     }
 
-    fs::path folder;
+    testing::TemporaryFolder folder;
     NativeFileStore files;
 };
 
 TEST_F(NativeFiles, ReplacesAsOneStepAndKeepsLinkAndPermissions) {
-    const fs::path file = folder / "d.KOV", link = folder / "link.KOV";
+    const std::string file = folder / "d.KOV", link = folder / "link.KOV";
     ASSERT_TRUE(files.Replace(file, "old").done);
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
     fs::create_symlink(file, link);
@@ -48,17 +40,38 @@ TEST_F(NativeFiles, ReplacesAsOneStepAndKeepsLinkAndPermissions) {
 
 TEST_F(NativeFiles, FailuresSayWhyAndLeaveNothingBehind) {
     std::string bytes = "untouched";
-    EXPECT_EQ(files.Read(folder, bytes).reason, "this is a folder, not a file");
+    EXPECT_EQ(files.Read(folder.Path(), bytes).reason, "this is a folder, not a file");
     EXPECT_EQ(files.Read("/dev/zero", bytes).reason, "this is a device, not a file");
     EXPECT_FALSE(files.Read(folder / "missing", bytes).done);
     EXPECT_EQ(bytes, "untouched");
-    EXPECT_FALSE(files.Replace(folder / "no such folder" / "d.KOV", "x").done);
-    EXPECT_EQ(files.Replace(folder, "x").reason, "this is a folder, not a file");
+    EXPECT_FALSE(files.Replace(folder / "no such folder/d.KOV", "x").done);
+    EXPECT_EQ(files.Replace(folder.Path(), "x").reason, "this is a folder, not a file");
     if (::geteuid() != 0) { // the superuser writes everywhere
-        fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+        fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
         EXPECT_FALSE(files.Replace(folder / "d.KOV", "x").done);
     }
     EXPECT_EQ(FilesInFolder(), 0U);
+}
+
+TEST_F(NativeFiles, SettingsComeBackAndABrokenFileIsKeptAside) {
+    SettingsFile settings(files, folder / "config");
+    EXPECT_TRUE(settings.Read("App", "One").empty());
+    EXPECT_TRUE(settings.Write("App", "One", {{"a", "1"}, {"path", "x=y [z]"}}).done);
+    EXPECT_TRUE(settings.Write("App", "Two", {{"a", "2"}}).done);
+    EXPECT_TRUE(settings.Write("App", "One", {{"a", "3"}}).done);
+    EXPECT_EQ(settings.Read("App", "One"), (Settings::Values{{"a", "3"}, {"path", "x=y [z]"}}));
+
+    std::string whole;
+    files.Read(folder / "config/App.conf", whole);
+    for (const std::string& broken :
+         {whole.substr(0, whole.size() / 2), whole.substr(0, whole.rfind(';')), std::string("\x00\xFF", 2)}) {
+        files.Replace(folder / "config/App.conf", broken);
+        EXPECT_TRUE(settings.Read("App", "One").empty());
+        EXPECT_FALSE(fs::exists(folder / "config/App.conf"));
+    }
+    std::string aside;
+    EXPECT_TRUE(files.Read(folder / "config/App.conf.broken2", aside).done);
+    EXPECT_EQ(aside, whole.substr(0, whole.rfind(';')));
 }
 
 TEST(NativeProcesses, RunsACommandLineAndGivesItsExitCode) {

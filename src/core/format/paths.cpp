@@ -50,4 +50,10 @@ std::string FolderOf(std::string_view path) {
     return folder == 0 ? std::string(path) + PlatformSeparator : std::string(path.substr(0, folder));
 }
 
+std::string NativePath(std::string_view path) {
+    std::string native(path);
+    std::replace(native.begin(), native.end(), '\\', PlatformSeparator);
+    return native;
+}
+
 } // namespace corvane

@@ -21,4 +21,7 @@ std::string FileNameOf(std::string_view path);
 /// whole path, also an empty one, and the platform's separator.
 std::string FolderOf(std::string_view path);
 
+/// The path with the platform's own separator where "\\" stands.
+std::string NativePath(std::string_view path);
+
 } // namespace corvane

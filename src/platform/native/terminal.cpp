@@ -7,7 +7,10 @@ namespace corvane {
 
 void TerminalDialogs::ShowMessage(MessageStyle, const std::string& text, const std::string& title) {
     TerminalFeedback().HideProgress();
-    std::cerr << prefix << (title.empty() ? "" : title + ": ") << text << '\n';
+    std::string line = text;
+    for (std::size_t at = 0; (at = line.find("\r\n", at)) != std::string::npos;)
+        line.replace(at, 2, "; ");
+    std::cerr << prefix << (title.empty() ? "" : title + ": ") << line << '\n';
 }
 
 bool TerminalDialogs::AskYesNo(const std::string&, const std::string&, bool byDefault) {

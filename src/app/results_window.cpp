@@ -1,0 +1,60 @@
+#include "app/results_window.h"
+
+#include "core/format/format_picture.h"
+#include "core/format/paths.h"
+#include "core/format/text_lists.h"
+#include "core/report.h"
+
+namespace corvane {
+
+std::string WorkingFolder(Folders& folders) {
+    std::string folder = folders.Documents() + "/ORRL/KOV Files";
+    folders.Make(folder);
+    return folder;
+}
+
+std::string NumberedFile(std::string_view folder, std::string_view stem) {
+    while (!folder.empty() && IsPathSeparator(folder.back()))
+        folder.remove_suffix(1);
+    const std::string beginning = std::string(folder) + "/" + std::string(stem);
+    for (double number = 1;; ++number) {
+        std::string path = beginning + FormatPicture(number, "0000").value_or("") + ".TXT";
+        if (!FileExists(path))
+            return path;
+    }
+}
+
+std::string CaptionWithFile(std::string_view caption, std::string_view path) {
+    constexpr std::size_t longest = 20;
+    const std::string dots = CharacterCount(path) > longest ? "..." : "";
+    return std::string(caption) + " (" + dots + std::string(LastCharacters(path, longest)) + ")";
+}
+
+FileResult SaveUnderNumber(ResultsWindow& window, std::string_view folder, ResultsServices services,
+                           std::string& path) {
+    path = NumberedFile(folder.empty() ? WorkingFolder(services.folders) : folder, "Notes");
+    const FileResult saved = services.files.Replace(path, window.text);
+    if (saved.done)
+        window.caption = CaptionWithFile(window.caption, path);
+    return saved;
+}
+
+void PrintResults(const ResultsWindow& window, ResultsServices services) {
+    const FileResult printed = services.printer.Print(WithLineFeeds(window.text), window.caption);
+    if (!printed.done)
+        services.dialogs.ShowMessage(MessageStyle::Critical, TrappedMessage("Print", printed.reason, 1),
+                                     "Info");
+}
+
+void EditResults(const ResultsWindow& window, ResultsServices services) {
+    const std::string path = NumberedFile(WorkingFolder(services.folders), "Results");
+    if (services.files.Replace(path, window.text).done)
+        services.editor.Open(path);
+}
+
+std::string TrappedMessage(std::string_view source, std::string_view description, int code) {
+    return "Source: " + std::string(source) + "\r\nDescription: " + std::string(description) +
+           "\r\nCode: " + std::to_string(code);
+}
+
+} // namespace corvane

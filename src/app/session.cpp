@@ -1,0 +1,108 @@
+#include "app/session.h"
+
+#include "app/parameters.h"
+#include "app/user_settings.h"
+#include "core/format/code_page.h"
+#include "core/format/paths.h"
+#include "core/format/text_lists.h"
+#include "core/grid_operations.h"
+#include "core/option_changes.h"
+#include "core/version.h"
+#include "files/dataset_reader.h"
+
+#include <utility>
+
+namespace corvane {
+namespace {
+
+/// Whether a path that the line carries names a file. One that is no valid UTF-8 could not stand in a report.
+bool NamesAFile(const std::string& path) {
+    return IsValidUtf8(path) && FileExists(path);
+}
+
+} // namespace
+
+std::string Session::Caption() const {
+    const std::string name = FileNameOf(state.CurrentDatasetName);
+    return "Corvane v. " + VersionText() + (name.empty() ? "" : " - " + name);
+}
+
+ResultsServices Session::ForResults() const {
+    return {services.files, services.folders, services.dialogs, services.printer, services.editor};
+}
+
+bool Session::Start(std::string_view commandLine) {
+    ReadUserSettings(dataset.options, services.settings);
+    WorkingFolder(services.folders);
+    return !commandLine.empty() && Dispatch(commandLine);
+}
+
+bool Session::Dispatch(std::string_view commandLine) {
+    const SwitchLine line = ReadSwitches(commandLine);
+    if (!line.file.empty())
+        batch.BatchFile = NativePath(line.file);
+    if (!line.folder.empty())
+        batch.BatchPath = NativePath(line.folder);
+    if (!line.compareFile.empty())
+        batch.BatchCompareFile = NativePath(line.compareFile);
+    batch.BatchPrint = batch.BatchPrint || line.print;
+    batch.BatchSave = batch.BatchSave || line.save;
+    batch.BatchShow = batch.BatchShow || line.show;
+
+    batch.BatchRun = true;
+    if (NamesAFile(batch.BatchFile)) {
+        dataset.cells.Clear();
+        Open(batch.BatchFile);
+        const auto tick = [&](std::int16_t AnalysisOptions::*box, bool on) {
+            ChangeOption(dataset, state, OptionOf(box), static_cast<std::int16_t>(on ? 1 : 0));
+        };
+        tick(&AnalysisOptions::SHOW_RESIDUAL_PLOT, line.plots);
+        tick(&AnalysisOptions::RESIDUAL_ANALYSIS, line.residuals);
+        CalculateAction();
+    }
+    if (NamesAFile(batch.BatchCompareFile))
+        services.dialogs.ShowMessage(
+            MessageStyle::Information,
+            batch.BatchCompareFile + ": a comparison needs its window; for its report: corvane compare FILE",
+            "");
+    batch.BatchRun = false;
+    return line.quit;
+}
+
+void Session::Open(const std::string& path) {
+    const LoadOutcome outcome = LoadFile(path, dataset, state, services.files);
+    if (outcome.state == LoadState::OldVersion)
+        services.dialogs.ShowMessage(MessageStyle::Critical, OldVersionMessage, "Load");
+    if (outcome.tooFewRowsLine > 0)
+        services.dialogs.ShowMessage(MessageStyle::Information, TooFewRowsMessage, "");
+    if (!outcome.Complete())
+        return;
+    if (!IsSet(dataset.options.NoSound))
+        services.feedback.Beep();
+    services.feedback.ShowProgress("File loaded ...");
+}
+
+void Session::CalculateAction() {
+    const RunResult result = Calculate(dataset, state, {services.dialogs, services.feedback, services.clock});
+    if (result.end != RunEnd::Finished)
+        return;
+    ResultsWindow& window =
+        windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
+    if (batch.BatchRun)
+        ActInBatch(window);
+}
+
+void Session::ActInBatch(ResultsWindow& window) {
+    if (batch.BatchSave) {
+        std::string path;
+        // A folder that cannot be written leaves no file and, in a batch, no message.
+        if (SaveUnderNumber(window, batch.BatchPath, ForResults(), path).done && batch.BatchShow)
+            services.editor.Open(path);
+    }
+    if (batch.BatchPrint)
+        PrintResults(window, ForResults());
+    if (batch.BatchShow)
+        window.open = false;
+}
+
+} // namespace corvane

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "app/results_window.h"
+#include "core/dataset.h"
+#include "core/session_state.h"
+#include "evaluation/calculate.h"
+#include "platform/settings.h"
+
+#include <list>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// The services of a session. They must outlive it.
+struct SessionServices {
+    FileStore& files;
+    Folders& folders;
+    Settings& settings;
+    Dialogs& dialogs;
+    Feedback& feedback;
+    const Clock& clock;
+    Printer& printer;
+    TextEditor& editor;
+};
+
+/// What the switches asked for; it stays for the session, so that a later line need not repeat it.
+struct BatchState {
+    bool BatchRun =
+        false; ///< A dispatch is under way: files load without a dialog, results act by themselves.
+    std::string BatchFile;
+    std::string BatchPath;
+    bool BatchPrint = false;
+    bool BatchSave = false;
+    bool BatchShow = false;
+    std::string BatchCompareFile;
+};
+
+/// What the program holds from its start to its end, and the actions of its main window.
+class Session {
+public:
+    explicit Session(SessionServices sessionServices) : services(sessionServices) {}
+
+    /// The start: user settings, the working folder, and the switch line if there is one. True: the program
+    /// shall end now.
+    bool Start(std::string_view commandLine);
+
+    /// Carries a switch line out, at the start or when a later process hands it over. Failures pass in
+    /// silence; a missing file skips its step. True: the program shall end now.
+    bool Dispatch(std::string_view commandLine);
+
+    /// Opens a dataset; on an old version the message of a refused file comes, other failures leave what was
+    /// read.
+    void Open(const std::string& path);
+
+    /// Evaluates the dataset into a results window of its own.
+    void CalculateAction();
+
+    /// The caption of the main window: program, version, and the dataset's file name if it has one.
+    std::string Caption() const;
+
+    const std::list<ResultsWindow>& Windows() const { return windows; }
+    const Dataset& CurrentDataset() const { return dataset; }
+    const BatchState& Batch() const { return batch; }
+
+private:
+    void ActInBatch(ResultsWindow& window);
+    ResultsServices ForResults() const;
+
+    SessionServices services;
+    Dataset dataset;
+    SessionState state;
+    BatchState batch;
+    std::list<ResultsWindow> windows;
+};
+
+} // namespace corvane

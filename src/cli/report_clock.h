@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/native/system_clock.h"
+
+#include <optional>
+
+namespace corvane {
+
+/// The clock of the report's header: it stands at SOURCE_DATE_EPOCH where that is set. Nothing where that is
+/// no count of seconds since 1970 up to the year 9999.
+std::optional<SystemClock> ReportClock();
+
+} // namespace corvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "cli/exit_codes.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// Whether the arguments are a switch line: one of them is "/" and a letter, or /F, /L or /C and a path, and
+/// names no file.
+bool IsSwitchLine(const std::vector<std::string>& arguments);
+
+/// The line that the dispatcher reads, in which "/" only marks switches: the path behind /F, /L or /C, and an
+/// argument that is a file, become absolute, with "\" between folders and in double quotes; other arguments
+/// stay. Nothing where a path holds a "\" or a double quote of its own, which the line cannot carry;
+/// `refused` then takes it.
+std::optional<std::string> MakeSwitchLine(const std::vector<std::string>& arguments, std::string& refused);
+
+/// Runs a session without a window: carries the line out and ends.
+ExitCode RunSwitchLine(const std::vector<std::string>& arguments);
+
+} // namespace corvane

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/file_store.h"
+#include "platform/settings.h"
+
+#include <map>
+#include <string>
+
+namespace corvane {
+
+/// Settings in one small file an application, "<folder>/<application>.conf": "[section]" lines, "name=value"
+/// lines and a last line that says that the file is whole. A file that is not, or cannot be read, is renamed
+/// and counts as absent, so that nothing of it is lost.
+class SettingsFile : public Settings {
+public:
+    SettingsFile(FileStore& fileStore, std::string configurationFolder)
+        : files(fileStore), folder(std::move(configurationFolder)) {}
+
+    Values Read(const std::string& application, const std::string& section) override;
+    FileResult Write(const std::string& application, const std::string& section,
+                     const Values& values) override;
+
+private:
+    using Sections = std::map<std::string, Values>;
+
+    Sections ReadAll(const std::string& path);
+
+    FileStore& files;
+    std::string folder;
+};
+
+} // namespace corvane
