@@ -1,5 +1,6 @@
 #include "cli/calc_command.h"
 
+#include "app/json_report.h"
 #include "app/option_assignments.h"
 #include "app/saved_windows.h"
 #include "cli/report_clock.h"
@@ -14,9 +15,26 @@
 #include <filesystem>
 #include <iostream>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace corvane {
 namespace {
+
+constexpr const char* standardOutput = "-";
+
+/// Messages on standard error that are kept besides, for the JSON.
+class KeptMessages : public TerminalDialogs {
+public:
+    using TerminalDialogs::TerminalDialogs;
+
+    void ShowMessage(MessageStyle style, const std::string& text, const std::string& title) override {
+        texts.push_back(text);
+        TerminalDialogs::ShowMessage(style, text, title);
+    }
+
+    std::vector<std::string> texts;
+};
 
 ExitCode Fail(const std::string& what) {
     std::cerr << "corvane: " << what << '\n';
@@ -53,13 +71,15 @@ ExitCode RunCalc(const CalcRequest& request) {
     }
     if (loaded.tooFewRowsLine > 0)
         return Fail(request.data + ":" + std::to_string(loaded.tooFewRowsLine) + ": " + TooFewRowsMessage);
+    if (request.jsonFile != standardOutput && std::filesystem::equivalent(path, request.jsonFile, error))
+        return Fail("--json " + request.jsonFile + " would replace the dataset");
     if (request.all)
         TickAllGates(dataset, session);
     for (const std::string& assignment : request.assignments)
         if (const auto wrong = AssignOption(dataset, session, assignment))
             return Fail("--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong);
 
-    TerminalDialogs dialogs("corvane: " + request.data + ": ");
+    KeptMessages dialogs("corvane: " + request.data + ": ");
     TerminalFeedback feedback;
     const RunResult result = Calculate(dataset, session, {dialogs, feedback, *clock});
     if (result.end != RunEnd::Finished)
@@ -72,7 +92,15 @@ ExitCode RunCalc(const CalcRequest& request) {
         if (const FileResult saved = SaveWindows(request.outFolder, result.report, files); !saved.done)
             return Fail(saved.reason);
     }
-    std::cout << WithLineFeeds(result.report.Text()) << std::flush;
+    std::string text = WithLineFeeds(result.report.Text());
+    if (!request.jsonFile.empty()) {
+        std::string json = JsonReport({dataset, session, result, request.data, dialogs.texts});
+        if (request.jsonFile == standardOutput)
+            text = std::move(json);
+        else if (const FileResult written = files.Replace(request.jsonFile, json); !written.done)
+            return Fail(request.jsonFile + ": " + written.reason);
+    }
+    std::cout << text << std::flush;
     return std::cout ? ExitDone : Fail("the report could not be written to standard output");
 }
 

@@ -13,6 +13,7 @@ struct CalcRequest {
     std::vector<std::string> assignments; ///< "KEY=VALUE", applied from left to right after `all`.
     bool all = false;                     ///< Ticks the gates of every section and plot.
     std::string outFolder;                ///< Where the run's windows are saved; empty: nowhere.
+    std::string jsonFile; ///< Where the JSON goes; empty: nowhere, "-": instead of the report.
 };
 
 /// Loads, calculates and prints the report to standard output with LF; messages go to standard error.

@@ -37,6 +37,10 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
     calc->add_option("--out", request.outFolder, "Save the results as results.txt in this folder")
         ->type_name("DIR")
         ->check(CheckNotEmpty);
+    calc->add_option("--json", request.jsonFile,
+                     "Write the report as JSON into this file; \"-\": to standard output instead of the text")
+        ->type_name("FILE")
+        ->check(CheckNotEmpty);
 }
 
 } // namespace

@@ -81,9 +81,29 @@ TEST_F(Calc, RefusesWithOneClearLine) {
     ExpectRefused(base + ">/dev/full", 1, "standard output");
 }
 
+TEST_F(Calc, WritesJsonBesideTheReportOrInsteadOfIt) {
+    const std::string weighted = "$corvane calc $examples/mtcars.KOV --set WLSM=True ",
+                      plain = Run(weighted).out;
+    EXPECT_EQ(Run(weighted + "--json r.json").out, plain);
+    const Ran piped = Run(weighted + "--json -");
+    EXPECT_EQ(piped.out, folder.Read("r.json"));
+    EXPECT_TRUE(piped.out.starts_with("{\n") && piped.out.ends_with("\n}\n")) << piped.out;
+    EXPECT_TRUE(Has(piped.out, "\"Because at least one SD X or SD Y is zero")) << piped.out;
+    EXPECT_TRUE(Has(piped.err, "Because at least one SD X or SD Y is zero"));
+
+    folder.Write("d.KOV", "4,0,0\nN=3\nDATA:\n1,,2,,,,\n2,,3,,,,\n3,,5,,,,\n");
+    const Ran bytes = Run("mkdir \"$(printf 'b\\377')\" && cd b* && $corvane calc ../d.KOV --json -");
+    EXPECT_TRUE(Has(bytes.out, "/b\xEF\xBF\xBD/../d.KOV\"")) << bytes.out << bytes.err;
+    ExpectRefused("$corvane calc d.KOV --json none/r.json", 1, "none/r.json: No such file");
+    ExpectRefused("$corvane calc d.KOV --json ./d.KOV", 1, "would replace the dataset");
+    ExpectRefused("mkfifo pipe; $corvane calc d.KOV --json pipe", 1, "pipe: this is a device or a pipe");
+    ExpectRefused("$corvane calc d.KOV --json - >/dev/full", 1, "standard output");
+    EXPECT_FALSE(folder.Exists("none"));
+}
+
 TEST_F(Calc, WrongUsageExitsWithTwo) {
     for (const char* arguments : {"calc", "calc a b", "calc --set", "calc d.KOV --set OLS_SLS",
-                                  "calc d.KOV --what", "calc d.KOV --set =1"})
+                                  "calc d.KOV --what", "calc d.KOV --set =1", "calc d.KOV --json"})
         ExpectRefused(std::string("$corvane ") + arguments, 2, "");
     EXPECT_EQ(Run("$corvane --version").out, "corvane 4.0.0\n");
     EXPECT_EQ(Run("$corvane --help").exit, 0);

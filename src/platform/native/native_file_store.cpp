@@ -98,8 +98,11 @@ FileResult NativeFileStore::Replace(const std::string& path, const std::string& 
     if (std::filesystem::is_symlink(path, error))
         if (const auto real = std::filesystem::canonical(path, error); !error)
             target = real.string();
-    if (std::filesystem::is_directory(target, error))
+    const auto status = std::filesystem::status(target, error);
+    if (std::filesystem::is_directory(status))
         return {false, "this is a folder, not a file"};
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+        return {false, "this is a device or a pipe, not a file"};
 
     // A short name of its own, since the target's may already be as long as names can be.
     const std::filesystem::path folder = std::filesystem::path(target).parent_path();

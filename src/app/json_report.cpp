@@ -1,0 +1,112 @@
+#include "app/json_report.h"
+
+#include "core/format/numbers.h"
+#include "core/format/paths.h"
+#include "core/format/text_lists.h"
+#include "core/option_table.h"
+#include "core/version.h"
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <utility>
+
+namespace corvane {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Raised when a reader of the last format would misread the new one.
+constexpr int formatNumber = 1;
+
+void AddOnce(Json& object, const std::string& key, Json value, const std::string& where) {
+    if (object.contains(key))
+        throw std::logic_error("the name '" + key + "' occurs twice in the report's " + where);
+    object[key] = std::move(value);
+}
+
+Json OptionJson(const OptionValue& value) {
+    // The digits that the dataset file has: 9.1, and not the double next to the single 9.1.
+    if (const auto* number = std::get_if<float>(&value))
+        return ReadNumber(NumberText(*number)).value_or(*number);
+    return std::visit([](const auto& held) { return Json(held); }, value);
+}
+
+Json ValueJson(const CellValue& value) {
+    if (const auto* number = std::get_if<double>(&value))
+        return *number;
+    if (const auto* text = std::get_if<std::string>(&value))
+        return *text;
+    return nullptr;
+}
+
+/// Whether "n/a" stands in the place of the value; a text that itself says "n/a" is shown.
+bool NotShown(const ReportField& shown) {
+    const auto& [value, width, decimals, alignment, probability, leadingZero] = shown.field;
+    return shown.text == AlignField("n/a", width, alignment) &&
+           TrimBlanks(CellText(value)) != TrimBlanks(shown.text);
+}
+
+Json SectionJson(const ReportSection& section) {
+    Json values = Json::object(), notShown = Json::array(), failures = Json::array(), lines = Json::array();
+    const auto addField = [&](const ReportField& shown) {
+        if (shown.name.empty()) {
+            // Words that were only put into a column belong to the line.
+            if (std::holds_alternative<double>(shown.field.value))
+                throw std::logic_error("a number of the report's section '" + section.id + "' has no name");
+            return;
+        }
+        AddOnce(values, shown.name, ValueJson(shown.field.value), "section '" + section.id + "'");
+        if (NotShown(shown))
+            notShown.push_back(shown.name);
+    };
+
+    std::string text;
+    for (const ReportLine& line : section.lines) {
+        for (const ReportPiece& piece : line.pieces)
+            if (piece.isField)
+                addField(piece.field);
+        text += line.Text();
+        if (line.closed)
+            lines.push_back(std::exchange(text, {}));
+    }
+    if (!text.empty())
+        lines.push_back(text);
+    for (const std::string& reason : section.failures)
+        failures.push_back({{"reason", reason}});
+
+    Json json;
+    json["title"] = section.title;
+    json["values"] = std::move(values);
+    json["not_shown"] = std::move(notShown);
+    json["failures"] = std::move(failures);
+    json["lines"] = std::move(lines);
+    return json;
+}
+
+} // namespace
+
+std::string JsonReport(const JsonRun& run) {
+    Json json;
+    json["format"] = formatNumber;
+    json["program"] = "corvane";
+    json["version"] = VersionText();
+
+    const std::string& path = run.session.CurrentDatasetName;
+    Json& dataset = json["dataset"];
+    dataset["file"] = run.file;
+    dataset["path"] = path;
+    dataset["name"] = FileNameOf(path);
+    dataset["rows"] = run.result.rows;
+
+    Json& options = json["options"];
+    for (const OptionRow& row : OptionTable())
+        options[std::string(row.key)] = OptionJson(GetOption(run.dataset.options, row));
+    json["messages"] = run.messages;
+
+    Json& sections = json["sections"] = Json::object();
+    for (const ReportSection& section : run.result.report.Sections())
+        AddOnce(sections, section.id, SectionJson(section), "sections");
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+} // namespace corvane

@@ -1,0 +1,201 @@
+#include "app/json_report.h"
+
+#include "core/format/text_lists.h"
+#include "core/option_changes.h"
+#include "files/dataset_reader.h"
+#include "platform/native/native_file_store.h"
+#include "support/fakes.h"
+#include "support/golden.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <valijson/adapters/nlohmann_json_adapter.hpp>
+#include <valijson/schema.hpp>
+#include <valijson/schema_parser.hpp>
+#include <valijson/validator.hpp>
+
+namespace corvane {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Strings = std::vector<std::string>;
+
+/// A run with every gate ticked, and its JSON.
+struct FullRun {
+    explicit FullRun(const std::string& path, const FileStore& files = NativeFileStore()) {
+        const LoadOutcome loaded = LoadFile(path, dataset, session, files);
+        EXPECT_TRUE(loaded.Complete()) << loaded.Error();
+        TickAllGates(dataset, session);
+        testing::RecordingDialogs dialogs;
+        testing::RecordingFeedback feedback;
+        result = Calculate(dataset, session, {dialogs, feedback, testing::FixedClock()});
+        EXPECT_EQ(result.end, RunEnd::Finished);
+        json = Json::parse(JsonReport({dataset, session, result, path, dialogs.messages}));
+    }
+    const Json& Section(const char* id) const { return json.at("sections").at(id); }
+
+    Dataset dataset;
+    SessionState session;
+    RunResult result;
+    Json json;
+};
+
+FullRun Example(const char* name) {
+    return FullRun(std::string(CORVANE_EXAMPLES) + "/" + name);
+}
+
+/// Points exactly on y = 1.5 + x / 2: statistics saturate and print as "n/a", whole lines fail.
+FullRun ExactLine() {
+    testing::MemoryFiles files;
+    files.files["/d/exact.KOV"] = "4,0,0\nN=4\nDATA:\n1,,2,,,,\n2,,2.5,,,,\n4,,3.5,,,,\n8,,5.5,,,,\n";
+    return FullRun("/d/exact.KOV", files);
+}
+
+/// What the published schema finds wrong; empty for a valid document.
+Strings SchemaErrors(const Json& document) {
+    valijson::Schema schema;
+    const auto rules =
+        nlohmann::json::parse(testing::ReadBytes(std::string(CORVANE_DOCS) + "/report.schema.json"));
+    const nlohmann::json copy = document;
+    valijson::SchemaParser().populateSchema(valijson::adapters::NlohmannJsonAdapter(rules), schema);
+    valijson::ValidationResults results;
+    valijson::Validator().validate(schema, valijson::adapters::NlohmannJsonAdapter(copy), &results);
+    Strings errors;
+    for (const auto& error : results)
+        errors.push_back(error.description);
+    return errors;
+}
+
+/// What the text says of a number must be within half a unit of its last place.
+void ExpectShownValue(const ReportField& shown, double value) {
+    const double unit = std::pow(10.0, -shown.field.decimals);
+    const bool raised = shown.field.probability && value < unit;
+    const double read = std::strtod(shown.text.c_str(), nullptr);
+    EXPECT_NEAR(read, raised ? value + unit : value, 0.5000001 * unit + 1e-15 * std::abs(value))
+        << shown.name;
+}
+
+/// Every field is in the JSON under a name of its own, as the very double; the lines make up the report.
+void ExpectSameAsReport(const FullRun& run) {
+    std::string text;
+    for (const ReportSection& section : run.result.report.Sections()) {
+        const Json& json = run.Section(section.id.c_str());
+        const Strings notShown = json.at("not_shown");
+        std::size_t fields = 0;
+        for (const ReportLine& line : section.lines)
+            for (const auto& [words, shown, isField] : line.pieces) {
+                const auto* number = std::get_if<double>(&shown.field.value);
+                if (!isField || (shown.name.empty() && !number))
+                    continue;
+                ++fields;
+                ASSERT_NE(shown.name, "") << section.id << ": " << line.Text();
+                const Json& value = json.at("values").at(shown.name);
+                if (!number)
+                    continue;
+                const bool hidden = shown.text.find("n/a") != std::string::npos;
+                EXPECT_EQ(std::ranges::count(notShown, shown.name), hidden ? 1 : 0) << shown.name;
+                EXPECT_EQ(std::bit_cast<std::uint64_t>(value.get<double>()),
+                          std::bit_cast<std::uint64_t>(*number));
+                if (!hidden)
+                    ExpectShownValue(shown, value);
+            }
+        EXPECT_EQ(json.at("values").size(), fields) << "a name occurs twice in " << section.id;
+        Strings reasons;
+        for (const Json& failure : json.at("failures"))
+            reasons.push_back(failure.at("reason"));
+        EXPECT_EQ(reasons, section.failures);
+
+        const std::string title = json.at("title");
+        if (!title.empty())
+            text += (text.find("===") == std::string::npos ? "" : "\n\n") + title + "\n" +
+                    std::string(CharacterCount(title), '=') + "\n";
+        for (const Json& line : json.at("lines"))
+            text += line.get<std::string>() + "\n";
+    }
+    EXPECT_EQ(text, WithLineFeeds(run.result.report.Text()));
+}
+
+TEST(JsonReport, HoldsEveryNumberOfAFullRunUnderItsName) {
+    for (const FullRun& run :
+         {Example("mtcars.KOV"), Example("pearson.KOV"), Example("cars.KOV"), ExactLine()}) {
+        EXPECT_EQ(SchemaErrors(run.json), Strings{});
+        ExpectSameAsReport(run);
+    }
+}
+
+TEST(JsonReport, TellsNotShownFromFailedAndKeepsTheSizeOfATail) {
+    const FullRun exact = ExactLine();
+    EXPECT_EQ(exact.Section("parameter_tests").at("not_shown"), (Json{"T_r", "F1", "F2"}));
+    EXPECT_EQ(exact.Section("parameter_tests").at("values").at("T_r"), std::numeric_limits<double>::max());
+    EXPECT_FALSE(exact.Section("parameter_tests").at("values").contains("T_b")); // no SD, no line
+    EXPECT_EQ(exact.Section("line_family").at("failures").size(), 6U);
+    EXPECT_TRUE(exact.Section("line_family").at("values").empty());
+
+    // R 4.2.2, summary(lm(waiting ~ eruptions, faithful)).
+    const double P = Example("faithful.KOV").Section("parameter_tests").at("values").at("P_b");
+    EXPECT_NEAR(P / 8.1299585066227895e-100, 1, 1e-11);
+}
+
+TEST(JsonReport, TheSchemaRefusesBrokenDocuments) {
+    const Json document = Example("mtcars.KOV").json;
+    for (const char* change :
+         {R"({"op": "remove", "path": "/version"})", R"({"op": "replace", "path": "/format", "value": 2})",
+          R"({"op": "add", "path": "/extra", "value": 1})",
+          R"({"op": "replace", "path": "/dataset/rows", "value": 32.5})",
+          R"({"op": "replace", "path": "/options/LSM", "value": null})",
+          R"({"op": "remove", "path": "/sections/header/failures"})",
+          R"({"op": "replace", "path": "/sections/regression/values/a", "value": true})",
+          R"({"op": "add", "path": "/sections/header/failures/0", "value": {}})"})
+        EXPECT_NE(SchemaErrors(document.patch(Json::array({Json::parse(change)}))), Strings{}) << change;
+}
+
+TEST(JsonReport, OptionsKeepTheirTypes) {
+    FullRun run = Example("cars.KOV");
+    run.dataset.options.NOTES_SIZE = 9.1f;
+    const Json json = Json::parse(JsonReport({run.dataset, run.session, run.result, "", {}}));
+    for (const OptionRow& row : OptionTable()) {
+        const Json& value = json.at("options").at(std::string(row.key));
+        const bool typed[] = {value.is_number_integer(), value.is_boolean(), value.is_string(),
+                              value.is_number_float()};
+        EXPECT_TRUE(typed[static_cast<int>(row.Form())]) << row.key;
+        const std::string text = value.is_string() ? value.get<std::string>() : UpperCase(value.dump());
+        const std::string inFile = OptionText(GetOption(run.dataset.options, row));
+        EXPECT_EQ(text, value.is_string() ? inFile : UpperCase(TrimBlanks(inFile))) << row.key;
+    }
+}
+
+TEST(JsonReport, TextsBadBytesAndUnnamedNumbers) {
+    FullRun run = Example("mtcars.KOV");
+    ReportSection& section = run.result.report.BeginSection("texts", "T\xFF");
+    section.OpenLine(F(6, 2, std::string("12")).Named("text"), F(3, 0, std::string("long")).Named("long"));
+    section.Line(F(5, 0, std::string("n/a")).Named("says"), F(2, 0, {}).Named("blank"),
+                 F(2, 0, std::string("w")));
+    run.session.CurrentDatasetName = "/d\xE9/x\xC3.KOV";
+    const auto render = [&] {
+        return JsonReport({run.dataset, run.session, run.result, "x\x80", {"\xED\xA0\x80"}});
+    };
+    const Json json = Json::parse(render()), &texts = json.at("sections").at("texts");
+    EXPECT_EQ(json.at("dataset").at("name"), "x\xEF\xBF\xBD.KOV");
+    EXPECT_EQ(json.at("dataset").at("file"), "x\xEF\xBF\xBD");
+    EXPECT_EQ(texts.at("values").dump(), R"({"text":"12","long":"long","says":"n/a","blank":null})");
+    EXPECT_EQ(texts.at("not_shown"), Json{"long"});
+    EXPECT_EQ(texts.at("lines"), Json{" 12.00n/a  n/a   w"});
+
+    section.Line(F(6, 2, 1.0).Named("text"));
+    EXPECT_THROW(render(), std::logic_error);
+    section.lines.back() = {};
+    section.Line(F(6, 2, 1.0));
+    EXPECT_THROW(render(), std::logic_error);
+    section.lines.pop_back();
+    EXPECT_NO_THROW(render());
+    run.result.report.BeginSection("texts", "again");
+    EXPECT_THROW(render(), std::logic_error);
+}
+
+} // namespace
+} // namespace corvane

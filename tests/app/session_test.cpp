@@ -1,0 +1,218 @@
+#include "app/session.h"
+
+#include "app/parameters.h"
+#include "app/user_settings.h"
+#include "core/format/text_lists.h"
+#include "platform/native/native_file_store.h"
+#include "support/fakes.h"
+#include "support/golden.h"
+#include "support/temporary_folder.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using namespace testing;
+using Strings = std::vector<std::string>;
+
+TEST(GetParameters, DropsEverySlashAndKeepsSingleQuotes) {
+    EXPECT_EQ(GetParameters(R"(/F"C:\a b\d.KOV" /S /L"C:\out" /X)"),
+              (Strings{R"(FC:\a b\d.KOV)", "S", R"(LC:\out)", "X"}));
+    EXPECT_EQ(GetParameters(R"(/F"a/b c" /X)"), (Strings{"Fab c", "X"})); // inside quotes too
+    EXPECT_EQ(GetParameters("before it /X /S"), (Strings{"before it X", "S"}));
+    EXPECT_EQ(GetParameters(R"(/F'C:\d.KOV')"), Strings{R"(F'C:\d.KOV')"});
+    EXPECT_EQ(GetParameters(R"(/F C:\d.KOV)"), (Strings{"F", R"(C:\d.KOV)"}));
+    EXPECT_EQ(GetParameters("  /X  //S"), (Strings{"  X", " S"})); // a blank that ends no token begins one
+    EXPECT_TRUE(GetParameters("").empty());
+    EXPECT_EQ(GetParameters(Repeat("/S ", 10'000)).size(), 10'000U);
+}
+
+TEST(ReadSwitches, TheFirstLetterInAnyCaseDecides) {
+    const SwitchLine line = ReadSwitches(R"(/fone /F"two" /g /Quiet /residuals /C:\d /l"out\" /x)");
+    EXPECT_EQ(line.file, "two");
+    EXPECT_TRUE(line.plots && line.residuals && line.quit);
+    EXPECT_EQ(line.compareFile, R"(:\d)");
+    EXPECT_EQ(line.folder, R"(out\)");
+    EXPECT_FALSE(line.save || line.print || line.show || line.stayHidden);
+}
+
+struct LoggedFiles : NativeFileStore {
+    explicit LoggedFiles(Strings& l) : log(l) {}
+    FileResult Replace(const std::string& path, const std::string& bytes) override {
+        log.push_back("save " + path.substr(path.rfind('/') + 1));
+        return NativeFileStore::Replace(path, bytes);
+    }
+    Strings& log;
+};
+
+struct LoggedPrinter : Printer {
+    explicit LoggedPrinter(Strings& l) : log(l) {}
+    FileResult Print(const std::string& text, const std::string& title) override {
+        log.push_back("print " + title);
+        printed = text;
+        return result;
+    }
+    Strings& log;
+    std::string printed;
+    FileResult result{true, {}};
+};
+
+struct LoggedEditor : TextEditor {
+    explicit LoggedEditor(Strings& l) : log(l) {}
+    bool Open(const std::string& path) override {
+        log.push_back("edit " + path.substr(path.rfind('/') + 1));
+        return true;
+    }
+    Strings& log;
+};
+
+struct FixedFolders : Folders {
+    explicit FixedFolders(std::string f) : folder(std::move(f)) {}
+    std::string Documents() const override { return folder; }
+    std::string Configuration() const override { return folder; }
+    bool Make(const std::string& path) override { return std::filesystem::create_directories(path); }
+    std::string folder;
+};
+
+struct MemorySettings : Settings {
+    Values Read(const std::string& application, const std::string& section) override {
+        return stored[application + "/" + section];
+    }
+    FileResult Write(const std::string& application, const std::string& section,
+                     const Values& values) override {
+        stored[application + "/" + section] = values;
+        return {true, {}};
+    }
+    std::map<std::string, Values> stored;
+};
+
+/// A session whose services write down, in order, what they are asked for.
+class SessionRun : public ::testing::Test {
+protected:
+    SessionRun() {
+        // The example, with the options that the switches overrule ticked.
+        std::string text = ReadBytes(std::string(CORVANE_EXAMPLES) + "/mtcars.KOV");
+        for (const std::string key : {"RESIDUAL_ANALYSIS= ", "SHOW_RESIDUAL_PLOT= "})
+            text[text.find(key) + key.size()] = '1';
+        WriteBytes(folder / "d.KOV", text);
+        std::filesystem::create_directory(folder / "out");
+    }
+
+    /// Dispatches the line with $ for the folder, written as a line has it.
+    bool Dispatch(std::string line) {
+        std::string here = folder.Path();
+        std::replace(here.begin(), here.end(), '/', '\\');
+        for (std::size_t at = 0; (at = line.find('$')) != std::string::npos;)
+            line.replace(at, 1, here);
+        return session.Dispatch(line);
+    }
+    const AnalysisOptions& Options() const { return session.CurrentDataset().options; }
+
+    TemporaryFolder folder;
+    Strings log;
+    LoggedFiles files{log};
+    LoggedPrinter printer{log};
+    LoggedEditor editor{log};
+    FixedFolders folders{folder.Path()};
+    MemorySettings settings;
+    RecordingDialogs dialogs;
+    RecordingFeedback feedback;
+    FixedClock clock;
+    Session session{{files, folders, settings, dialogs, feedback, clock, printer, editor}};
+};
+
+TEST_F(SessionRun, SavesBeforeItPrintsAndThenCloses) {
+    EXPECT_TRUE(Dispatch(R"(/X /O /P /S /L"$\out\" /F"$\d.KOV")"));
+    const std::string path = folder / "out/Notes0001.TXT";
+    const Strings order{"save Notes0001.TXT", "edit Notes0001.TXT",
+                        "print Results - Corvane v. 4.0.0 - d.KOV (..." + path.substr(path.size() - 20) +
+                            ")"};
+    EXPECT_EQ(log, order);
+    ASSERT_EQ(session.Windows().size(), 1U);
+    EXPECT_FALSE(session.Windows().front().open);
+    EXPECT_EQ(ReadBytes(path), session.Windows().front().text);
+    EXPECT_EQ(printer.printed, WithLineFeeds(session.Windows().front().text));
+
+    log.clear(); // /S and /L stay for the session, and the counter skips what exists
+    WriteBytes(folder / "out/Notes0003.TXT", "mine");
+    EXPECT_FALSE(Dispatch("/Y"));
+    EXPECT_FALSE(Dispatch("/Y"));
+    EXPECT_EQ(log[0], "save Notes0002.TXT");
+    EXPECT_EQ(log[3], "save Notes0004.TXT");
+}
+
+TEST_F(SessionRun, PlotsAndResidualsFollowTheSwitchesAndNotTheFile) {
+    Dispatch(R"(/F"$\d.KOV")");
+    EXPECT_EQ(Options().RESIDUAL_ANALYSIS, 0);
+    EXPECT_EQ(Options().SHOW_RESIDUAL_PLOT, 0);
+    EXPECT_TRUE(session.Windows().front().open);
+    EXPECT_TRUE(log.empty());
+    Dispatch(R"(/F"$\d.KOV" /r /g)");
+    EXPECT_EQ(Options().RESIDUAL_ANALYSIS, 1);
+    EXPECT_EQ(Options().SHOW_RESIDUAL_PLOT, 1);
+    EXPECT_EQ(session.Windows().back().caption, "Results - Corvane v. 4.0.0 - d.KOV");
+}
+
+TEST_F(SessionRun, WhatCannotBeDoneIsSilent) {
+    for (const char* line :
+         {R"(/F"$\missing.KOV" /S /X)", R"(/F'$\d.KOV' /S /X)", R"(/F"$" /S /X)", "/X", "/F\"\xFF\" /X"}) {
+        EXPECT_TRUE(Dispatch(line));
+        EXPECT_TRUE(session.Windows().empty()) << line;
+    }
+    EXPECT_TRUE(Dispatch(R"(/F"$\)" + Repeat("long", 1250) + R"(.KOV" /X)"));
+    EXPECT_TRUE(Dispatch(R"(/F"$\d.KOV" /S /L"$\no such folder" /X)"));
+    EXPECT_EQ(session.Windows().size(), 1U);
+    EXPECT_FALSE(std::filesystem::exists(folder / "no such folder"));
+    WriteBytes(folder / "broken.KOV", "4,0,0\nN=3\nOLS_SLS=x\n");
+    Dispatch(R"(/F"$\broken.KOV")");
+    EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(SessionRun, SomeMessagesAreShown) {
+    WriteBytes(folder / "old.KOV", "1,0,0\n");
+    Dispatch(R"(/F"$\old.KOV")");
+    EXPECT_EQ(dialogs.messages.size(), 1U);
+    printer.result = {false, "no spooler"};
+    Dispatch(R"(/F"$\d.KOV" /P)");
+    EXPECT_EQ(dialogs.messages.back(), "Source: Print\r\nDescription: no spooler\r\nCode: 1");
+    Dispatch(R"(/C"$\d.KOV")");
+    EXPECT_NE(dialogs.messages.back().find("corvane compare"), std::string::npos);
+}
+
+TEST_F(SessionRun, UserSettingsComeBeforeTheFile) {
+    settings.stored["VenlaK4/Config"] = {
+        {"PlotYXLine", "0"}, {"AddComments", "0"}, {"ShowRef", "lots"}, {"AutoIncreaseRows", ""}};
+    EXPECT_FALSE(session.Start(""));
+    AnalysisOptions options = Options();
+    EXPECT_EQ(options.PLOT_YX, 0);
+    EXPECT_EQ(options.ADD_COMMENT, 0);
+    EXPECT_EQ(options.SHOW_LITERATURE, 0);
+    EXPECT_EQ(options.AUTO_ROW, 1);
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "ORRL/KOV Files"));
+    Dispatch(R"(/F"$\d.KOV")");
+    EXPECT_EQ(Options().PLOT_YX, 0); // what a file never says stays
+    EXPECT_EQ(Options().ADD_COMMENT, 1);
+
+    options.SHOW_EXCLUDED = 1;
+    WriteUserSettings(options, settings);
+    const Settings::Values written{
+        {"AutoIncreaseRows", "1"}, {"PasteSingleColumn", "1"}, {"SameScaleXYAxis", "1"}, {"AddComments", "0"},
+        {"ShowExcluded", "1"},     {"PlotYXLine", "0"},        {"ShowRef", "0"}};
+    EXPECT_EQ(settings.stored["VenlaK4/Config"], written);
+}
+
+TEST_F(SessionRun, ResultsGoToTheWorkingFolderAndToTheEditor) {
+    Dispatch(R"(/F"$\d.KOV" /S)");
+    EXPECT_TRUE(std::filesystem::exists(folder / "ORRL/KOV Files/Notes0001.TXT"));
+    const ResultsServices services{files, folders, dialogs, printer, editor};
+    EditResults(session.Windows().front(), services);
+    EditResults(session.Windows().front(), services);
+    EXPECT_EQ(log.back(), "edit Results0002.TXT");
+    EXPECT_EQ(CaptionWithFile("Results", "exactly20characters!"), "Results (exactly20characters!)");
+    EXPECT_EQ(CaptionWithFile("Results", "two more than 20 chars"), "Results (...o more than 20 chars)");
+}
+
+} // namespace
+} // namespace corvane
