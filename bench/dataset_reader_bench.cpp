@@ -25,6 +25,8 @@ public:
     }
     FileResult Replace(const std::string&, const std::string&) override { return {false, "read only"}; }
 
+    FileResult Create(const std::string&, const std::string&) override { return {false, "read only"}; }
+
     std::string content;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,9 +15,7 @@ std::vector<std::string> GetParameters(std::string_view commandLine);
 
 /// What a switch line asks for. The paths are the line's own, with "\" between folders.
 struct SwitchLine {
-    std::string file;        ///< F
-    std::string folder;      ///< L
-    std::string compareFile; ///< C
+    std::optional<std::string> file, folder, compareFile; ///< F, L and C, where they were given
     bool plots = false;      ///< G
     bool residuals = false;  ///< R
     bool print = false;      ///< P

@@ -13,27 +13,32 @@ std::string WorkingFolder(Folders& folders) {
     return folder;
 }
 
-std::string NumberedFile(std::string_view folder, std::string_view stem) {
+FileResult CreateNumbered(std::string_view folder, std::string_view stem, const std::string& text,
+                          FileStore& files, std::string& path) {
     while (!folder.empty() && IsPathSeparator(folder.back()))
         folder.remove_suffix(1);
     const std::string beginning = std::string(folder) + "/" + std::string(stem);
     for (double number = 1;; ++number) {
-        std::string path = beginning + FormatPicture(number, "0000").value_or("") + ".TXT";
-        if (!FileExists(path))
-            return path;
+        path = beginning + FormatPicture(number, "0000").value_or("") + ".TXT";
+        if (FileExists(path))
+            continue;
+        // Another program may have taken the name by now.
+        if (FileResult created = files.Create(path, text); !created.taken)
+            return created;
     }
 }
 
 std::string CaptionWithFile(std::string_view caption, std::string_view path) {
     constexpr std::size_t longest = 20;
-    const std::string dots = CharacterCount(path) > longest ? "..." : "";
-    return std::string(caption) + " (" + dots + std::string(LastCharacters(path, longest)) + ")";
+    const std::string name = FileNameOf(path);
+    const char* dots = CharacterCount(name) > longest ? "..." : "";
+    return std::string(caption) + " (" + dots + std::string(LastCharacters(name, longest)) + ")";
 }
 
 FileResult SaveUnderNumber(ResultsWindow& window, std::string_view folder, ResultsServices services,
                            std::string& path) {
-    path = NumberedFile(folder.empty() ? WorkingFolder(services.folders) : folder, "Notes");
-    const FileResult saved = services.files.Replace(path, window.text);
+    const std::string working = folder.empty() ? WorkingFolder(services.folders) : std::string(folder);
+    const FileResult saved = CreateNumbered(working, "Notes", window.text, services.files, path);
     if (saved.done)
         window.caption = CaptionWithFile(window.caption, path);
     return saved;
@@ -47,8 +52,8 @@ void PrintResults(const ResultsWindow& window, ResultsServices services) {
 }
 
 void EditResults(const ResultsWindow& window, ResultsServices services) {
-    const std::string path = NumberedFile(WorkingFolder(services.folders), "Results");
-    if (services.files.Replace(path, window.text).done)
+    std::string path;
+    if (CreateNumbered(WorkingFolder(services.folders), "Results", window.text, services.files, path).done)
         services.editor.Open(path);
 }
 

@@ -10,7 +10,9 @@
 #include "core/version.h"
 #include "files/dataset_reader.h"
 
-#include <utility>
+#include <filesystem>
+#include <optional>
+#include <system_error>
 
 namespace corvane {
 namespace {
@@ -18,6 +20,13 @@ namespace {
 /// Whether a path that the line carries names a file. One that is no valid UTF-8 could not stand in a report.
 bool NamesAFile(const std::string& path) {
     return IsValidUtf8(path) && FileExists(path);
+}
+
+/// The native path of a line's path; the report's header takes the name behind the last separator, so it must have one.
+std::string AbsolutePath(const std::string& path) {
+    std::error_code error;
+    const std::string absolute = std::filesystem::absolute(NativePath(path), error).string();
+    return error ? std::string() : absolute;
 }
 
 } // namespace
@@ -39,19 +48,22 @@ bool Session::Start(std::string_view commandLine) {
 
 bool Session::Dispatch(std::string_view commandLine) {
     const SwitchLine line = ReadSwitches(commandLine);
-    if (!line.file.empty())
-        batch.BatchFile = NativePath(line.file);
-    if (!line.folder.empty())
-        batch.BatchPath = NativePath(line.folder);
-    if (!line.compareFile.empty())
-        batch.BatchCompareFile = NativePath(line.compareFile);
+    const auto take = [](std::string& path, const std::optional<std::string>& given) {
+        if (given)
+            path = AbsolutePath(*given);
+    };
+    take(batch.BatchFile, line.file);
+    take(batch.BatchPath, line.folder);
+    take(batch.BatchCompareFile, line.compareFile);
     batch.BatchPrint = batch.BatchPrint || line.print;
     batch.BatchSave = batch.BatchSave || line.save;
     batch.BatchShow = batch.BatchShow || line.show;
 
     batch.BatchRun = true;
     if (NamesAFile(batch.BatchFile)) {
+        // The name goes with the cells: a file that is then refused must not leave an empty dataset under the old one.
         dataset.cells.Clear();
+        state.CurrentDatasetName.clear();
         Open(batch.BatchFile);
         const auto tick = [&](std::int16_t AnalysisOptions::*box, bool on) {
             ChangeOption(dataset, state, OptionOf(box), static_cast<std::int16_t>(on ? 1 : 0));
@@ -70,6 +82,8 @@ bool Session::Dispatch(std::string_view commandLine) {
 }
 
 void Session::Open(const std::string& path) {
+    if (!state.CurrentDatasetName.empty())
+        state.rememberedFolder = FolderOf(state.CurrentDatasetName);
     const LoadOutcome outcome = LoadFile(path, dataset, state, services.files);
     if (outcome.state == LoadState::OldVersion)
         services.dialogs.ShowMessage(MessageStyle::Critical, OldVersionMessage, "Load");

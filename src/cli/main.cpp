@@ -1,9 +1,12 @@
 #include "cli/command_line.h"
 
+#include <csignal>
 #include <exception>
 #include <iostream>
 
 int main(int argumentCount, char** arguments) {
+    // A file that would grow beyond the user's limit is a failed write and not the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return corvane::RunCommandLine(argumentCount, arguments);
     } catch (const std::exception& error) {

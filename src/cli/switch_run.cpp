@@ -37,8 +37,13 @@ bool IsPathSwitch(const std::string& argument) {
 
 bool IsSwitchLine(const std::vector<std::string>& arguments) {
     return std::ranges::any_of(arguments, [](const std::string& argument) {
-        const bool oneSlash = argument.starts_with('/') && argument.find('/', 1) == std::string::npos;
-        return (oneSlash || IsPathSwitch(argument)) && !FileExists(argument);
+        constexpr std::string_view letters = "FGRPSOLXYC";
+        if (argument.size() < 2 || argument.front() != '/' ||
+            letters.find(UpperCase(argument.substr(1, 1))) == std::string_view::npos || FileExists(argument))
+            return false;
+        // A further "/" must begin another switch; otherwise this is a path.
+        const std::size_t next = argument.find('/', 1);
+        return next == std::string::npos || IsPathSwitch(argument) || next == 2 || argument[next - 1] == ' ';
     });
 }
 

@@ -8,6 +8,7 @@ namespace corvane {
 struct FileResult {
     bool done = false;
     std::string reason; ///< Why not, in words for the user, when it was not done.
+    bool taken = false; ///< It was not done since the name is taken.
 };
 
 /// Whole files, as bytes. Paths are native.
@@ -20,6 +21,9 @@ public:
 
     /// Replaces the file as one step: it holds the old bytes or the new ones, never a part of them.
     virtual FileResult Replace(const std::string& path, const std::string& bytes) = 0;
+
+    /// The same for a name that must be free: of several programs that try it at once, one succeeds.
+    virtual FileResult Create(const std::string& path, const std::string& bytes) = 0;
 };
 
 } // namespace corvane

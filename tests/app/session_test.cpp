@@ -40,9 +40,9 @@ TEST(ReadSwitches, TheFirstLetterInAnyCaseDecides) {
 
 struct LoggedFiles : NativeFileStore {
     explicit LoggedFiles(Strings& l) : log(l) {}
-    FileResult Replace(const std::string& path, const std::string& bytes) override {
+    FileResult Create(const std::string& path, const std::string& bytes) override {
         log.push_back("save " + path.substr(path.rfind('/') + 1));
-        return NativeFileStore::Replace(path, bytes);
+        return NativeFileStore::Create(path, bytes);
     }
     Strings& log;
 };
@@ -127,8 +127,7 @@ TEST_F(SessionRun, SavesBeforeItPrintsAndThenCloses) {
     EXPECT_TRUE(Dispatch(R"(/X /O /P /S /L"$\out\" /F"$\d.KOV")"));
     const std::string path = folder / "out/Notes0001.TXT";
     const Strings order{"save Notes0001.TXT", "edit Notes0001.TXT",
-                        "print Results - Corvane v. 4.0.0 - d.KOV (..." + path.substr(path.size() - 20) +
-                            ")"};
+                        "print Results - Corvane v. 4.0.0 - d.KOV (Notes0001.TXT)"};
     EXPECT_EQ(log, order);
     ASSERT_EQ(session.Windows().size(), 1U);
     EXPECT_FALSE(session.Windows().front().open);
@@ -177,7 +176,10 @@ TEST_F(SessionRun, SomeMessagesAreShown) {
     printer.result = {false, "no spooler"};
     Dispatch(R"(/F"$\d.KOV" /P)");
     EXPECT_EQ(dialogs.messages.back(), "Source: Print\r\nDescription: no spooler\r\nCode: 1");
-    Dispatch(R"(/C"$\d.KOV")");
+    Dispatch(R"(/F"$\old.KOV")"); // leaves no name over an empty dataset
+    EXPECT_EQ(session.Caption(), "Corvane v. 4.0.0");
+    Dispatch(R"(/F /C"$\d.KOV")"); // a bare /F takes the file back
+    EXPECT_EQ(session.Windows().size(), 1U);
     EXPECT_NE(dialogs.messages.back().find("corvane compare"), std::string::npos);
 }
 
@@ -210,8 +212,8 @@ TEST_F(SessionRun, ResultsGoToTheWorkingFolderAndToTheEditor) {
     EditResults(session.Windows().front(), services);
     EditResults(session.Windows().front(), services);
     EXPECT_EQ(log.back(), "edit Results0002.TXT");
-    EXPECT_EQ(CaptionWithFile("Results", "exactly20characters!"), "Results (exactly20characters!)");
-    EXPECT_EQ(CaptionWithFile("Results", "two more than 20 chars"), "Results (...o more than 20 chars)");
+    EXPECT_EQ(CaptionWithFile("Results", "/a/exactly20characters!"), "Results (exactly20characters!)");
+    EXPECT_EQ(CaptionWithFile("Results", "/a/two more than 20 chars"), "Results (...o more than 20 chars)");
 }
 
 } // namespace

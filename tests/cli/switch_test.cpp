@@ -83,6 +83,17 @@ TEST_F(Switches, MessagesAndRefusals) {
     EXPECT_EQ(path.exit, 1);
 }
 
+TEST_F(Switches, RunsAtTheSameTimeKeepEveryReport) {
+    std::filesystem::create_directories(folder / "out/Notes0002.TXT"); // a folder has taken that number
+    Silent("/Fd.KOV /S /Lout & $corvane /Fd.KOV /S /Lout & $corvane '/S /Fd.KOV' /Lout & "
+           "$corvane /S/Fd.KOV /Lout & $corvane /Fd.KOV /S /Lout & wait");
+    EXPECT_EQ(Saved("out"), 4U); // without a blank, /S/Fd.KOV is one token
+    const Ran limited =
+        folder.Run("(ulimit -f 1; $corvane calc d.KOV --out small >/dev/null); echo $?; ls -A small");
+    EXPECT_EQ(limited.out, "1\n");
+    EXPECT_NE(limited.err.find("small/results.txt: File too large"), std::string::npos);
+}
+
 TEST_F(Switches, AFullDiskLeavesNoPartOfAFile) {
     const std::string inTmpfs =
         "unshare -rm sh -c 'mkdir -p full && mount -t tmpfs -o size=4k none full && echo x >full/x && ";

@@ -63,6 +63,8 @@ TEST_F(NativeFiles, SettingsComeBackAndABrokenFileIsKeptAside) {
 
     std::string whole;
     files.Read(folder / "config/App.conf", whole);
+    files.Replace(folder / "config/App.conf", "# by hand\r\n\r\n" + whole);
+    EXPECT_EQ(settings.Read("App", "Two"), (Settings::Values{{"a", "2"}}));
     for (const std::string& broken :
          {whole.substr(0, whole.size() / 2), whole.substr(0, whole.rfind(';')), std::string("\x00\xFF", 2)}) {
         files.Replace(folder / "config/App.conf", broken);

@@ -54,6 +54,10 @@ public:
         return {true, {}};
     }
 
+    FileResult Create(const std::string& path, const std::string& bytes) override {
+        return files.contains(path) ? FileResult{false, "File exists", true} : Replace(path, bytes);
+    }
+
     std::map<std::string, std::string> files;
 };
 

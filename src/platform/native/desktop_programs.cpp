@@ -1,5 +1,7 @@
 #include "platform/native/desktop_programs.h"
 
+#include "platform/native/native_processes.h"
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -62,16 +64,18 @@ FileResult SpoolPrinter::Print(const std::string& text, const std::string& title
 }
 
 bool UserTextEditor::Open(const std::string& path) {
-    const std::string file = " \"" + path + "\"";
+    const auto openWith = [&](const std::string& command) {
+        std::vector<std::string> words = CommandLineWords(command);
+        if (words.empty())
+            return false;
+        words.push_back(path);
+        return processes.RunAndWait(words).has_value();
+    };
     const bool desktop = !Variable("DISPLAY").empty() || !Variable("WAYLAND_DISPLAY").empty();
-    if (desktop && InSearchPath("xdg-open"))
-        return processes.RunAndWait("xdg-open" + file) == 0;
-    if (!OnTerminal())
-        return false;
-    for (const std::string& editor : {Variable("VISUAL"), Variable("EDITOR"), std::string("editor")})
-        if (!editor.empty())
-            return processes.RunAndWait(editor + file).has_value();
-    return false;
+    if (desktop && processes.RunAndWait(std::vector<std::string>{"xdg-open", path}) == 0)
+        return true;
+    return OnTerminal() &&
+           (openWith(Variable("VISUAL")) || openWith(Variable("EDITOR")) || openWith("editor"));
 }
 
 } // namespace corvane

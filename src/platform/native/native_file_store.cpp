@@ -1,6 +1,7 @@
 #include "platform/native/native_file_store.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -15,7 +16,7 @@ namespace corvane {
 namespace {
 
 FileResult Failed(int error) {
-    return {false, std::generic_category().message(error)};
+    return {false, std::generic_category().message(error), false};
 }
 
 /// An open file that closes itself.
@@ -56,6 +57,29 @@ mode_t ModeFor(const std::string& path) {
     return 0666U & ~mask;
 }
 
+/// Writes a new file beside the target, flushes it to the disk and gives it the target's name by `name`. Nothing of it
+/// is left on failure.
+template<class Name>
+FileResult WriteBeside(const std::string& target, const std::string& bytes, Name&& name) {
+    // A short name of its own, since the target's may already be as long as names can be.
+    const std::filesystem::path folder = std::filesystem::path(target).parent_path();
+    std::string beside = (folder / ".corvane-XXXXXX").string();
+    Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
+    if (!file.Valid())
+        return Failed(errno);
+    if (!(WriteAll(file.Get(), bytes) && ::fchmod(file.Get(), ModeFor(target)) == 0 &&
+          ::fsync(file.Get()) == 0 && file.Close() && name(beside.c_str()))) {
+        const int reason = errno;
+        ::unlink(beside.c_str());
+        return Failed(reason);
+    }
+    // The name itself reaches the disk with the folder; a folder that cannot be flushed is no failure.
+    if (const Descriptor opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC));
+        opened.Valid())
+        ::fsync(opened.Get());
+    return {true, {}, false};
+}
+
 } // namespace
 
 FileResult NativeFileStore::Read(const std::string& path, std::string& bytes) const {
@@ -66,9 +90,9 @@ FileResult NativeFileStore::Read(const std::string& path, std::string& bytes) co
     if (::fstat(file.Get(), &status) != 0)
         return Failed(errno);
     if (S_ISDIR(status.st_mode))
-        return {false, "this is a folder, not a file"};
+        return {false, "this is a folder, not a file", false};
     if (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode))
-        return {false, "this is a device, not a file"};
+        return {false, "this is a device, not a file", false};
 
     constexpr std::size_t step = std::size_t{1} << 16;
     std::string read;
@@ -89,7 +113,7 @@ FileResult NativeFileStore::Read(const std::string& path, std::string& bytes) co
     }
     read.resize(filled);
     bytes = std::move(read);
-    return {true, {}};
+    return {true, {}, false};
 }
 
 FileResult NativeFileStore::Replace(const std::string& path, const std::string& bytes) {
@@ -100,29 +124,26 @@ FileResult NativeFileStore::Replace(const std::string& path, const std::string& 
             target = real.string();
     const auto status = std::filesystem::status(target, error);
     if (std::filesystem::is_directory(status))
-        return {false, "this is a folder, not a file"};
+        return {false, "this is a folder, not a file", false};
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
-        return {false, "this is a device or a pipe, not a file"};
+        return {false, "this is a device or a pipe, not a file", false};
 
-    // A short name of its own, since the target's may already be as long as names can be.
-    const std::filesystem::path folder = std::filesystem::path(target).parent_path();
-    std::string beside = (folder / ".corvane-XXXXXX").string();
-    Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
-    if (!file.Valid())
-        return Failed(errno);
-    const bool written = WriteAll(file.Get(), bytes) && ::fchmod(file.Get(), ModeFor(target)) == 0 &&
-                         ::fsync(file.Get()) == 0 && file.Close() &&
-                         ::rename(beside.c_str(), target.c_str()) == 0;
-    if (!written) {
-        const int reason = errno;
-        ::unlink(beside.c_str());
-        return Failed(reason);
-    }
-    // The rename itself reaches the disk with the folder; a folder that cannot be flushed is no failure.
-    if (const Descriptor opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC));
-        opened.Valid())
-        ::fsync(opened.Get());
-    return {true, {}};
+    return WriteBeside(target, bytes,
+                       [&](const char* written) { return ::rename(written, target.c_str()) == 0; });
+}
+
+FileResult NativeFileStore::Create(const std::string& path, const std::string& bytes) {
+    FileResult created = WriteBeside(path, bytes, [&](const char* written) {
+        if (::renameat2(AT_FDCWD, written, AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0)
+            return true;
+        if (errno == EEXIST)
+            return false;
+        // Not every file system knows that call; a second name can be given on most others.
+        return ::link(written, path.c_str()) == 0 && ::unlink(written) == 0;
+    });
+    struct stat status {};
+    created.taken = !created.done && ::lstat(path.c_str(), &status) == 0;
+    return created;
 }
 
 } // namespace corvane

@@ -13,6 +13,8 @@ public:
     /// Writes a new file beside the old one, flushes it to the disk and renames it; a symbolic link stays a
     /// link, an existing file keeps its permissions; a folder, device or pipe is refused.
     FileResult Replace(const std::string& path, const std::string& bytes) override;
+
+    FileResult Create(const std::string& path, const std::string& bytes) override;
 };
 
 } // namespace corvane

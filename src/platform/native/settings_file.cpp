@@ -16,8 +16,12 @@ std::optional<std::map<std::string, Settings::Values>> Parse(const std::string& 
     std::istringstream lines(text);
     std::string line, section;
     while (std::getline(lines, line)) {
+        if (line.ends_with('\r'))
+            line.pop_back();
         if (line == lastLine)
             return sections;
+        if (line.empty() || line.front() == ';' || line.front() == '#')
+            continue;
         const std::size_t equals = line.find('=');
         if (line.size() > 2 && line.front() == '[' && line.back() == ']')
             section = line.substr(1, line.size() - 2);
@@ -45,7 +49,7 @@ SettingsFile::Sections SettingsFile::ReadAll(const std::string& path) {
     if (!std::filesystem::exists(path, error))
         return {};
     std::string text;
-    if (files.Read(path, text).done)
+    if (std::filesystem::is_regular_file(path, error) && files.Read(path, text).done)
         if (auto sections = Parse(text))
             return *sections;
     KeepAside(path);
