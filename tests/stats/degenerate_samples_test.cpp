@@ -1,7 +1,7 @@
+#include "stats/degenerate_samples.h"
+
 #include <cmath>
-#include <cstdlib>
 #include <limits>
-#include <random>
 
 #include <gtest/gtest.h>
 
@@ -62,54 +62,12 @@ Values EveryResult(const Values& x, const Values& y, const Values& sdx, const Va
     return all;
 }
 
-/// CORVANE_SAMPLES in the environment asks for more of them.
 TEST(DegenerateSamples, GiveFiniteResults) {
-    const char* wanted = std::getenv("CORVANE_SAMPLES");
-    const int samples = wanted ? std::atoi(wanted) : 4000;
-    std::mt19937_64 generator(20240502);
-    std::normal_distribution<> normal;
-    const double special[] = {0.0,     -0.0,   1.0,    -1.0,     0.1,     1.0 / 3, 1e300, -1e300, 1e-300,
-                              -1e-300, 5e-324, 1e-308, -largest, largest, 1e9 + 1, 1e16,  1e154,  1e-162};
-    const auto value = [&](int kind, double scale) {
-        const double z = normal(generator);
-        switch (kind) {
-        case 0:
-            return scale * z;
-        case 1:
-            return scale; // constant
-        case 2:
-            return scale * static_cast<double>(generator() % 3); // tied
-        case 3:
-            return scale * (1.0 + 1e-15 * z); // constant but for rounding
-        case 4:
-            return special[generator() % std::size(special)];
-        case 5:
-            return std::ldexp(z, static_cast<int>(generator() % 2000) - 1000);
-        default:
-            return scale * static_cast<double>(generator() % 2) * 1e8 + z;
-        }
-    };
-    for (int round = 0; round < samples; ++round) {
-        const std::size_t n = generator() % 9;
-        const int kindX = static_cast<int>(generator() % 7), kindY = static_cast<int>(generator() % 8);
-        const double scaleX = std::pow(10.0, static_cast<double>(generator() % 617) - 308.0);
-        const double scaleY = std::pow(10.0, static_cast<double>(generator() % 617) - 308.0);
-        const double sdScale = std::pow(10.0, static_cast<double>(generator() % 600) - 300.0);
-        Values x, y, sdx, sdy;
-        for (std::size_t i = 0; i < n; ++i) {
-            x.push_back(value(kindX, round % 2 ? scaleX : 1.0));
-            y.push_back(kindY == 7 ? 0.1 + 0.3 * x[i] : value(kindY, round % 2 ? scaleY : 1.0));
-            sdx.push_back(round % 3 == 0 ? 1e-30 : round % 3 == 1 ? std::fabs(value(4, 1.0)) : sdScale);
-            sdy.push_back(round % 5 == 0   ? 1e-30
-                          : round % 5 == 1 ? std::fabs(value(4, 1.0))
-                                           : std::fabs(normal(generator)));
-            if (!std::isfinite(y[i]))
-                y[i] = largest;
-        }
-        const Values all = EveryResult(x, y, sdx, sdy);
+    ForDegenerateSamples([](const DegenerateSample& sample) {
+        const Values all = EveryResult(sample.X, sample.Y, sample.SDX, sample.SDY);
         for (std::size_t k = 0; k < all.size(); ++k)
-            ASSERT_TRUE(std::isfinite(all[k])) << "round " << round << " result " << k;
-    }
+            ASSERT_TRUE(std::isfinite(all[k])) << "round " << sample.Round << " result " << k;
+    });
 }
 
 TEST(DegenerateSamples, WithoutDefiniteNumbersGiveFiniteResultsToo) {
