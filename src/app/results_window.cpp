@@ -38,7 +38,7 @@ std::string CaptionWithFile(std::string_view caption, std::string_view path) {
 FileResult SaveUnderNumber(ResultsWindow& window, std::string_view folder, ResultsServices services,
                            std::string& path) {
     const std::string working = folder.empty() ? WorkingFolder(services.folders) : std::string(folder);
-    const FileResult saved = CreateNumbered(working, "Notes", window.text, services.files, path);
+    FileResult saved = CreateNumbered(working, "Notes", window.text, services.files, path);
     if (saved.done)
         window.caption = CaptionWithFile(window.caption, path);
     return saved;

@@ -28,9 +28,12 @@ bool InSearchPath(const std::string& program) {
 
 std::string ForShell(const std::string& text) {
     std::string quoted = "'";
-    for (const char c : text)
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
+    for (const char c : text) {
+        if (c == '\'')
+            quoted += "'\\'";
+        quoted += c;
+    }
+    return quoted += '\'';
 }
 
 bool OnTerminal() {

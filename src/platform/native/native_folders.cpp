@@ -29,7 +29,7 @@ std::string DocumentsOf(const std::string& userDirectories) {
     for (std::string line; std::getline(file, line);) {
         if (!line.starts_with(key) || !line.ends_with('"') || line.size() == key.size())
             continue;
-        const std::string path = line.substr(key.size(), line.size() - key.size() - 1);
+        std::string path = line.substr(key.size(), line.size() - key.size() - 1);
         if (path.starts_with(home))
             return Home() + path.substr(home.size());
         if (path.starts_with('/'))

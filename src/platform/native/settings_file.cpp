@@ -72,7 +72,7 @@ FileResult SettingsFile::Write(const std::string& application, const std::string
     for (const auto& [title, entries] : sections) {
         text += "[" + title + "]\n";
         for (const auto& [name, value] : entries)
-            text += name + "=" + value + "\n";
+            text.append(name).append("=").append(value).append("\n");
     }
     return files.Replace(path, text + lastLine + "\n");
 }
