@@ -13,7 +13,7 @@ struct ErrorMeasures {
     double MAPE = 0.0;                 ///< 100 mean of |D| / |Y|, per cent, over the pairs with Y != 0
     double MSEP = 0.0;                 ///< sum of D^2 over N
     double VarMSEP = 0.0;              ///< variance of MSEP, units to the fourth power
-    std::array<double, 5> MSEPParts{}; ///< parts 1 + 2 + 3 = 1 + 4 + 5 = MSEP
+    std::array<double, 5> MSEPParts{}; ///< terms 0 + 1 + 2 = 0 + 3 + 4 = MSEP
     double MEF = 0.0;                  ///< modelling efficiency
     double MaxError = 0.0;             ///< largest |D|
     double CD = 0.0;                   ///< coefficient of model determination

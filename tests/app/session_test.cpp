@@ -154,21 +154,6 @@ TEST_F(SessionRun, PlotsAndResidualsFollowTheSwitchesAndNotTheFile) {
     EXPECT_EQ(session.Windows().back().caption, "Results - Corvane v. 4.0.0 - d.KOV");
 }
 
-TEST_F(SessionRun, WhatCannotBeDoneIsSilent) {
-    for (const char* line :
-         {R"(/F"$\missing.KOV" /S /X)", R"(/F'$\d.KOV' /S /X)", R"(/F"$" /S /X)", "/X", "/F\"\xFF\" /X"}) {
-        EXPECT_TRUE(Dispatch(line));
-        EXPECT_TRUE(session.Windows().empty()) << line;
-    }
-    EXPECT_TRUE(Dispatch(R"(/F"$\)" + Repeat("long", 1250) + R"(.KOV" /X)"));
-    EXPECT_TRUE(Dispatch(R"(/F"$\d.KOV" /S /L"$\no such folder" /X)"));
-    EXPECT_EQ(session.Windows().size(), 1U);
-    EXPECT_FALSE(std::filesystem::exists(folder / "no such folder"));
-    WriteBytes(folder / "broken.KOV", "4,0,0\nN=3\nOLS_SLS=x\n");
-    Dispatch(R"(/F"$\broken.KOV")");
-    EXPECT_TRUE(dialogs.messages.empty());
-}
-
 TEST_F(SessionRun, SomeMessagesAreShown) {
     WriteBytes(folder / "old.KOV", "1,0,0\n");
     Dispatch(R"(/F"$\old.KOV")");

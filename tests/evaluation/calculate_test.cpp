@@ -110,17 +110,6 @@ TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
     EXPECT_EQ(ids.back(), "references");
 }
 
-TEST_F(CalculateRun, TwoReferencesRunStraightOn) {
-    Put({{"1", "", "2", ""}, {"2", "", "3.5", ""}, {"4", "", "4", ""}});
-    Set(&AnalysisOptions::SHOW_LITERATURE, std::int16_t{1});
-    const RunResult result = Run();
-    EXPECT_TRUE(Has(result, "Computational Statistics. 1:411-428.Davis, C. S."));
-    EXPECT_TRUE(Has(result, "Association. 88:1273-1283.Shapiro, S. S."));
-    EXPECT_TRUE(Has(result, "\r\n\r\n\r\nREFERENCES\r\n==========\r\nAgresti, A. 1996."));
-    EXPECT_TRUE(
-        result.report.Text().ends_with("(American Society of Agricultural Engineers). 39:47-54.\r\n"));
-}
-
 TEST_F(CalculateRun, TheDeviationConfidenceIsPerCentOrAFraction) {
     Put({{"1", "", "2", ""}, {"2", "", "3.5", ""}, {"4", "", "4", ""}});
     const auto probabilityOf = [&](const char* text) {
