@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 #include "stats/distributions.h"
 #include "stats/line_residuals.h"
@@ -23,6 +22,8 @@ Leverages LeveragesOf(const Pairs& pairs) {
     const DoubleDouble equal = one / DoubleDouble{pairs.Count(), 0.0};
     const DoubleDouble inverse = x.SumSquares.High > 0.0 ? one / x.SumSquares : DoubleDouble{};
     Leverages result;
+    result.H.reserve(x.Deviation.size());
+    result.Complement.reserve(x.Deviation.size());
     for (const DoubleDouble& deviation : x.Deviation) {
         const DoubleDouble h = equal + deviation * deviation * inverse;
         const double complement = (one - h).High;
@@ -34,16 +35,20 @@ Leverages LeveragesOf(const Pairs& pairs) {
 
 /// Ranks from 1 in row order, equal values at their mean rank. Values count as equal up to the tolerance.
 std::vector<double> MeanRanks(const std::vector<double>& values, double tolerance) {
-    std::vector<std::size_t> order(values.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::sort(order.begin(), order.end(),
-              [&](std::size_t i, std::size_t j) { return values[i] < values[j]; });
+    struct Place {
+        double Value;
+        std::size_t Row;
+    };
+    std::vector<Place> order(values.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = {values[i], i};
+    std::sort(order.begin(), order.end(), [](const Place& p, const Place& q) { return p.Value < q.Value; });
     std::vector<double> ranks(values.size());
     for (std::size_t first = 0, last = 0; first < order.size(); first = last) {
-        while (last < order.size() && values[order[last]] - values[order[first]] <= tolerance)
+        while (last < order.size() && order[last].Value - order[first].Value <= tolerance)
             ++last;
         for (std::size_t i = first; i < last; ++i)
-            ranks[order[i]] = 0.5 * static_cast<double>(first + last + 1);
+            ranks[order[i].Row] = 0.5 * static_cast<double>(first + last + 1);
     }
     return ranks;
 }
@@ -71,6 +76,11 @@ Residuals ResidualStatistics(double a, double b, std::span<const double> x, std:
     const double rootMse = std::sqrt(mse);
     Residuals result;
     result.MSE = Unscale(mse, 2 * exponent);
+    for (std::vector<double>* column :
+         {&result.Deviation, &result.Fitted, &result.Residue, &result.SERes, &result.StdtRes,
+          &result.RStdtRes, &result.Leverage, &result.CookD, &result.DFFITS, &result.NormRes, &result.PRESS,
+          &result.SemiStdtR, &result.WtDev})
+        column->reserve(pairs.N);
 
     for (std::size_t i = 0; i < pairs.N; ++i) {
         const double rest = leverages.Complement[i], h = leverages.H[i];
@@ -108,6 +118,7 @@ Residuals ResidualStatistics(double a, double b, std::span<const double> x, std:
     const int common = line.Exponent;
     const std::vector<double> sx = Scaled(pairs.X, common), sy = Scaled(pairs.Y, common);
     std::vector<double> deviation;
+    deviation.reserve(pairs.N);
     for (std::size_t i = 0; i < pairs.N; ++i)
         deviation.push_back(sy[i] - sx[i]);
     const int deviationScale = ScaleExponent(deviation);
