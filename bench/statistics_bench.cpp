@@ -2,14 +2,25 @@
 // run, with its growth between the sizes and its working memory.
 
 #include "stats/correlation.h"
+#include "stats/deviation_intervals.h"
+#include "stats/distances.h"
+#include "stats/edf_normality.h"
 #include "stats/error_measures.h"
+#include "stats/generalized_concordance.h"
 #include "stats/intercept_slope_test.h"
+#include "stats/kendall.h"
 #include "stats/line_family.h"
 #include "stats/line_fits.h"
 #include "stats/median_fit.h"
+#include "stats/moment_statistics.h"
 #include "stats/moments.h"
+#include "stats/normality.h"
 #include "stats/pair_statistics.h"
+#include "stats/ranks.h"
 #include "stats/residual_statistics.h"
+#include "stats/robust_scale.h"
+#include "stats/two_sample_ranks.h"
+#include "stats/two_sample_tests.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -130,6 +141,22 @@ const Routine routines[] = {
      [](const Sample& s) {
          Keep(FTestInterceptSlope(s.X, s.Y, s.Line.a, s.Line.b, s.Pairs.MeanX, s.Pairs.MeanY));
      }},
+    {"KendallTau", 5, [](const Sample& s) { Keep(KendallTau(s.X, s.Y)); }},
+    {"SpearmanRank", 5, [](const Sample& s) { Keep(SpearmanRank(s.X, s.Y)); }},
+    {"RobustSn", 6, [](const Sample& s) { Keep(RobustSn(s.X)); }},
+    {"RobustQn", 20, [](const Sample& s) { Keep(RobustQn(s.X)); }},
+    {"GeneralizedConcordance", 40, [](const Sample& s) { Keep(GeneralizedConcordance(s.X, s.Y)); }},
+    {"KolmogorovSmirnov2", 4, [](const Sample& s) { Keep(KolmogorovSmirnov2(s.X, s.Y)); }},
+    {"MannWhitney", 4, [](const Sample& s) { Keep(MannWhitney(s.X, s.Y)); }},
+    {"ShapiroWilk", 4, [](const Sample& s) { Keep(ShapiroWilk(s.X)); }},
+    {"EDFNormalityStatistics", 4, [](const Sample& s) { Keep(EDFNormalityStatistics(s.X)); }},
+    {"MomentStatistics", 1, [](const Sample& s) { Keep(MomentStatistics(s.X)); }},
+    {"TTestUnequalVariance", 1, [](const Sample& s) { Keep(TTestUnequalVariance(s.Y, s.X)); }},
+    {"TTestPairedDifference", 1, [](const Sample& s) { Keep(TTestPairedDifference(s.Y, s.X)); }},
+    {"FTestVariance", 1, [](const Sample& s) { Keep(FTestVariance(s.Y, s.X)); }},
+    {"DistanceMeasures", 1, [](const Sample& s) { Keep(DistanceMeasures(s.X, s.Y, 3)); }},
+    {"DeviationIntervalRows", 0,
+     [](const Sample& s) { Keep(DeviationIntervalRows(s.Line.a, s.Line.b, s.X, s.Y, 95)); }},
 };
 
 constexpr std::int64_t small = 100'000, large = 1'000'000;

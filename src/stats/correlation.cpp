@@ -20,17 +20,13 @@ Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y)
     const Pairs pairs(x, y);
     const double n = pairs.Count();
     const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
-    const double sxx = cx.SumSquares.High, syy = cy.SumSquares.High;
     Pearson result;
     if (pairs.N < 2)
         return result;
-    double unexplained = 1.0; // 1 - r^2
-    if (sxx > 0.0 && syy > 0.0) {
-        const CentredLine line = LeastSquares(cx, cy);
-        unexplained = std::min(1.0, line.SSE / syy);
-        const double r = line.Sxy.High / (std::sqrt(sxx) * std::sqrt(syy));
-        result.r = unexplained == 0.0 ? std::copysign(1.0, r) : std::clamp(r, -1.0, 1.0);
-    }
+    const CentredLine line = LeastSquares(cx, cy);
+    result.r = Correlation(cx, cy, line);
+    const double unexplained =
+        result.r == 0.0 ? 1.0 : std::min(1.0, line.SSE / cy.SumSquares.High); // 1 - r^2
     result.RSquared = Square(result.r);
     result.AdjRSquared = Adjusted(unexplained, n);
     result.T = Ratio(result.r * std::sqrt(n - 2.0), std::sqrt(unexplained));

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "stats/correlation.h"
 #include "stats/pairs.h"
 
 namespace corvane::stats {
@@ -18,17 +17,17 @@ double RelativeError(double x, double y) {
 /// 100 times the mean relative error. A ratio that is not 0 exceeds 1e-17, so that scaling the terms down
 /// loses nothing and their sum stays in range.
 double MeanRelativeErrorPercent(const Pairs& pairs) {
-    constexpr int headroom = 80;
+    constexpr double headroom = 0x1p-80;
     Sum sum;
     double count = 0.0;
     for (std::size_t i = 0; i < pairs.N; ++i) {
         const double y = Finite(pairs.Y[i]);
         if (y == 0.0)
             continue;
-        sum.Add(std::ldexp(RelativeError(Finite(pairs.X[i]), y), -headroom));
+        sum.Add(headroom * RelativeError(Finite(pairs.X[i]), y));
         ++count;
     }
-    return Unscale(Ratio(100.0 * sum.Value(), count), headroom);
+    return Finite(Ratio(100.0 * sum.Value(), count) / headroom);
 }
 
 double OneMinusRatio(double numerator, double denominator) {
@@ -62,8 +61,8 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     const int own = ScaleExponent(difference), differenceExponent = exponent + own;
     Sum absolute, squares, spread;
     double largest = 0.0;
-    for (double& d : difference) {
-        d = std::ldexp(d, -own);
+    difference = Scaled(difference, own);
+    for (double d : difference) {
         absolute.Add(std::fabs(d));
         squares.AddProduct(d, d);
         largest = std::max(largest, std::fabs(d));
@@ -72,7 +71,6 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     for (double d : difference)
         spread.Add(Square(d * d - msep));
 
-    result.RSquared = PearsonCorrelation(pairs.X, pairs.Y).RSquared;
     result.MeanBias = Unscale(bias.Value() / n, exponent);
     result.MAE = Unscale(absolute.Value() / n, differenceExponent);
     result.MAPE = MeanRelativeErrorPercent(pairs);
@@ -83,26 +81,25 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     result.CD = Ratio(aboutMeanY.Value(), aboutMeanX.Value());
 
     // With u and v the deviations of X and Y from their means, each part without its cancellation:
-    // Sx - Sy = sum (u - v)(u + v) / (N (Sx + Sy)), 1 - b = sum u (u - v) / sum u^2,
+    // Sx - Sy = (sum u^2 - sum v^2) / (N (Sx + Sy)), 1 - b = (sum u^2 - sum u v) / sum u^2,
     // Sy^2 (1 - r^2) = SSE / N, and Sx Sy (1 - r) = Sx Sy (1 - r^2) / (1 + r) where r > 0.
-    const CentredSample cx = Centre(pairs.X, exponent), cy = Centre(pairs.Y, exponent);
+    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
     const CentredLine line = LeastSquares(cx, cy);
-    Sum squareDifference, slopeDefect;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
-        const DoubleDouble u = cx.Deviation[i], v = cy.Deviation[i];
-        squareDifference.Add((u - v) * (u + v));
-        slopeDefect.Add(u * (u - v));
-    }
-    const double sxx = cx.SumSquares.High, syy = cy.SumSquares.High, sxy = line.Sxy.High;
+    result.RSquared = Square(Correlation(cx, cy, line));
+    const int unitX = cx.Exponent - exponent, unitY = cy.Exponent - exponent;
+    const DoubleDouble squaresX = Shifted(cx.SumSquares, 2 * unitX),
+                       squaresY = Shifted(cy.SumSquares, 2 * unitY),
+                       products = Shifted(line.Sxy, unitX + unitY);
+    const double sxx = squaresX.High, syy = squaresY.High, sxy = products.High;
     const double product = std::sqrt(sxx) * std::sqrt(syy);
-    const double unexplained = line.SSE / n;
+    const double unexplained = std::ldexp(line.SSE, 2 * unitY) / n;
     const double third =
         sxy > 0.0 ? Ratio(2.0 * unexplained * sxx, product + sxy) : 2.0 * (product - sxy) / n;
     const double parts[] = {
         Square(bias.Value() / n),
-        Square(Ratio(squareDifference.Value(), std::sqrt(sxx) + std::sqrt(syy))) / n,
+        Square(Ratio((squaresX - squaresY).High, std::sqrt(sxx) + std::sqrt(syy))) / n,
         third,
-        Ratio(Square(slopeDefect.Value()), sxx) / n,
+        Ratio(Square((squaresX - products).High), sxx) / n,
         unexplained,
     };
     for (std::size_t i = 0; i < result.MSEPParts.size(); ++i)

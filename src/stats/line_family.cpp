@@ -78,26 +78,38 @@ LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y) {
     // Influence of pair i on the slopes: x e1 / Sxx on b1 and y e2 / Sxy on b2, e1 and e2 the residuals of
     // the two lines. The published sums of variances and covariance are the sums of squares of these.
     constexpr double limit = 0x1p480; // of an influence, so that sums of squares stay in range
+    struct LineVariance {
+        double P = 0.0, Q = 0.0; // weights of the two slopes
+        double Turn = 0.0;       // b1 less the slope: the residual is e1 + Turn x
+        Sum Slope, Intercept;
+    };
+    const std::size_t lines = sxy == 0.0 ? 1 : 6;
     const auto weight = Weights(family.B);
-    const DoubleDouble slope2 = sxy == 0.0 ? DoubleDouble{} : cy.SumSquares / line.Sxy;
-    for (std::size_t k = 0; k < (sxy == 0.0 ? 1u : 6u); ++k) {
+    std::array<LineVariance, 6> variances;
+    for (std::size_t k = 0; k < lines; ++k) {
         const DoubleDouble slope{Finite(std::ldexp(family.B[k], -unit)), 0.0};
-        const double p = Finite(weight[k][0]), q = Finite(weight[k][1]);
-        Sum slopeVariance, interceptVariance;
-        for (std::size_t i = 0; i < pairs.N; ++i) {
-            const DoubleDouble u = cx.Deviation[i], v = cy.Deviation[i];
-            const double e1 = line.Residual[i], e2 = line.SSE == 0.0 ? 0.0 : (v - slope2 * u).High;
-            double influence = p * Ratio(u.High * e1, sxx);
-            if (q != 0.0)
-                influence += q * (v.High * e2 / sxy);
-            influence = std::clamp(influence, -limit, limit);
-            slopeVariance.Add(Square(influence));
-            const double residual = line.SSE == 0.0 ? 0.0 : (v - slope * u).High;
-            const double interceptInfluence = residual - n * cx.Mean.High * influence;
-            interceptVariance.Add(Square(std::clamp(interceptInfluence, -limit, limit)));
+        const double turn = k == 0 ? 0.0 : (line.Slope - slope).High;
+        variances[k] = {Finite(weight[k][0]), Finite(weight[k][1]), turn, {}, {}};
+    }
+    const bool exact = line.SSE == 0.0;
+    const double turn2 = exact || sxy == 0.0 ? 0.0 : (line.Slope - cy.SumSquares / line.Sxy).High;
+    const double shift = n * cx.Mean.High;
+    for (std::size_t i = 0; i < pairs.N; ++i) {
+        const double u = cx.Deviation[i].High, v = cy.Deviation[i].High, e1 = line.Residual[i];
+        const double e2 = e1 + turn2 * u;
+        const double influence1 = Ratio(u * e1, sxx), influence2 = Ratio(v * e2, sxy);
+        for (std::size_t k = 0; k < lines; ++k) {
+            LineVariance& each = variances[k];
+            const double influence =
+                std::clamp(Finite(each.P * influence1 + each.Q * influence2), -limit, limit);
+            each.Slope.Add(Square(influence));
+            const double residual = exact ? 0.0 : e1 + each.Turn * u;
+            each.Intercept.Add(Square(std::clamp(residual - shift * influence, -limit, limit)));
         }
-        family.SDB[k] = Unscale(std::sqrt(slopeVariance.Value()), unit);
-        family.SDA[k] = Unscale(std::sqrt(interceptVariance.Value()) / n, cy.Exponent);
+    }
+    for (std::size_t k = 0; k < lines; ++k) {
+        family.SDB[k] = Unscale(std::sqrt(variances[k].Slope.Value()), unit);
+        family.SDA[k] = Unscale(std::sqrt(variances[k].Intercept.Value()) / n, cy.Exponent);
     }
     return family;
 }

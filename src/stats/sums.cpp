@@ -18,10 +18,12 @@ double Unscale(double value, int exponent) {
 }
 
 std::vector<double> Scaled(std::span<const double> sample, int exponent) {
-    std::vector<double> scaled;
-    scaled.reserve(sample.size());
-    for (double value : sample)
-        scaled.push_back(std::ldexp(Finite(value), -exponent));
+    // In two factors, since 2^1074 has no double.
+    const int half = -exponent / 2;
+    const double first = std::ldexp(1.0, half), second = std::ldexp(1.0, -exponent - half);
+    std::vector<double> scaled(sample.size());
+    std::transform(sample.begin(), sample.end(), scaled.begin(),
+                   [=](double value) { return Finite(value) * first * second; });
     return scaled;
 }
 
@@ -74,6 +76,14 @@ CentredLine LeastSquares(const CentredSample& x, const CentredSample& y) {
         line.SSE = 0.0;
     }
     return line;
+}
+
+double Correlation(const CentredSample& x, const CentredSample& y, const CentredLine& line) {
+    const double sxx = x.SumSquares.High, syy = y.SumSquares.High;
+    if (!(sxx > 0.0 && syy > 0.0))
+        return 0.0;
+    const double r = line.Sxy.High / (std::sqrt(sxx) * std::sqrt(syy));
+    return line.SSE == 0.0 ? std::copysign(1.0, r) : std::clamp(r, -1.0, 1.0);
 }
 
 double Median(std::vector<double> values) {

@@ -113,6 +113,11 @@ int ScaleExponent(std::span<const double> sample);
 /// value 2^exponent, saturated.
 double Unscale(double value, int exponent);
 
+/// value 2^exponent of a number of twice the digits.
+inline DoubleDouble Shifted(DoubleDouble value, int exponent) {
+    return {std::ldexp(value.High, exponent), std::ldexp(value.Low, exponent)};
+}
+
 /// The sample times 2^-exponent; what is not finite is made so first.
 std::vector<double> Scaled(std::span<const double> sample, int exponent);
 
@@ -143,6 +148,9 @@ struct CentredLine {
 };
 
 CentredLine LeastSquares(const CentredSample& x, const CentredSample& y);
+
+/// Pearson's r of centred samples and their line, 1 or -1 exactly for points on it; 0 for a constant sample.
+double Correlation(const CentredSample& x, const CentredSample& y, const CentredLine& line);
 
 /// The median, the mean of the two middle values for an even count; 0 for none.
 double Median(std::vector<double> values);

@@ -1,0 +1,158 @@
+#include "stats/normality.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "stats/degenerate_samples.h"
+#include "stats/edf_normality.h"
+#include "stats/reference_data.h"
+
+namespace corvane::stats::test {
+
+namespace {
+
+using Values = std::vector<double>;
+
+/// Calls `check` for every sample of the reference with values for the routine.
+template<class Check>
+void OnSamplesWith(const std::string& routine, Check check) {
+    int samples = 0;
+    for (const ReferenceSet& set : ReferenceSets()) {
+        if (!set.Has(routine))
+            continue;
+        for (const auto& [column, values] : {std::pair{"X", set.X}, std::pair{"Y", set.Y}}) {
+            const nlohmann::json& expected = set.Values[routine];
+            if (!expected.contains(column))
+                continue;
+            SCOPED_TRACE(set.Name + " " + column);
+            check(values, expected[column]);
+            ++samples;
+        }
+    }
+    EXPECT_GT(samples, 30);
+}
+
+TEST(Normality, ShapiroWilkAgreesWithTheReference) {
+    OnSamplesWith("ShapiroWilk", [](const Values& sample, const nlohmann::json& expected) {
+        const ShapiroWilkResult result = ShapiroWilk(sample);
+        ExpectClose(result.W, expected["W"], {1e-11, 1e-13}, "W");
+        ExpectClose(result.P, expected["P"], {1e-9, 0}, "P");
+        EXPECT_EQ(result.IFault, 0);
+    });
+}
+
+TEST(Normality, EdfStatisticsAgreeWithTheReference) {
+    OnSamplesWith("EDFNormalityStatistics", [](const Values& sample, const nlohmann::json& expected) {
+        const EDFResult result = EDFNormalityStatistics(sample);
+        ExpectClose(result.D, expected["D"], {1e-11, 1e-13}, "D");
+        ExpectClose(result.V, expected["V"], {1e-11, 1e-13}, "V");
+        ExpectClose(result.W2, expected["W2"], {1e-11, 1e-13}, "W2");
+        ExpectClose(result.U2, expected["U2"], {1e-11, 1e-13}, "U2");
+        ExpectClose(result.A2, expected["A2"], {1e-11, 1e-13}, "A2");
+        ExpectClose(result.PW2, expected["PW2"], {1e-10, 0}, "PW2");
+        ExpectClose(result.PU2, expected["PU2"], {1e-10, 0}, "PU2");
+        ExpectClose(result.PA2, expected["PA2"], {1e-10, 0}, "PA2");
+    });
+}
+
+/// Quantiles of the exponential law, strictly increasing.
+Values Exponential(std::size_t n) {
+    Values sample;
+    for (std::size_t i = 0; i < n; ++i)
+        sample.push_back(-std::log((static_cast<double>(i) + 0.5) / static_cast<double>(n)));
+    return sample;
+}
+
+TEST(Normality, ShapiroWilkOfLargeAndSmallestSamples) {
+    // R 4.2.2: shapiro.test for N = 5000, beyond which it refuses; the same formulas written in R for 6000.
+    const ShapiroWilkResult most = ShapiroWilk(Exponential(5000)), more = ShapiroWilk(Exponential(6000));
+    ExpectClose(most.W, 0.81636067744779091, {1e-11, 0}, "W of 5000");
+    ExpectClose(most.P, 5.4840379256e-60, {1e-9, 0}, "P of 5000");
+    EXPECT_EQ(most.IFault, 0);
+    ExpectClose(more.W, 0.81627511323947832, {1e-11, 0}, "W of 6000");
+    ExpectClose(more.P, 9.8618657589365e-64, {1e-9, 0}, "P of 6000");
+    EXPECT_EQ(more.IFault, 2);
+
+    // W = 27/28 by hand, P = 6/pi (asin sqrt(W) - asin sqrt(3/4)).
+    const ShapiroWilkResult three = ShapiroWilk({{7, 4, 5}});
+    EXPECT_NEAR(three.W, 27.0 / 28, 1e-15);
+    EXPECT_NEAR(three.P, 0.63688684502897, 1e-14);
+    EXPECT_EQ(ShapiroWilk({{1, 5, 1}}).P, 0.0);
+    EXPECT_NEAR(ShapiroWilk({{1, 3, 2}}).P, 1.0, 1e-15);
+    EXPECT_NEAR(ShapiroWilk({{1, 2, 2 + 1e-12}}).P, 6 * std::sqrt(0.75) / std::acos(-1.0) * 1e-12, 1e-15);
+}
+
+TEST(Normality, OfASampleFarOutIsFiniteAndRight) {
+    // R 4.2.2 with pnorm(log.p = TRUE): the last value is 54.8 SDs out, where Phi itself is 1 and its tail 0.
+    Values sample(2999);
+    std::iota(sample.begin(), sample.end(), 1.0);
+    sample.push_back(1e9);
+    const EDFResult result = EDFNormalityStatistics(sample);
+    ExpectClose(result.D, 0.50691716901819173, {1e-11, 0}, "D");
+    ExpectClose(result.V, 0.99960116828195877, {1e-11, 0}, "V");
+    ExpectClose(result.A2, 1158.4743988459204, {1e-11, 0}, "A2");
+}
+
+TEST(Normality, DoesNotDependOnUnitOffsetAndOrder) {
+    const Values sample = {3, 1, 4, 1.5, 9, 2.5, 6, 5.25, 3.5, 8, 9.75, 7, 9.25};
+    const ShapiroWilkResult plain = ShapiroWilk(sample);
+    const EDFResult edf = EDFNormalityStatistics(sample);
+    for (const auto& [scale, offset] :
+         {std::pair{1.0, 0x1p40}, {-1.0, 0.0}, {0x1p-900, 0.0}, {0x1p900, 0.0}}) {
+        Values other;
+        for (const double value : sample)
+            other.push_back(offset + scale * value);
+        std::rotate(other.begin(), other.begin() + 5, other.end());
+        const ShapiroWilkResult moved = ShapiroWilk(other);
+        EXPECT_NEAR(moved.W, plain.W, 1e-15);
+        EXPECT_NEAR(moved.P, plain.P, 1e-14);
+        const EDFResult movedEdf = EDFNormalityStatistics(other);
+        EXPECT_NEAR(movedEdf.D, edf.D, 1e-15);
+        EXPECT_NEAR(movedEdf.V, edf.V, 1e-15);
+        EXPECT_NEAR(movedEdf.W2, edf.W2, 1e-15);
+        EXPECT_NEAR(movedEdf.U2, edf.U2, 1e-15);
+        EXPECT_NEAR(movedEdf.A2, edf.A2, 1e-14);
+    }
+}
+
+TEST(Normality, OfDegenerateSamplesIsFinite) {
+    EXPECT_EQ(ShapiroWilk({{1, 2}}).IFault, 1);
+    EXPECT_EQ(ShapiroWilk(Values(9, 0.1)).IFault, 6);
+    const double none = std::nan(""), infinity = std::numeric_limits<double>::infinity();
+    const auto check = [](const Values& sample) {
+        const ShapiroWilkResult w = ShapiroWilk(sample);
+        const EDFResult e = EDFNormalityStatistics(sample);
+        const bool spread = !sample.empty() && *std::min_element(sample.begin(), sample.end()) <
+                                                   *std::max_element(sample.begin(), sample.end());
+        ASSERT_EQ(w.W > 0, spread && sample.size() > 2);
+        ASSERT_EQ(e.D > 0, spread);
+        if (!spread || sample.size() < 3) {
+            ASSERT_EQ(w.P, 1.0);
+        }
+        if (!spread) {
+            ASSERT_EQ(std::min({e.PW2, e.PU2, e.PA2}), 1.0);
+        }
+        for (const double value : {w.W, w.P, e.D, e.V, e.PW2, e.PU2, e.PA2})
+            ASSERT_TRUE(value >= 0 && value <= 1 + 1e-15) << value;
+        for (const double value : {e.W2, e.U2, e.A2})
+            ASSERT_TRUE(value >= 0 && value < 1e3) << value;
+    };
+    ForDegenerateSamples([&](const DegenerateSample& sample) {
+        check(sample.X);
+        check(sample.Y);
+    });
+    check({infinity, -infinity, 1, 2});
+    for (const double value :
+         {ShapiroWilk({{none, 1, infinity, 3}}).W, EDFNormalityStatistics({{none, 1, 3}}).A2})
+        EXPECT_TRUE(std::isfinite(value));
+}
+
+} // namespace
+
+} // namespace corvane::stats::test
