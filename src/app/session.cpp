@@ -22,7 +22,8 @@ bool NamesAFile(const std::string& path) {
     return IsValidUtf8(path) && FileExists(path);
 }
 
-/// The native path of a line's path; the report's header takes the name behind the last separator, so it must have one.
+/// The native path of a line's path; the report's header takes the name behind the last separator, so it must
+/// have one.
 std::string AbsolutePath(const std::string& path) {
     std::error_code error;
     const std::string absolute = std::filesystem::absolute(NativePath(path), error).string();
@@ -61,7 +62,8 @@ bool Session::Dispatch(std::string_view commandLine) {
 
     batch.BatchRun = true;
     if (NamesAFile(batch.BatchFile)) {
-        // The name goes with the cells: a file that is then refused must not leave an empty dataset under the old one.
+        // The name goes with the cells: a file that is then refused must not leave an empty dataset under the
+        // old one.
         dataset.cells.Clear();
         state.CurrentDatasetName.clear();
         Open(batch.BatchFile);
@@ -94,6 +96,24 @@ void Session::Open(const std::string& path) {
     if (!IsSet(dataset.options.NoSound))
         services.feedback.Beep();
     services.feedback.ShowProgress("File loaded ...");
+}
+
+void Session::Drop(std::span<const std::string> paths) {
+    batch.BatchRun = true;
+    for (const std::string& path : paths) {
+        batch.BatchFile = path;
+        Open(path);
+    }
+    batch.BatchRun = false;
+}
+
+void Session::Clear() {
+    if (!services.dialogs.AskYesNo("Do you want clear the dataset?", "", false))
+        return;
+    dataset.cells.Clear();
+    dataset.notes.clear();
+    ChangeOption(dataset, state, OptionOf(&AnalysisOptions::NOTES_BLUE), std::int16_t{0});
+    state.CurrentDatasetName.clear();
 }
 
 void Session::CalculateAction() {

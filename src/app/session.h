@@ -7,6 +7,7 @@
 #include "platform/settings.h"
 
 #include <list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,12 @@ public:
     /// Opens a dataset; on an old version the message of a refused file comes, other failures leave what was
     /// read.
     void Open(const std::string& path);
+
+    /// Opens files dropped on the grid one after another, without their questions; the last one stays.
+    void Drop(std::span<const std::string> paths);
+
+    /// Empties the cells, the notes and the dataset's name, if the user says yes. The row count stays.
+    void Clear();
 
     /// Evaluates the dataset into a results window of its own.
     void CalculateAction();

@@ -190,6 +190,23 @@ TEST_F(SessionRun, UserSettingsComeBeforeTheFile) {
     EXPECT_EQ(settings.stored["VenlaK4/Config"], written);
 }
 
+TEST_F(SessionRun, DropsFilesAndClears) {
+    const std::string first = folder / "d.KOV", second = folder / "e.KOV";
+    WriteBytes(second, "4,0,0\nNOTES_BLUE= 1\nN=2\nDATA:\n1,,2,,,,\n3,,4,,,,\nNOTES:\nmine\n");
+    session.Drop(std::vector{first, second});
+    EXPECT_EQ(session.Caption(), "Corvane v. 4.0.0 - e.KOV");
+    EXPECT_FALSE(session.Batch().BatchRun);
+    session.Clear(); // answered with no
+    EXPECT_EQ(Options().NOTES_BLUE, 1);
+    dialogs.answer = true;
+    session.Clear();
+    EXPECT_EQ(dialogs.questions.back(), "Do you want clear the dataset?");
+    EXPECT_EQ(session.Caption(), "Corvane v. 4.0.0");
+    EXPECT_EQ(session.CurrentDataset().cells.LastFilledRow(), 0);
+    EXPECT_EQ(session.CurrentDataset().cells.RowCount(), 2);
+    EXPECT_EQ(session.CurrentDataset().notes + std::to_string(Options().NOTES_BLUE), "0");
+}
+
 TEST_F(SessionRun, ResultsGoToTheWorkingFolderAndToTheEditor) {
     Dispatch(R"(/F"$\d.KOV" /S)");
     EXPECT_TRUE(std::filesystem::exists(folder / "ORRL/KOV Files/Notes0001.TXT"));
