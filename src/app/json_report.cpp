@@ -46,7 +46,25 @@ bool NotShown(const ReportField& shown) {
            TrimBlanks(CellText(value)) != TrimBlanks(shown.text);
 }
 
+/// The columns of a long table and the rows (from 1) in which a column has a star.
+Json TableJson(const ReportTable& table) {
+    Json columns = Json::object(), starred = Json::object();
+    for (const TableColumn& column : table.columns) {
+        if (!column.values) // the row numbers
+            continue;
+        columns[column.name] = *column.values;
+        if (!column.starred)
+            continue;
+        Json& rows = starred[column.name] = Json::array();
+        for (std::size_t row = 0; row < table.rows; ++row)
+            if (column.starred((*column.values)[row]))
+                rows.push_back(row + 1);
+    }
+    return {{"rows", table.rows}, {"columns", std::move(columns)}, {"starred", std::move(starred)}};
+}
+
 Json SectionJson(const ReportSection& section) {
+    Json tables = Json::array();
     Json values = Json::object(), notShown = Json::array(), failures = Json::array(), lines = Json::array();
     const auto addField = [&](const ReportField& shown) {
         if (shown.name.empty()) {
@@ -65,6 +83,14 @@ Json SectionJson(const ReportSection& section) {
         for (const ReportPiece& piece : line.pieces)
             if (piece.isField)
                 addField(piece.field);
+        if (line.table) {
+            tables.push_back(TableJson(*line.table));
+            for (std::size_t row = 0; row < line.table->rows; ++row) {
+                line.table->AppendRow(text, row);
+                lines.push_back(std::exchange(text, {}));
+            }
+            continue;
+        }
         text += line.Text();
         if (line.closed)
             lines.push_back(std::exchange(text, {}));
@@ -79,6 +105,8 @@ Json SectionJson(const ReportSection& section) {
     json["values"] = std::move(values);
     json["not_shown"] = std::move(notShown);
     json["failures"] = std::move(failures);
+    if (!tables.empty())
+        json["tables"] = std::move(tables);
     json["lines"] = std::move(lines);
     return json;
 }
@@ -104,8 +132,13 @@ std::string JsonReport(const JsonRun& run) {
     json["messages"] = run.messages;
 
     Json& sections = json["sections"] = Json::object();
-    for (const ReportSection& section : run.result.report.Sections())
-        AddOnce(sections, section.id, SectionJson(section), "sections");
+    const auto addSections = [&](const Report& report) {
+        for (const ReportSection& section : report.Sections())
+            AddOnce(sections, section.id, SectionJson(section), "sections");
+    };
+    addSections(run.result.report);
+    for (const RunWindow& window : run.result.windows)
+        addSections(window.content);
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 

@@ -1,12 +1,22 @@
 #include "app/saved_windows.h"
 
 namespace corvane {
+namespace {
 
-FileResult SaveWindows(const std::string& folder, const Report& report, FileStore& files) {
-    const std::string path = folder + "/results.txt";
+FileResult SaveText(const std::string& path, const Report& report, FileStore& files) {
     FileResult saved = files.Replace(path, report.Text());
     if (!saved.done)
         saved.reason = path + ": " + saved.reason;
+    return saved;
+}
+
+} // namespace
+
+FileResult SaveWindows(const std::string& folder, const RunResult& result, FileStore& files) {
+    FileResult saved = SaveText(folder + "/results.txt", result.report, files);
+    for (const RunWindow& window : result.windows)
+        if (saved.done)
+            saved = SaveText(folder + "/" + window.name + ".txt", window.content, files);
     return saved;
 }
 

@@ -117,13 +117,19 @@ void Session::Clear() {
 }
 
 void Session::CalculateAction() {
-    const RunResult result = Calculate(dataset, state, {services.dialogs, services.feedback, services.clock});
+    const RunResult result = Calculate(dataset, state,
+                                       {services.dialogs, services.feedback, services.clock, services.random,
+                                        services.files, WorkingFolder(services.folders)});
     if (result.end != RunEnd::Finished)
         return;
-    ResultsWindow& window =
-        windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
+    for (const RunWindow& opened : result.windows)
+        windows.push_back({opened.caption + DatasetTitle(state), opened.content.Text()});
+    if (!result.residueFile.empty())
+        services.editor.Open(result.residueFile);
+    ResultsWindow& window = windows.emplace_back("Results - " + Caption(), result.report.Text());
     if (batch.BatchRun)
         ActInBatch(window);
+    plots.insert(plots.end(), result.plots.begin(), result.plots.end());
 }
 
 void Session::ActInBatch(ResultsWindow& window) {

@@ -21,6 +21,7 @@ struct SessionServices {
     Dialogs& dialogs;
     Feedback& feedback;
     const Clock& clock;
+    Random& random;
     Printer& printer;
     TextEditor& editor;
 };
@@ -67,6 +68,8 @@ public:
     std::string Caption() const;
 
     const std::list<ResultsWindow>& Windows() const { return windows; }
+    /// The plots that runs asked for, oldest first.
+    const std::vector<PlotRequest>& Plots() const { return plots; }
     const Dataset& CurrentDataset() const { return dataset; }
     const BatchState& Batch() const { return batch; }
 
@@ -79,6 +82,7 @@ private:
     SessionState state;
     BatchState batch;
     std::list<ResultsWindow> windows;
+    std::vector<PlotRequest> plots;
 };
 
 } // namespace corvane

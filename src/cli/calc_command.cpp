@@ -10,6 +10,7 @@
 #include "evaluation/calculate.h"
 #include "files/dataset_reader.h"
 #include "platform/native/native_file_store.h"
+#include "platform/native/seeds.h"
 #include "platform/native/terminal.h"
 
 #include <filesystem>
@@ -81,26 +82,32 @@ ExitCode RunCalc(const CalcRequest& request) {
 
     KeptMessages dialogs("corvane: " + request.data + ": ");
     TerminalFeedback feedback;
-    const RunResult result = Calculate(dataset, session, {dialogs, feedback, *clock});
-    if (result.end != RunEnd::Finished)
-        return FailedRun(result, request.data);
-
-    if (!request.outFolder.empty()) {
+    ClockSeeds clockSeeds;
+    FixedSeed userSeed(request.seed.value_or(0));
+    Random& random = request.seed ? static_cast<Random&>(userSeed) : clockSeeds;
+    if (!request.outFolder.empty()) { // before the run, since a residue file goes there
         std::filesystem::create_directories(request.outFolder, error);
         if (error)
             return Fail(request.outFolder + ": " + error.message());
-        if (const FileResult saved = SaveWindows(request.outFolder, result.report, files); !saved.done)
-            return Fail(saved.reason);
     }
-    std::string text = WithLineFeeds(result.report.Text());
+    const RunResult result =
+        Calculate(dataset, session, {dialogs, feedback, *clock, random, files, request.outFolder});
+    if (result.end != RunEnd::Finished)
+        return FailedRun(result, request.data);
+
+    if (!request.outFolder.empty())
+        if (const FileResult saved = SaveWindows(request.outFolder, result, files); !saved.done)
+            return Fail(saved.reason);
     if (!request.jsonFile.empty()) {
-        std::string json = JsonReport({dataset, session, result, request.data, dialogs.texts});
+        const std::string json = JsonReport({dataset, session, result, request.data, dialogs.texts});
         if (request.jsonFile == standardOutput)
-            text = std::move(json);
+            std::cout << json;
         else if (const FileResult written = files.Replace(request.jsonFile, json); !written.done)
             return Fail(request.jsonFile + ": " + written.reason);
     }
-    std::cout << text << std::flush;
+    if (request.jsonFile != standardOutput)
+        result.report.Write([](std::string_view part) { std::cout << part; }, "\n");
+    std::cout << std::flush;
     return std::cout ? ExitDone : Fail("the report could not be written to standard output");
 }
 

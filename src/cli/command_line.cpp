@@ -34,7 +34,10 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
         ->allow_extra_args(false)
         ->check(CheckAssignment);
     calc->add_flag("--all", request.all, "Tick every report section and plot (before --set)");
-    calc->add_option("--out", request.outFolder, "Save the results as results.txt in this folder")
+    calc->add_option("--seed", request.seed, "Seed of the bootstrap; the same seed gives the same report")
+        ->type_name("N");
+    calc->add_option("--out", request.outFolder,
+                     "Save every window that the run opens as a file in this folder")
         ->type_name("DIR")
         ->check(CheckNotEmpty);
     calc->add_option("--json", request.jsonFile,

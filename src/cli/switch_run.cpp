@@ -8,6 +8,7 @@
 #include "platform/native/native_file_store.h"
 #include "platform/native/native_folders.h"
 #include "platform/native/native_processes.h"
+#include "platform/native/seeds.h"
 #include "platform/native/settings_file.h"
 #include "platform/native/terminal.h"
 
@@ -81,10 +82,11 @@ ExitCode RunSwitchLine(const std::vector<std::string>& arguments) {
     TerminalDialogs dialogs("corvane: ");
     TerminalFeedback feedback;
     const SystemClock clock = ReportClock().value_or(SystemClock());
+    ClockSeeds random;
     SpoolPrinter printer;
     NativeProcesses processes;
     UserTextEditor editor(processes);
-    Session session({files, folders, settings, dialogs, feedback, clock, printer, editor});
+    Session session({files, folders, settings, dialogs, feedback, clock, random, printer, editor});
     session.Start(*line);
     feedback.HideProgress();
     return ExitDone;

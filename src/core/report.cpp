@@ -6,8 +6,6 @@
 namespace corvane {
 namespace {
 
-constexpr std::string_view lineEnd = "\r\n";
-
 ReportField Formatted(const Field& field) {
     Field copy = field;
     if (auto text = FormatField(copy))
@@ -42,20 +40,30 @@ ReportSection& Report::BeginSection(std::string id, std::string title) {
     return sections.back();
 }
 
-std::string LinesText(const ReportSection& section, std::string_view end) {
-    std::string text;
-    for (const ReportLine& line : section.lines) {
-        for (const ReportPiece& piece : line.pieces)
-            text += piece.Text();
-        if (line.closed)
-            text += end;
-    }
-    return text;
+void ReportSection::Table(ReportTable table) {
+    ReportLine line;
+    line.table = std::make_shared<const ReportTable>(std::move(table));
+    lines.push_back(std::move(line));
 }
 
-std::string Report::Text() const {
+void ReportTable::AppendRow(std::string& text, std::size_t row) const {
+    for (const TableColumn& column : columns) {
+        const double value = column.values ? (*column.values)[row] : static_cast<double>(row + 1);
+        text += F(column.width, column.decimals, value).text;
+        if (column.starred)
+            text += column.starred(value) ? '*' : ' ';
+        text += column.after;
+    }
+}
+
+void Report::Write(const std::function<void(std::string_view)>& sink, std::string_view lineEnd) const {
+    constexpr std::size_t enough = 1 << 16;
     std::string text;
-    bool first = true;
+    const auto passOn = [&] {
+        sink(text);
+        text.clear();
+    };
+    bool first = !setApart;
     for (const ReportSection& section : sections) {
         if (!section.title.empty()) {
             if (!first)
@@ -64,8 +72,26 @@ std::string Report::Text() const {
             text.append(section.title).append(lineEnd);
             text.append(CharacterCount(section.title), '=').append(lineEnd);
         }
-        text += LinesText(section, lineEnd);
+        for (const ReportLine& line : section.lines) {
+            for (const ReportPiece& piece : line.pieces)
+                text += piece.Text();
+            const std::size_t rows = line.table ? line.table->rows : 0;
+            for (std::size_t row = 0; row < rows; ++row) {
+                line.table->AppendRow(text, row);
+                text += lineEnd;
+                if (text.size() > enough)
+                    passOn();
+            }
+            if (line.closed && !line.table)
+                text += lineEnd;
+        }
     }
+    passOn();
+}
+
+std::string Report::Text() const {
+    std::string text;
+    Write([&](std::string_view part) { text += part; }, "\r\n");
     return text;
 }
 

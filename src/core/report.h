@@ -1,9 +1,12 @@
 #pragma once
 
 #include "core/format/format_field.h"
+#include "core/shared_column.h"
 
 #include <cstdint>
+#include <functional>
 #include <list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -45,9 +48,29 @@ struct ReportPiece {
     bool isField = false;
 };
 
+/// A column of a long table: a field F(width, decimals) a row, what follows it, and the mark between the two.
+struct TableColumn {
+    std::string name;    ///< Machine name, unique within its section.
+    SharedColumn values; ///< Null: the row number, from 1.
+    std::int32_t width = 0, decimals = 0;
+    std::string after = {};
+    std::function<bool(double)> starred = {}; ///< Where given, "*" or a blank stands behind the field.
+};
+
+/// A table with a row a pair. Rows are formatted when they are rendered, so that a million of them cost what
+/// their columns cost.
+struct ReportTable {
+    std::vector<TableColumn> columns;
+    std::size_t rows = 0;
+
+    void AppendRow(std::string& text, std::size_t row) const;
+};
+
+/// A line of pieces, or the rows of a table.
 struct ReportLine {
     std::vector<ReportPiece> pieces;
-    bool closed = true; ///< Whether a line end follows.
+    bool closed = true; ///< Whether a line end follows; it follows every row of a table.
+    std::shared_ptr<const ReportTable> table = {};
 
     std::string Text() const;
 };
@@ -66,6 +89,9 @@ struct ReportSection {
     void Line(Pieces&&... pieces) {
         Append(true, std::forward<Pieces>(pieces)...);
     }
+
+    /// Appends the rows of a table, a line each.
+    void Table(ReportTable table);
 
     /// Appends text that the next line goes straight on from.
     template<class... Pieces>
@@ -87,7 +113,8 @@ private:
 /// The report as a document. Sections keep their place in memory while others are added.
 class Report {
 public:
-    Report() { sections.push_back({"header", {}, {}, {}}); }
+    /// Begins with an untitled section of this name.
+    explicit Report(std::string firstId = "header") { sections.push_back({std::move(firstId), {}, {}, {}}); }
 
     /// The section that is being written; at first the untitled one of the header.
     ReportSection& Current() { return sections.back(); }
@@ -99,12 +126,16 @@ public:
     /// The report as the results window shows it, line ends CR LF.
     std::string Text() const;
 
+    /// The same in pieces of some ten kilobytes and with the given line ends, for reports too long to hold.
+    void Write(const std::function<void(std::string_view)>& sink, std::string_view lineEnd) const;
+
+    /// Lets the first titled section, too, begin with two line ends.
+    void SetApart() { setApart = true; }
+
 private:
     std::list<ReportSection> sections;
+    bool setApart = false;
 };
-
-/// A section's own text, without its frame; every line ended by `lineEnd` unless it is open.
-std::string LinesText(const ReportSection& section, std::string_view lineEnd);
 
 /// Text with each CR LF turned into LF.
 std::string WithLineFeeds(std::string_view text);

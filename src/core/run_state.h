@@ -3,7 +3,9 @@
 #include "core/dataset.h"
 #include "core/evaluation_arrays.h"
 #include "core/failure.h"
+#include "core/plot_request.h"
 #include "core/report.h"
+#include "core/run_services.h"
 #include "core/session_state.h"
 #include "stats/correlation.h"
 #include "stats/error_measures.h"
@@ -13,25 +15,47 @@
 #include "stats/pair_statistics.h"
 #include "stats/residual_statistics.h"
 
+#include <list>
+#include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace corvane {
+
+/// A results window that a run opens beside its report.
+struct RunWindow {
+    std::string name;    ///< Of the file that a saved window becomes.
+    std::string caption; ///< Less the dataset's name.
+    Report content;
+};
+
+/// The arrays of a run that outlive it in long tables and plots.
+struct RunColumns {
+    EvaluationArrays arrays;
+    stats::Residuals residuals;
+};
 
 /// What one Calculate carries from section to section. The values keep the names that the report's text uses;
 /// those that the chosen method does not compute stay 0.
 struct RunState {
     Dataset& dataset;
     SessionState& session;
-    EvaluationArrays arrays;
-    Report report;
+    const RunServices& services;
+    Report report{};
+    std::list<RunWindow> windows{};
+    std::vector<PlotRequest> plots{};
+    std::string residueFile{}; ///< Path of the residue file that the run wrote; empty: none.
+
+    std::shared_ptr<RunColumns> columns = std::make_shared<RunColumns>();
+    EvaluationArrays& arrays = columns->arrays;
+    stats::Residuals& residuals = columns->residuals;
 
     double a = 0, b = 0, SDa = 0, SDb = 0, Chi2 = 0, Q = 0; ///< The line Y = a + b X of the chosen method.
     double AbsDev = 0;                                      ///< Least absolute deviations only.
     stats::LineFamily family{};                             ///< Regular least squares only.
 
     stats::PairSummary pairs{};
-    stats::Residuals residuals{};
     stats::ResistantFit resistant{};
     stats::ErrorMeasures errors{};
     stats::Pearson pearson{};
@@ -39,6 +63,9 @@ struct RunState {
     const AnalysisOptions& Options() const { return dataset.options; }
     double N() const { return static_cast<double>(arrays.Count()); }
     bool Comments() const { return IsSet(dataset.options.ADD_COMMENT); }
+
+    /// One of the run's own arrays, for a table or a plot.
+    SharedColumn Share(const std::vector<double>& array) const { return SharedColumn(columns, &array); }
 
     /// Runs one statement; a failure in it is noted with the section that is being written.
     template<class Work>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/format/paths.h"
+
 #include <string>
 
 namespace corvane {
@@ -17,5 +19,11 @@ struct SessionState {
     std::string CurrentDatasetName; ///< Path of the dataset's file; empty until one was opened or saved.
     std::string rememberedFolder;   ///< Where the last file dialog was.
 };
+
+/// The dataset's name in the captions of windows.
+inline std::string DatasetTitle(const SessionState& session) {
+    const std::string name = FileNameOf(session.CurrentDatasetName);
+    return name.empty() ? "Untitled" : name;
+}
 
 } // namespace corvane

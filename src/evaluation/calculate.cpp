@@ -63,9 +63,10 @@ void WriteSections(RunState& run, Feedback& feedback) {
 } // namespace
 
 RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& services) {
-    RunState run{dataset, session, SelectRows(dataset.cells), {}};
+    RunState run{dataset, session, services};
+    run.arrays = SelectRows(dataset.cells);
     const int rows = static_cast<int>(run.arrays.Count());
-    const auto endWith = [&](RunEnd end) { return RunResult{end, rows, std::move(run.report)}; };
+    const auto endWith = [&](RunEnd end) { return RunResult{.end = end, .rows = rows}; };
     if (run.arrays.Count() < fewestRows)
         return endWith(RunEnd::TooFewRows);
     if (!run.arrays.XYDiffer) {
@@ -84,7 +85,9 @@ RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& 
     SetDeviationConfidence(run);
     WriteSections(run, services.feedback);
     services.feedback.HideProgress();
-    return endWith(RunEnd::Finished);
+    return {RunEnd::Finished,      rows,
+            std::move(run.report), std::move(run.windows),
+            std::move(run.plots),  std::move(run.residueFile)};
 }
 
 } // namespace corvane

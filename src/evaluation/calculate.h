@@ -2,19 +2,10 @@
 
 #include "core/dataset.h"
 #include "core/report.h"
+#include "core/run_state.h"
 #include "core/session_state.h"
-#include "platform/clock.h"
-#include "platform/dialogs.h"
-#include "platform/feedback.h"
 
 namespace corvane {
-
-/// The services that a run uses. They must outlive it.
-struct RunServices {
-    Dialogs& dialogs;
-    Feedback& feedback;
-    const Clock& clock;
-};
 
 /// How a run ended.
 enum class RunEnd {
@@ -27,7 +18,10 @@ enum class RunEnd {
 struct RunResult {
     RunEnd end = RunEnd::Finished;
     int rows = 0;  ///< The number of analysed rows.
-    Report report; ///< Complete at RunEnd::Finished, otherwise empty.
+    Report report{}; ///< Complete at RunEnd::Finished, otherwise empty, as are the following.
+    std::list<RunWindow> windows{};
+    std::vector<PlotRequest> plots{};
+    std::string residueFile{}; ///< The residue file that was written; empty: none.
 };
 
 inline constexpr const char* IdenticalValuesMessage = "X and Y values are identical. Computation halted!";

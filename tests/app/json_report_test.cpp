@@ -4,8 +4,8 @@
 #include "core/option_changes.h"
 #include "files/dataset_reader.h"
 #include "platform/native/native_file_store.h"
-#include "support/fakes.h"
 #include "support/golden.h"
+#include "support/run_fakes.h"
 
 #include <algorithm>
 #include <bit>
@@ -31,11 +31,10 @@ struct FullRun {
         const LoadOutcome loaded = LoadFile(path, dataset, session, files);
         EXPECT_TRUE(loaded.Complete()) << loaded.Error();
         TickAllGates(dataset, session);
-        testing::RecordingDialogs dialogs;
-        testing::RecordingFeedback feedback;
-        result = Calculate(dataset, session, {dialogs, feedback, testing::FixedClock()});
+        testing::RunFakes fakes;
+        result = Calculate(dataset, session, fakes.Services());
         EXPECT_EQ(result.end, RunEnd::Finished);
-        json = Json::parse(JsonReport({dataset, session, result, path, dialogs.messages}));
+        json = Json::parse(JsonReport({dataset, session, result, path, fakes.dialogs.messages}));
     }
     const Json& Section(const char* id) const { return json.at("sections").at(id); }
 

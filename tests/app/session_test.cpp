@@ -120,7 +120,8 @@ protected:
     RecordingDialogs dialogs;
     RecordingFeedback feedback;
     FixedClock clock;
-    Session session{{files, folders, settings, dialogs, feedback, clock, printer, editor}};
+    FixedRandom random;
+    Session session{{files, folders, settings, dialogs, feedback, clock, random, printer, editor}};
 };
 
 TEST_F(SessionRun, SavesBeforeItPrintsAndThenCloses) {

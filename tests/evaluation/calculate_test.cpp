@@ -2,7 +2,7 @@
 
 #include "core/grid_operations.h"
 #include "core/option_changes.h"
-#include "support/fakes.h"
+#include "support/run_fakes.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>
@@ -24,8 +24,8 @@ protected:
         }
     }
     RunResult Run() {
-        dialogs.messages.clear();
-        return Calculate(dataset, session, {dialogs, feedback, clock});
+        fakes.dialogs.messages.clear();
+        return Calculate(dataset, session, fakes.Services());
     }
     void Set(OptionRow::Member member, const OptionValue& value) {
         ChangeOption(dataset, session, OptionOf(member), value);
@@ -36,9 +36,7 @@ protected:
 
     Dataset dataset;
     SessionState session;
-    RecordingDialogs dialogs;
-    RecordingFeedback feedback;
-    FixedClock clock;
+    RunFakes fakes;
 };
 
 const char* const bothIgnored =
@@ -51,45 +49,45 @@ TEST_F(CalculateRun, TooFewRowsEndSilently) {
     const RunResult result = Run();
     EXPECT_EQ(result.end, RunEnd::TooFewRows);
     EXPECT_EQ(result.rows, 2);
-    EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_TRUE(feedback.shown.empty());
+    EXPECT_TRUE(fakes.dialogs.messages.empty());
+    EXPECT_TRUE(fakes.feedback.shown.empty());
 }
 
 TEST_F(CalculateRun, IdenticalPairsAreRefused) {
     Put({{"1", "", "1", ""}, {"2", "", "2.0", ""}, {"abc", "", "", ""}});
     EXPECT_EQ(Run().end, RunEnd::IdenticalValues);
-    EXPECT_EQ(dialogs.messages, Strings{"X and Y values are identical. Computation halted!"});
+    EXPECT_EQ(fakes.dialogs.messages, Strings{"X and Y values are identical. Computation halted!"});
 }
 
 TEST_F(CalculateRun, NoMethodEndsOnTheSpot) {
     Put({{"1", "", "2", ""}, {"2", "", "3", ""}, {"4", "", "4", ""}});
     Set(&AnalysisOptions::LSM, false);
     EXPECT_EQ(Run().end, RunEnd::NoMethod);
-    EXPECT_EQ(dialogs.messages, Strings{"No option for regression is selected"});
-    EXPECT_EQ(feedback.shown, Strings{"Regression..."}); // the progress text stays
+    EXPECT_EQ(fakes.dialogs.messages, Strings{"No option for regression is selected"});
+    EXPECT_EQ(fakes.feedback.shown, Strings{"Regression..."}); // the progress text stays
 }
 
 TEST_F(CalculateRun, TheMethodCorrectionMovesTheButtonItself) {
     Put({{"1", "1", "2", "1"}, {"2", "1", "3", "1"}, {"4", "1", "4", "1"}});
     Set(&AnalysisOptions::WLSM, true);
     EXPECT_TRUE(Has(Run(), "Weighted Least-Squares Regression\r\n\r\n"));
-    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_TRUE(fakes.dialogs.messages.empty());
 
     Put({{"1", "1", "2", "1"}, {"2", "", "3", "1"}, {"4", "0", "4", "1"}});
     Set(&AnalysisOptions::UNCERTAINTY_X, std::int16_t{1});
     EXPECT_TRUE(Has(Run(), "Weighted Least-Squares Regression\r\nIgnored uncertainties in X\r\n\r\n"));
-    EXPECT_TRUE(dialogs.messages.empty());
+    EXPECT_TRUE(fakes.dialogs.messages.empty());
 
     Set(&AnalysisOptions::UNCERTAINTY_X, std::int16_t{0});
     EXPECT_TRUE(Has(Run(), "Regular Least-Squares Regression\r\n\r\n"));
-    EXPECT_EQ(dialogs.messages, Strings{zeroSD});
+    EXPECT_EQ(fakes.dialogs.messages, Strings{zeroSD});
     EXPECT_TRUE(dataset.options.LSM);
 
     Set(&AnalysisOptions::WLSM, true);
     Set(&AnalysisOptions::UNCERTAINTY_X, std::int16_t{1});
     Set(&AnalysisOptions::UNCERTAINTY_Y, std::int16_t{1});
     EXPECT_TRUE(Has(Run(), "Regular Least-Squares Regression\r\n\r\n"));
-    EXPECT_EQ(dialogs.messages, Strings{bothIgnored});
+    EXPECT_EQ(fakes.dialogs.messages, Strings{bothIgnored});
 }
 
 TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
@@ -99,7 +97,7 @@ TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
             ChangeOption(dataset, session, row, std::int16_t{2}); // ticked grey is not set
     const RunResult plain = Run();
     EXPECT_EQ(plain.report.Sections().size(), 2U);
-    EXPECT_EQ(feedback.shown, (Strings{"Regression...", "(hidden)"}));
+    EXPECT_EQ(fakes.feedback.shown, (Strings{"Regression...", "(hidden)"}));
 
     TickAllGates(dataset, session);
     std::vector<std::string> ids;

@@ -3,8 +3,8 @@
 #include "evaluation/calculate.h"
 #include "files/dataset_reader.h"
 #include "platform/native/native_file_store.h"
-#include "support/fakes.h"
 #include "support/golden.h"
+#include "support/run_fakes.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>
@@ -30,9 +30,8 @@ std::string ReportOf(const std::string& example, Settings settings) {
         ChangeOption(dataset, session, OptionOf(member), std::int16_t{1});
     for (const auto& [member, value] : settings)
         ChangeOption(dataset, session, OptionOf(member), value);
-    testing::RecordingDialogs dialogs;
-    testing::RecordingFeedback feedback;
-    return Calculate(dataset, session, {dialogs, feedback, testing::FixedClock()}).report.Text();
+    testing::RunFakes fakes;
+    return Calculate(dataset, session, fakes.Services()).report.Text();
 }
 
 TEST(GoldenReports, RegularLeastSquares) {
@@ -67,9 +66,8 @@ TEST(GoldenReports, ConstantY) {
     Dataset dataset;
     SessionState session;
     ASSERT_TRUE(LoadFile("/data/constant.KOV", dataset, session, files).Complete());
-    testing::RecordingDialogs dialogs;
-    testing::RecordingFeedback feedback;
-    const RunResult result = Calculate(dataset, session, {dialogs, feedback, testing::FixedClock()});
+    testing::RunFakes fakes;
+    const RunResult result = Calculate(dataset, session, fakes.Services());
     const std::string text = result.report.Text();
     // Later sections follow these three; their own tests watch them.
     const std::size_t next = text.find("\r\n\r\n\r\nDISTRIBUTION ANALYSES");

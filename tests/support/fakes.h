@@ -4,6 +4,7 @@
 #include "platform/dialogs.h"
 #include "platform/feedback.h"
 #include "platform/file_store.h"
+#include "platform/random.h"
 
 #include <map>
 #include <string>
@@ -33,6 +34,11 @@ public:
     void Beep() override {}
 
     std::vector<std::string> shown;
+};
+
+class FixedRandom : public Random {
+public:
+    std::uint64_t Seed() override { return 20240611; }
 };
 
 class FixedClock : public Clock {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/shared_column.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// What an XY plot shows, recorded by whoever asks for it. Chart columns are counted from 1: ChartData[0] is
+/// column 1, an element a point, NaN a blank.
+struct PlotRequest {
+    std::vector<SharedColumn> ChartData;
+    std::int32_t PointCount = 0;
+    std::int32_t ColumnCount = 0;
+    bool SameScale = false; ///< Both axes have one scale.
+    std::string Title, TitleFont = "Arial", TitleSize = "14";
+    std::string Footnote, FootnoteFont = "Arial", FootnoteSize = "8";
+    std::string XAxisTitle, YAxisTitle, AxisTitleFont = "Arial", AxisTitleSize = "10";
+    std::string AxisLabelFont = "Arial", AxisLabelSize = "12";
+    std::array<std::int32_t, 8> MarkerStyle{}, Red{}, Green{}, Blue{}; ///< By chart column; 0 is not used.
+    std::string LegendPosition = "0";
+    std::string WindowName;
+};
+
+} // namespace corvane
