@@ -1,5 +1,6 @@
 #include "evaluation/section_catalog.h"
 
+#include "analyses/balance_tables.h"
 #include "analyses/line_family_table.h"
 #include "analyses/parameter_tests.h"
 #include "analyses/regression.h"
@@ -14,6 +15,8 @@ constexpr CatalogEntry catalog[] = {
     {nullptr, nullptr, WriteRegression},
     {&Options::PARAMETER_TEST, "Parameters...", WriteParameterTests},
     {&Options::OLS_SLS, "OLS and SLS...", WriteLineFamily},
+    {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
+    {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 
