@@ -1,7 +1,11 @@
 #include "evaluation/section_catalog.h"
 
 #include "analyses/balance_tables.h"
+#include "analyses/concordance_table.h"
+#include "analyses/diverse_measures.h"
+#include "analyses/generalized_concordance_table.h"
 #include "analyses/line_family_table.h"
+#include "analyses/msep.h"
 #include "analyses/parameter_tests.h"
 #include "analyses/regression.h"
 #include "evaluation/references.h"
@@ -15,8 +19,12 @@ constexpr CatalogEntry catalog[] = {
     {nullptr, nullptr, WriteRegression},
     {&Options::PARAMETER_TEST, "Parameters...", WriteParameterTests},
     {&Options::OLS_SLS, "OLS and SLS...", WriteLineFamily},
+    {&Options::DIVERSE_MEASURES, "Mean bias...", WriteDiverseMeasures},
+    {&Options::CONCORDANCE_TEST, "Concordance...", WriteConcordance},
+    {&Options::GENERAL_CCC, "Generalized CCC...", WriteGeneralizedConcordance},
     {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
     {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
+    {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 
