@@ -1,5 +1,7 @@
 #include "core/data_matrix.h"
 
+#include "core/format/numbers.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -15,6 +17,14 @@ CellValue ToValue(const CellView& cell) {
 
 std::string CellText(const CellView& cell) {
     return CellText(ToValue(cell));
+}
+
+std::optional<double> CellNumber(const CellView& cell) {
+    if (const auto* number = std::get_if<double>(&cell))
+        return *number;
+    if (const auto* text = std::get_if<std::string_view>(&cell))
+        return ReadNumber(*text);
+    return std::nullopt;
 }
 
 std::int32_t DataMatrix::LastFilledRow() const {

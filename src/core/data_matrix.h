@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace corvane {
@@ -27,6 +28,8 @@ inline bool IsEmpty(const CellView& cell) {
     return text ? text->empty() : std::holds_alternative<std::monostate>(cell);
 }
 std::string CellText(const CellView& cell);
+/// The number that a cell holds or that its text reads as; nullopt for other text and an empty cell.
+std::optional<double> CellNumber(const CellView& cell);
 CellValue ToValue(const CellView& cell);
 CellView ToView(const CellValue& cell); ///< Valid as long as the value is.
 
