@@ -2,12 +2,15 @@
 
 #include "analyses/balance_tables.h"
 #include "analyses/concordance_table.h"
+#include "analyses/distance_analysis.h"
 #include "analyses/diverse_measures.h"
 #include "analyses/generalized_concordance_table.h"
 #include "analyses/line_family_table.h"
 #include "analyses/msep.h"
 #include "analyses/parameter_tests.h"
+#include "analyses/rank_analysis.h"
 #include "analyses/regression.h"
+#include "analyses/threshold_table.h"
 #include "evaluation/references.h"
 
 namespace corvane {
@@ -22,9 +25,12 @@ constexpr CatalogEntry catalog[] = {
     {&Options::DIVERSE_MEASURES, "Mean bias...", WriteDiverseMeasures},
     {&Options::CONCORDANCE_TEST, "Concordance...", WriteConcordance},
     {&Options::GENERAL_CCC, "Generalized CCC...", WriteGeneralizedConcordance},
+    {&Options::RANK_ANALYSIS, "Rank analysis...", WriteRankAnalysis},
     {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
     {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
     {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
+    {&Options::THRESHOLD_ANALYSIS, "Threshold analysis...", WriteThresholdTable},
+    {&Options::DISTANCE_ANALYSIS, nullptr, WriteDistanceAnalysis},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 
