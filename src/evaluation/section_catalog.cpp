@@ -1,8 +1,12 @@
 #include "evaluation/section_catalog.h"
 
+#include "analyses/distribution.h"
+#include "analyses/index_analysis.h"
 #include "analyses/line_family_table.h"
+#include "analyses/moment_table.h"
 #include "analyses/parameter_tests.h"
 #include "analyses/regression.h"
+#include "analyses/robust_table.h"
 #include "evaluation/references.h"
 
 namespace corvane {
@@ -14,6 +18,10 @@ constexpr CatalogEntry catalog[] = {
     {nullptr, nullptr, WriteRegression},
     {&Options::PARAMETER_TEST, "Parameters...", WriteParameterTests},
     {&Options::OLS_SLS, "OLS and SLS...", WriteLineFamily},
+    {&Options::DISTRIBUTION_ANALYSIS, "Distribution...", WriteDistribution},
+    {&Options::MOMENT_STATISTIC, "Moments...", WriteMoments},
+    {&Options::ROBUST_STATISTICS, "Robust statistics...", WriteRobustStatistics},
+    {&Options::INDEX_ANALYSIS, "Index...", WriteIndexAnalysis},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 
