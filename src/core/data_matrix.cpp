@@ -1,5 +1,7 @@
 #include "core/data_matrix.h"
 
+#include "core/format/numbers.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +13,13 @@ CellValue ToValue(const CellView& cell) {
     if (const auto* number = std::get_if<double>(&cell))
         return *number;
     return {};
+}
+
+std::optional<double> NumberOf(const CellView& cell) {
+    if (const auto* text = std::get_if<std::string_view>(&cell))
+        return ReadNumber(*text);
+    const auto* number = std::get_if<double>(&cell);
+    return number ? std::optional(*number) : std::nullopt;
 }
 
 std::string CellText(const CellView& cell) {

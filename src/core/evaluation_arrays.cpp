@@ -1,18 +1,12 @@
 #include "core/evaluation_arrays.h"
 
-#include "core/format/numbers.h"
-
 #include <algorithm>
 
 namespace corvane {
 namespace {
 
 double CellNumber(const CellView& cell) {
-    if (const auto* number = std::get_if<double>(&cell))
-        return *number;
-    if (const auto* text = std::get_if<std::string_view>(&cell))
-        return ReadNumber(*text).value_or(0);
-    return 0;
+    return NumberOf(cell).value_or(0);
 }
 
 } // namespace

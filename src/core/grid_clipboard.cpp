@@ -3,22 +3,14 @@
 #include "core/format/numbers.h"
 
 #include <limits>
-#include <optional>
 
 namespace corvane {
 namespace {
 
 constexpr const char* lineEnd = "\r\n";
 
-std::optional<double> NumberIn(const CellView& cell) {
-    if (const double* number = std::get_if<double>(&cell))
-        return *number;
-    const auto* text = std::get_if<std::string_view>(&cell);
-    return text ? ReadNumber(*text) : std::nullopt;
-}
-
 std::string CopiedNumber(const CellView& cell) {
-    const auto number = NumberIn(cell);
+    const auto number = NumberOf(cell);
     if (!number)
         return "Error 13";
     return (CellText(cell).size() >= 2 ? "0" : "") + NumberText(*number);

@@ -15,6 +15,8 @@
 #include "stats/pair_statistics.h"
 #include "stats/residual_statistics.h"
 
+#include <array>
+#include <cstdint>
 #include <list>
 #include <memory>
 #include <string>
@@ -35,6 +37,9 @@ struct RunColumns {
     EvaluationArrays arrays;
     stats::Residuals residuals;
 };
+
+/// Counts of pairs: first index over- or underprediction, second below or above.
+using AllocationTable = std::array<std::array<std::int32_t, 2>, 2>;
 
 /// What one Calculate carries from section to section. The values keep the names that the report's text uses;
 /// those that the chosen method does not compute stay 0.
@@ -59,6 +64,9 @@ struct RunState {
     stats::ResistantFit resistant{};
     stats::ErrorMeasures errors{};
     stats::Pearson pearson{};
+
+    /// The tables of Balance analysis; Orthogonal balance counts in them again.
+    AllocationTable BalanceTableX{}, BalanceTableY{};
 
     const AnalysisOptions& Options() const { return dataset.options; }
     double N() const { return static_cast<double>(arrays.Count()); }

@@ -1,5 +1,6 @@
 #include "evaluation/section_catalog.h"
 
+#include "analyses/balance_tables.h"
 #include "analyses/distribution.h"
 #include "analyses/index_analysis.h"
 #include "analyses/line_family_table.h"
@@ -22,6 +23,8 @@ constexpr CatalogEntry catalog[] = {
     {&Options::MOMENT_STATISTIC, "Moments...", WriteMoments},
     {&Options::ROBUST_STATISTICS, "Robust statistics...", WriteRobustStatistics},
     {&Options::INDEX_ANALYSIS, "Index...", WriteIndexAnalysis},
+    {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
+    {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 

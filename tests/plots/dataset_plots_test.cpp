@@ -1,0 +1,90 @@
+#include "plots/dataset_plots.h"
+
+#include "plots/axis_scale.h"
+#include "plots/xy_plot.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+struct Row {
+    const char *x, *y, *exclude;
+};
+
+Dataset With(const std::vector<Row>& rows, int columnX = ColumnX, int columnY = ColumnY) {
+    Dataset dataset;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const auto row = static_cast<std::int32_t>(i + 1);
+        dataset.cells.Set(columnX, row, std::string_view(rows[i].x));
+        dataset.cells.Set(columnY, row, std::string_view(rows[i].y));
+        dataset.cells.Set(ColumnExclude, row, std::string_view(rows[i].exclude));
+    }
+    return dataset;
+}
+
+const std::vector<Row> mixed = {{"1", "2", ""},  {"2", "1", "yes"}, {"3", "", "0"},
+                                {"4", "9", "n"}, {"", "5", ""},     {"6", "6", ""}};
+
+TEST(ScatterPlot, LeavesOutTheExcludedOnly) {
+    const PlotOutcome plot = ScatterPlot(With(mixed), {});
+    ASSERT_TRUE(plot.request);
+    EXPECT_EQ(plot.request->Footnote, "n =  3");
+    EXPECT_EQ(plot.request->ColumnCount, 5);
+    EXPECT_EQ(plot.request->WindowName, "Untitled");
+    EXPECT_EQ(plot.request->Title, "Observed vs Model-Predicted");
+    const ChartModel chart = CreateXYPlot(*plot.request);
+    ASSERT_EQ(chart.series.size(), 2u);
+    EXPECT_EQ(chart.series[0].name, "Obs");
+    EXPECT_EQ((*chart.series[0].x)[1], 3);
+    EXPECT_TRUE(std::isnan((*chart.series[0].y)[1])); // an empty Y is a gap
+    EXPECT_EQ(chart.series[1].name, "Y=X");
+    EXPECT_EQ(chart.series[1].colour, (Colour{255, 0, 0}));
+    EXPECT_TRUE(chart.series[1].line);
+    EXPECT_EQ(ScalesOf(chart).x.minimum, ScalesOf(chart).y.minimum);
+}
+
+TEST(ScatterPlot, ShowsTheExcludedApartAndFollowsTheOptions) {
+    Dataset dataset = With(mixed);
+    dataset.options.SHOW_EXCLUDED = 1;
+    dataset.options.PLOT_YX = 0;
+    dataset.options.SAME_SCALE_XY = 0;
+    dataset.options.SwapXY = 1;
+    const PlotOutcome plot = ScatterPlot(dataset, {});
+    ASSERT_TRUE(plot.request);
+    EXPECT_EQ(plot.request->Footnote, "n =  4");
+    EXPECT_EQ(plot.request->Title + plot.request->XAxisTitle + plot.request->YAxisTitle,
+              "Model-Predicted vs ObservedObserved (X)Model-Predicted (Y)");
+    const ChartModel chart = CreateXYPlot(*plot.request);
+    ASSERT_EQ(chart.series.size(), 2u);
+    EXPECT_EQ(chart.series[1].name, "Excluded");
+    EXPECT_EQ(chart.series[1].marker, Marker::Cross);
+    EXPECT_EQ((*chart.series[1].y)[1], 1);
+    EXPECT_TRUE(std::isnan((*chart.series[0].y)[1]));
+    EXPECT_TRUE(chart.xAxis.automatic);
+    EXPECT_EQ(ScatterPlot(With({{"1", "1", ""}, {"2", "2", ""}}), {}).message,
+              "Not enough data points to generate a plot");
+}
+
+TEST(RankPlot, TakesRankedRows) {
+    const PlotOutcome plot = RankPlot(
+        With({{"1", "2", ""}, {".", ".", "Y"}, {"2", "1", ""}, {"3.5", "3", ""}}, ColumnRankX, ColumnRankY),
+        {});
+    ASSERT_TRUE(plot.request);
+    EXPECT_EQ(plot.request->Footnote, "n =  3");
+    EXPECT_EQ(plot.request->Title, "Rank of Observed vs Rank of Model-Predicted");
+    EXPECT_EQ(RankPlot(With(mixed), {}).message, "Not enough rank points to generate a plot");
+}
+
+TEST(CreateXYPlot, SizesMarkersByTheNumberOfPoints) {
+    for (const auto& [points, size] : {std::pair{49, 200}, {50, 150}, {99, 150}, {100, 100}}) {
+        PlotRequest request;
+        request.PointCount = points;
+        request.ChartData.assign(3, ShareColumn({1}));
+        EXPECT_EQ(CreateXYPlot(request).series[0].markerSize, size);
+    }
+}
+
+} // namespace
+} // namespace corvane
