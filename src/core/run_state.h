@@ -49,7 +49,7 @@ struct RunState {
     const RunServices& services;
     Report report{};
     std::list<RunWindow> windows{};
-    std::vector<PlotRequest> plots{};
+    std::vector<ChartRequest> plots{};   ///< In the order in which they open.
     std::string residueFile{};           ///< Path of the residue file that the run wrote; empty: none.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
 

@@ -16,11 +16,21 @@
 #include "analyses/robust_table.h"
 #include "analyses/threshold_table.h"
 #include "evaluation/references.h"
+#include "plots/histogram.h"
 
 namespace corvane {
 namespace {
 
 using Options = AnalysisOptions;
+
+/// The Histo action; it has no text.
+void RequestHistograms(RunState& run) {
+    HistogramOutcome outcome = HistogramPlots(run.dataset);
+    if (!outcome.message.empty())
+        run.services.dialogs.ShowMessage(MessageStyle::Critical, outcome.message, "");
+    for (HistogramRequest& request : outcome.requests)
+        run.plots.emplace_back(std::move(request));
+}
 
 constexpr CatalogEntry catalog[] = {
     {nullptr, nullptr, WriteRegression},
@@ -39,6 +49,7 @@ constexpr CatalogEntry catalog[] = {
     {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
     {&Options::THRESHOLD_ANALYSIS, "Threshold analysis...", WriteThresholdTable},
     {&Options::DISTANCE_ANALYSIS, nullptr, WriteDistanceAnalysis},
+    {&Options::HISTOGRAM_PLOT, nullptr, RequestHistograms},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 

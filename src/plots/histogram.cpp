@@ -148,7 +148,7 @@ HistogramOutcome HistogramPlots(const Dataset& dataset) {
         request.x = std::move(x);
         request.y = std::move(y);
         request.xName = xName;
-        outcome.charts.push_back(CreateHistogramPlot(request));
+        outcome.requests.push_back(std::move(request));
     };
     if (IsSet(options.HIST_PLOT_XY)) {
         const SharedColumn x = ShareColumn(std::move(xs)), y = ShareColumn(std::move(ys));
