@@ -18,9 +18,8 @@ using Gates = std::initializer_list<OptionRow::Member>;
 using Settings = std::initializer_list<std::pair<OptionRow::Member, OptionValue>>;
 
 /// The run of a dataset file with only the given sections ticked, and then the given settings.
-inline RunResult RunOf(const std::string& path, Gates gates, Settings settings = {},
+inline RunResult RunOf(Dataset& dataset, const std::string& path, Gates gates, Settings settings = {},
                        const FileStore& files = NativeFileStore()) {
-    Dataset dataset;
     SessionState session;
     const LoadOutcome loaded = LoadFile(path, dataset, session, files);
     EXPECT_TRUE(loaded.Complete()) << loaded.Error();
@@ -33,6 +32,12 @@ inline RunResult RunOf(const std::string& path, Gates gates, Settings settings =
         ChangeOption(dataset, session, OptionOf(member), value);
     RunFakes fakes;
     return Calculate(dataset, session, fakes.Services());
+}
+
+inline RunResult RunOf(const std::string& path, Gates gates, Settings settings = {},
+                       const FileStore& files = NativeFileStore()) {
+    Dataset dataset;
+    return RunOf(dataset, path, gates, settings, files);
 }
 
 inline RunResult RunOfExample(const std::string& example, Gates gates, Settings settings = {}) {
