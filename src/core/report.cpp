@@ -16,6 +16,11 @@ ReportField Formatted(const Field& field) {
 
 } // namespace
 
+ReportField&& ReportField::Trimmed() && {
+    text = std::string(TrimBlanks(text));
+    return std::move(*this);
+}
+
 ReportField F(std::int32_t width, std::int32_t decimals, CellValue value) {
     return Formatted({std::move(value), width, decimals, AlignRight, false, false});
 }

@@ -24,6 +24,9 @@ struct ReportField {
         name = machineName;
         return std::move(*this);
     }
+
+    /// Without the blanks around its text.
+    ReportField&& Trimmed() &&;
 };
 
 /// A field of the given width and decimals, right-aligned. A RunFailure where the field cannot be formatted.

@@ -1,10 +1,14 @@
 #include "evaluation/section_catalog.h"
 
 #include "analyses/balance_tables.h"
+#include "analyses/concordance_table.h"
 #include "analyses/distribution.h"
+#include "analyses/diverse_measures.h"
+#include "analyses/generalized_concordance_table.h"
 #include "analyses/index_analysis.h"
 #include "analyses/line_family_table.h"
 #include "analyses/moment_table.h"
+#include "analyses/msep.h"
 #include "analyses/parameter_tests.h"
 #include "analyses/regression.h"
 #include "analyses/robust_table.h"
@@ -22,9 +26,13 @@ constexpr CatalogEntry catalog[] = {
     {&Options::DISTRIBUTION_ANALYSIS, "Distribution...", WriteDistribution},
     {&Options::MOMENT_STATISTIC, "Moments...", WriteMoments},
     {&Options::ROBUST_STATISTICS, "Robust statistics...", WriteRobustStatistics},
+    {&Options::DIVERSE_MEASURES, "Mean bias...", WriteDiverseMeasures},
     {&Options::INDEX_ANALYSIS, "Index...", WriteIndexAnalysis},
+    {&Options::CONCORDANCE_TEST, "Concordance...", WriteConcordance},
+    {&Options::GENERAL_CCC, "Generalized CCC...", WriteGeneralizedConcordance},
     {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
     {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
+    {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 
