@@ -2,6 +2,7 @@
 
 #include "analyses/balance_tables.h"
 #include "analyses/concordance_table.h"
+#include "analyses/deviation_analysis.h"
 #include "analyses/distribution.h"
 #include "analyses/diverse_measures.h"
 #include "analyses/generalized_concordance_table.h"
@@ -12,6 +13,7 @@
 #include "analyses/parameter_tests.h"
 #include "analyses/regression.h"
 #include "analyses/robust_table.h"
+#include "analyses/weighed_deviance.h"
 #include "evaluation/references.h"
 
 namespace corvane {
@@ -33,6 +35,8 @@ constexpr CatalogEntry catalog[] = {
     {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
     {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
     {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
+    {&Options::WEIGHED_DEVIANCE, nullptr, WriteWeighedDeviance},
+    {&Options::DEVIATION_ANALYSIS, "Deviation analysis...", WriteDeviationAnalysis},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
 
