@@ -54,7 +54,7 @@ foreach(source IN LISTS sources)
       elseif(NOT to IN_LIST "allowed_${from}")
         message(SEND_ERROR "${source}: '${from}' may not include '${to}' (${CMAKE_MATCH_1})")
       endif()
-    elseif(include MATCHES "<([A-Za-z_]+)/" OR include MATCHES "<(Q[A-Z]|qcustomplot)")
+    elseif(include MATCHES "<([A-Za-z_]+)[/A-Z.]")
       set(library "${CMAKE_MATCH_1}")
       if(include MATCHES "<(Q[A-Z]|qcustomplot)") # Qt's headers stand in no folder
         set(library "Qt")

@@ -34,14 +34,17 @@ std::string ToFifteenDigits(double value) {
 /// fraction, so that a confidence of 99.5 % has the limits of 50 %.
 double OutsideProbability(RunState& run) {
     const double confidence = run.session.DeviationCIProb, percent = (1 - confidence) * 100;
-    if (percent > 1)
-        return percent / 100;
-    run.warnings.push_back(
-        "DEVIATION_CI_PROB: a confidence of " + ToFifteenDigits(100 * confidence) + " % leaves out " +
-        ToFifteenDigits(percent) +
-        ", which counts as a fraction since it is not above 1: the deviation analysis has " +
-        ToFifteenDigits(100 - 100 * percent) + " %");
-    return percent;
+    const double alpha = percent > 1 ? percent / 100 : percent;
+    const std::string asked =
+        "DEVIATION_CI_PROB: a confidence of " + ToFifteenDigits(100 * confidence) + " % ";
+    if (alpha <= 0 || alpha >= 1)
+        run.warnings.push_back(asked + "has no limits: there is no deviation analysis");
+    else if (percent <= 1)
+        run.warnings.push_back(
+            asked + "leaves out " + ToFifteenDigits(percent) +
+            ", which counts as a fraction since it is not above 1: the deviation analysis has " +
+            ToFifteenDigits(100 - 100 * alpha) + " %");
+    return alpha;
 }
 
 /// Limits of the size that a deviation exceeds with probability alpha: sqrt(chi(1 - alpha, 1) S / chi), S a

@@ -8,8 +8,8 @@ namespace corvane {
 /// limits of the distribution of their sizes, and their tests of normality. Its last line is open.
 ///
 /// The whole is one statement: with equal deviations it ends where their mean is tested. A confidence that
-/// has no quantiles (100 % and above, below 0) leaves no section. Only where it reached its end it opens the
-/// window "deviation" with the intervals about the line, a row a pair.
+/// has no quantiles (100 % and above, or negative) leaves no section. Only where it reaches its end it opens
+/// the window "deviation" with the intervals about the line, a row a pair.
 void WriteDeviationAnalysis(RunState& run);
 
 } // namespace corvane

@@ -3,6 +3,7 @@
 #include "analyses/balance_tables.h"
 #include "analyses/concordance_table.h"
 #include "analyses/deviation_analysis.h"
+#include "analyses/distance_analysis.h"
 #include "analyses/distribution.h"
 #include "analyses/diverse_measures.h"
 #include "analyses/generalized_concordance_table.h"
@@ -11,8 +12,10 @@
 #include "analyses/moment_table.h"
 #include "analyses/msep.h"
 #include "analyses/parameter_tests.h"
+#include "analyses/rank_analysis.h"
 #include "analyses/regression.h"
 #include "analyses/robust_table.h"
+#include "analyses/threshold_table.h"
 #include "analyses/weighed_deviance.h"
 #include "evaluation/references.h"
 
@@ -32,9 +35,12 @@ constexpr CatalogEntry catalog[] = {
     {&Options::INDEX_ANALYSIS, "Index...", WriteIndexAnalysis},
     {&Options::CONCORDANCE_TEST, "Concordance...", WriteConcordance},
     {&Options::GENERAL_CCC, "Generalized CCC...", WriteGeneralizedConcordance},
+    {&Options::RANK_ANALYSIS, "Rank analysis...", WriteRankAnalysis},
     {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
     {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
     {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
+    {&Options::THRESHOLD_ANALYSIS, "Threshold analysis...", WriteThresholdTable},
+    {&Options::DISTANCE_ANALYSIS, nullptr, WriteDistanceAnalysis},
     {&Options::WEIGHED_DEVIANCE, nullptr, WriteWeighedDeviance},
     {&Options::DEVIATION_ANALYSIS, "Deviation analysis...", WriteDeviationAnalysis},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},

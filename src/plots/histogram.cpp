@@ -119,7 +119,8 @@ HistogramOutcome HistogramPlots(const Dataset& dataset) {
         return {{}, "Not enough data points to generate a plot"};
     std::vector<double> xs, ys, differences;
     for (std::int32_t row = 1; row <= rows; ++row) {
-        const auto x = NumberOf(dataset.cells.At(ColumnX, row)), y = NumberOf(dataset.cells.At(ColumnY, row));
+        const auto x = CellNumber(dataset.cells.At(ColumnX, row)),
+                   y = CellNumber(dataset.cells.At(ColumnY, row));
         if (!x || !y || (ExcludedFromPlots(dataset.cells, row) && !IsSet(options.SHOW_EXCLUDED)))
             continue;
         xs.push_back(*x);

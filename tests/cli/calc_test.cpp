@@ -101,6 +101,17 @@ TEST_F(Calc, WritesJsonBesideTheReportOrInsteadOfIt) {
     EXPECT_FALSE(folder.Exists("none"));
 }
 
+TEST_F(Calc, SaysOnceWhatTheReportDoesNot) {
+    folder.Write("dots.KOV", "4,0,0\nN=4\nDATA:\n1,,2,,,,\n2,,3,,,,y\n3,,5,,,,\n4,,4,,,,\n");
+    const Ran ran = Run("$corvane calc dots.KOV --set THRESHOLD_ANALYSIS=1 --set TRESHOLD_RANK=2 "
+                        "--set TRESHOLD_XY=3 --json -");
+    const std::string warning = "threshold table by ranks: row 2: Rank X is '.', not a number; counting "
+                                "ended there, with a total of 1";
+    EXPECT_EQ(ran.exit, 0);
+    EXPECT_EQ(ran.err, "corvane: warning: dots.KOV: " + warning + "\n");
+    EXPECT_TRUE(Has(ran.out, "\"messages\": [\n    \"" + warning + "\"\n  ]")) << ran.out;
+}
+
 TEST_F(Calc, WrongUsageExitsWithTwo) {
     for (const char* arguments : {"calc", "calc a b", "calc --set", "calc d.KOV --set OLS_SLS",
                                   "calc d.KOV --what", "calc d.KOV --set =1", "calc d.KOV --json"})

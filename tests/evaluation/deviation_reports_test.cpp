@@ -77,6 +77,7 @@ TEST(DeviationReports, AConfidenceWithoutQuantilesLeavesNoSection) {
         EXPECT_EQ(ReportText(run).find("\r\nDEVIATION ANALYSIS"), std::string::npos);
         EXPECT_EQ(run.report.Sections().back().id, "references");
         EXPECT_TRUE(run.windows.empty());
+        EXPECT_EQ(run.warnings.size(), 1U);
     }
 }
 
