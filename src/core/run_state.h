@@ -48,6 +48,7 @@ struct RunState {
     SessionState& session;
     const RunServices& services;
     Report report{};
+    std::vector<ReportLine> header{}; ///< The first lines of the report, which its windows may repeat.
     std::list<RunWindow> windows{};
     std::vector<ChartRequest> plots{};   ///< In the order in which they open.
     std::string residueFile{};           ///< Path of the residue file that the run wrote; empty: none.

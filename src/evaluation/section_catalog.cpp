@@ -2,6 +2,7 @@
 
 #include "analyses/balance_tables.h"
 #include "analyses/concordance_table.h"
+#include "analyses/deviation_analysis.h"
 #include "analyses/distance_analysis.h"
 #include "analyses/distribution.h"
 #include "analyses/diverse_measures.h"
@@ -15,6 +16,7 @@
 #include "analyses/regression.h"
 #include "analyses/robust_table.h"
 #include "analyses/threshold_table.h"
+#include "analyses/weighed_deviance.h"
 #include "evaluation/references.h"
 #include "plots/histogram.h"
 
@@ -49,6 +51,8 @@ constexpr CatalogEntry catalog[] = {
     {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
     {&Options::THRESHOLD_ANALYSIS, "Threshold analysis...", WriteThresholdTable},
     {&Options::DISTANCE_ANALYSIS, nullptr, WriteDistanceAnalysis},
+    {&Options::WEIGHED_DEVIANCE, nullptr, WriteWeighedDeviance},
+    {&Options::DEVIATION_ANALYSIS, "Deviation analysis...", WriteDeviationAnalysis},
     {&Options::HISTOGRAM_PLOT, nullptr, RequestHistograms},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
 };
