@@ -1,5 +1,5 @@
-// The bootstrap of MSEP close to the largest size that its 16 bits allow, beside as many plain passes over the
-// pairs and as many draws of its generator.
+// The bootstrap of MSEP close to the largest size that its 16 bits allow, beside as many plain passes over
+// the pairs and as many draws of its generator.
 
 #include "analyses/msep_bootstrap.h"
 
