@@ -20,7 +20,8 @@ QColor SliceColour(int slice) {
     static const QColor colours[] = {{230, 159, 0}, {86, 180, 233}, {0, 158, 115},   {240, 228, 66},
                                      {0, 114, 178}, {213, 94, 0},   {204, 121, 167}, {153, 153, 153}};
     constexpr int count = static_cast<int>(std::size(colours));
-    return colours[slice % count].lighter(100 + 25 * (slice / count % 3));
+    const int round = slice / count % 3;
+    return round == 0 ? colours[slice % count] : colours[slice % count].lighter(100 + 25 * round);
 }
 
 void PieItem::draw(QCPPainter* painter) {

@@ -124,7 +124,11 @@ QCPGraph* AddLine(QCustomPlot& plot, const ChartScales& scales, double intercept
 void AddPoints(QCustomPlot& plot, const ChartSeries& series, const ChartScales& scales, QSize size) {
     constexpr double twentiethsPerPoint = 20;
     QCPGraph* graph = plot.addGraph();
-    const std::vector<std::size_t> shown = VisiblePoints(series, scales, 2 * size.width(), 2 * size.height());
+    // Crowds are painted on dots of two pixels, a few points on all the dots that there are.
+    constexpr std::size_t crowd = 20'000;
+    const double dots = series.y->size() > crowd ? 0.5 : 2;
+    const std::vector<std::size_t> shown = VisiblePoints(
+        series, scales, static_cast<int>(dots * size.width()), static_cast<int>(dots * size.height()));
     QVector<double> xs, ys;
     for (const std::size_t i : shown) {
         xs.append((*series.x)[i]);
@@ -134,9 +138,9 @@ void AddPoints(QCustomPlot& plot, const ChartSeries& series, const ChartScales& 
     graph->setLineStyle(QCPGraph::lsNone);
     graph->setAdaptiveSampling(false);
     // Smaller where they would cover each other.
-    const double crowd =
+    const double room =
         std::clamp(std::sqrt(2000.0 / std::max<double>(1, static_cast<double>(shown.size()))), 0.3, 1.0);
-    const double across = crowd * pixelsPerPoint * series.markerSize / twentiethsPerPoint;
+    const double across = room * pixelsPerPoint * series.markerSize / twentiethsPerPoint;
     const QColor colour = ColourOf(series.colour);
     // A white rim tells points apart that overlap.
     graph->setScatterStyle(
@@ -245,6 +249,8 @@ void AddStatisticLines(QCustomPlot& plot, const ChartModel& chart, const ChartSc
 /// A text broken at blanks so that it fits a width; what goes beyond the lines is cut with "...".
 QString Wrapped(const QString& text, const QFont& font, int width, int mostLines) {
     const QFontMetrics metrics(font);
+    if (metrics.horizontalAdvance(text) <= width)
+        return text;
     QStringList lines(QString{});
     for (const QString& word : text.split(' ', Qt::SkipEmptyParts)) {
         const QString longer = lines.last().isEmpty() ? word : lines.last() + ' ' + word;

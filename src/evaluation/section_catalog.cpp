@@ -4,14 +4,18 @@
 #include "analyses/concordance_table.h"
 #include "analyses/difference_regressions.h"
 #include "analyses/distance_analysis.h"
+#include "analyses/distribution.h"
 #include "analyses/diverse_measures.h"
 #include "analyses/generalized_concordance_table.h"
+#include "analyses/index_analysis.h"
 #include "analyses/line_family_table.h"
+#include "analyses/moment_table.h"
 #include "analyses/msep.h"
 #include "analyses/msep_bootstrap.h"
 #include "analyses/parameter_tests.h"
 #include "analyses/rank_analysis.h"
 #include "analyses/regression.h"
+#include "analyses/robust_table.h"
 #include "analyses/threshold_table.h"
 #include "evaluation/references.h"
 
@@ -24,7 +28,11 @@ constexpr CatalogEntry catalog[] = {
     {nullptr, nullptr, WriteRegression},
     {&Options::PARAMETER_TEST, "Parameters...", WriteParameterTests},
     {&Options::OLS_SLS, "OLS and SLS...", WriteLineFamily},
+    {&Options::DISTRIBUTION_ANALYSIS, "Distribution...", WriteDistribution},
+    {&Options::MOMENT_STATISTIC, "Moments...", WriteMoments},
+    {&Options::ROBUST_STATISTICS, "Robust statistics...", WriteRobustStatistics},
     {&Options::DIVERSE_MEASURES, "Mean bias...", WriteDiverseMeasures},
+    {&Options::INDEX_ANALYSIS, "Index...", WriteIndexAnalysis},
     {&Options::CONCORDANCE_TEST, "Concordance...", WriteConcordance},
     {&Options::GENERAL_CCC, "Generalized CCC...", WriteGeneralizedConcordance},
     {&Options::RANK_ANALYSIS, "Rank analysis...", WriteRankAnalysis},

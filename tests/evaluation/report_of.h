@@ -40,9 +40,8 @@ inline RunResult RunOfExample(const std::string& example, Gates gates, Settings 
 }
 
 /// The same with pairs of X and Y in memory, under the name of a dataset file.
-inline RunResult RunOfPairs(const std::string& name,
-                            std::initializer_list<std::pair<const char*, const char*>> pairs, Gates gates,
-                            Settings settings = {}) {
+using TextPairs = std::initializer_list<std::pair<const char*, const char*>>;
+inline RunResult RunOfPairs(const std::string& name, TextPairs pairs, Gates gates, Settings settings = {}) {
     MemoryFiles files;
     std::string& text = files.files["/data/" + name];
     text = "4,0,0\nN=" + std::to_string(pairs.size()) + "\nDATA:\n";

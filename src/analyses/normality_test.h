@@ -1,0 +1,15 @@
+#pragma once
+
+#include "core/report.h"
+
+#include <span>
+#include <string>
+
+namespace corvane {
+
+/// Appends a sample's five statistics of the empirical distribution function and its Shapiro-Wilk W, without
+/// a heading. The last line is open: the caller ends it, or the next section's frame does. The prefix keeps
+/// the machine names of several samples of one section apart.
+void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix);
+
+} // namespace corvane

@@ -1,0 +1,26 @@
+#include "analyses/robust_table.h"
+
+#include "stats/robust_scale.h"
+
+namespace corvane {
+
+void WriteRobustStatistics(RunState& run) {
+    ReportSection& section = run.report.BeginSection(
+        "robust_statistics", "ROBUST STATISTICS (Croux and Rousseeuw , 1992; Rousseeuw and Croux, 1993)");
+    if (run.Comments()) {
+        section.Line("!! .Sn and Qn are robust estimators of location !!");
+        section.Line("!! .The closer X and Y Sn, and X and Y Qn are the more symmetric their distributions "
+                     "are !!");
+    }
+    const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
+    run.Statement([&] {
+        section.Line("X Sn       : ", F(10, 5, stats::RobustSn(X)).Named("SnX"),
+                     "     Y Sn       : ", F(10, 5, stats::RobustSn(Y)).Named("SnY"));
+    });
+    run.Statement([&] {
+        section.Line("X Qn       : ", F(10, 5, stats::RobustQn(X)).Named("QnX"),
+                     "     Y Qn       : ", F(10, 5, stats::RobustQn(Y)).Named("QnY"));
+    });
+}
+
+} // namespace corvane
