@@ -17,7 +17,7 @@ void WriteWeighedDeviance(RunState& run) {
                    run.arrays.Count()});
     section.Line(rule);
     // The X axis is named after the observed values although the predicted ones are on it.
-    run.plots.push_back(
+    run.plots.emplace_back(
         PointPlot({"Weighed Deviance vs Model-Predicted", "Observed", "Deviation"}, X, WtDev, run.session));
 }
 

@@ -3,6 +3,7 @@
 #include "analyses/balance_tables.h"
 #include "analyses/concordance_table.h"
 #include "analyses/deviation_analysis.h"
+#include "analyses/difference_regressions.h"
 #include "analyses/distance_analysis.h"
 #include "analyses/distribution.h"
 #include "analyses/diverse_measures.h"
@@ -11,6 +12,7 @@
 #include "analyses/line_family_table.h"
 #include "analyses/moment_table.h"
 #include "analyses/msep.h"
+#include "analyses/msep_bootstrap.h"
 #include "analyses/parameter_tests.h"
 #include "analyses/rank_analysis.h"
 #include "analyses/regression.h"
@@ -49,6 +51,9 @@ constexpr CatalogEntry catalog[] = {
     {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
     {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
     {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
+    {&Options::MSPE_BOOTSTRAP, "MSEP bootstrap...", WriteMsepBootstrap},
+    {&Options::KLEIJNEN_ANALYSIS, "Kleijnen analysis...", Kleijnen_Analysis, true},
+    {&Options::BLAND_ALTMAN_ANALYSIS, "Bland and Altman analysis...", Bland_Altman_Analysis, true},
     {&Options::THRESHOLD_ANALYSIS, "Threshold analysis...", WriteThresholdTable},
     {&Options::DISTANCE_ANALYSIS, nullptr, WriteDistanceAnalysis},
     {&Options::WEIGHED_DEVIANCE, nullptr, WriteWeighedDeviance},

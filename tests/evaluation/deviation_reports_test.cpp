@@ -115,7 +115,7 @@ TEST(DeviationReports, TheWindowIsTheTextOfTheIntervals) {
 TEST(DeviationReports, TheWeightedDeviationsArePlotted) {
     const RunResult run = RunOfExample("mtcars.KOV");
     ASSERT_EQ(run.plots.size(), 1U);
-    const PlotRequest& plot = run.plots.front();
+    const PlotRequest plot = testing::XYPlots(run).at(0);
     EXPECT_EQ(plot.Title, "Weighed Deviance vs Model-Predicted");
     EXPECT_EQ(plot.YAxisTitle, "Deviation");
     EXPECT_EQ(plot.XAxisTitle, "Observed");

@@ -55,4 +55,13 @@ inline RunResult RunOfPairs(const std::string& name, TextPairs pairs, Gates gate
     return RunOf("/data/" + name, gates, settings, files);
 }
 
+/// The XY plots that a run asked for, in their order.
+inline std::vector<PlotRequest> XYPlots(const RunResult& run) {
+    std::vector<PlotRequest> plots;
+    for (const ChartRequest& request : run.plots)
+        if (const auto* plot = std::get_if<PlotRequest>(&request))
+            plots.push_back(*plot);
+    return plots;
+}
+
 } // namespace corvane::testing
