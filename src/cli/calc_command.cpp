@@ -94,6 +94,10 @@ ExitCode RunCalc(const CalcRequest& request) {
         Calculate(dataset, session, {dialogs, feedback, *clock, random, files, request.outFolder});
     if (result.end != RunEnd::Finished)
         return FailedRun(result, request.data);
+    for (const std::string& warning : result.warnings) {
+        std::cerr << "corvane: warning: " << request.data << ": " << warning << '\n';
+        dialogs.texts.push_back(warning);
+    }
 
     if (!request.outFolder.empty())
         if (const FileResult saved = SaveWindows(request.outFolder, result, files); !saved.done)

@@ -50,7 +50,8 @@ struct RunState {
     Report report{};
     std::list<RunWindow> windows{};
     std::vector<PlotRequest> plots{};
-    std::string residueFile{}; ///< Path of the residue file that the run wrote; empty: none.
+    std::string residueFile{};           ///< Path of the residue file that the run wrote; empty: none.
+    std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
 
     std::shared_ptr<RunColumns> columns = std::make_shared<RunColumns>();
     EvaluationArrays& arrays = columns->arrays;

@@ -85,9 +85,10 @@ RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& 
     SetDeviationConfidence(run);
     WriteSections(run, services.feedback);
     services.feedback.HideProgress();
-    return {RunEnd::Finished,      rows,
-            std::move(run.report), std::move(run.windows),
-            std::move(run.plots),  std::move(run.residueFile)};
+    return {RunEnd::Finished,       rows,
+            std::move(run.report),  std::move(run.windows),
+            std::move(run.plots),   std::move(run.residueFile),
+            std::move(run.warnings)};
 }
 
 } // namespace corvane

@@ -17,11 +17,12 @@ enum class RunEnd {
 
 struct RunResult {
     RunEnd end = RunEnd::Finished;
-    int rows = 0;  ///< The number of analysed rows.
+    int rows = 0;    ///< The number of analysed rows.
     Report report{}; ///< Complete at RunEnd::Finished, otherwise empty, as are the following.
     std::list<RunWindow> windows{};
     std::vector<PlotRequest> plots{};
-    std::string residueFile{}; ///< The residue file that was written; empty: none.
+    std::string residueFile{};           ///< The residue file that was written; empty: none.
+    std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
 };
 
 inline constexpr const char* IdenticalValuesMessage = "X and Y values are identical. Computation halted!";
@@ -29,7 +30,7 @@ inline constexpr const char* NoMethodMessage = "No option for regression is sele
 
 /// The Calculate action: selects the rows, corrects the regression method where the uncertainties do not
 /// allow the weighted one (which changes the option itself), fits, and writes every section whose gate is
-/// set. Messages go to the dialogs, all before there is a report.
+/// set. Messages go to the dialogs, all before there is a report; warnings are the caller's to show.
 RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& services);
 
 } // namespace corvane
