@@ -42,8 +42,8 @@ Json ValueJson(const CellValue& value) {
 /// Whether "n/a" stands in the place of the value; a text that itself says "n/a" is shown.
 bool NotShown(const ReportField& shown) {
     const auto& [value, width, decimals, alignment, probability, leadingZero] = shown.field;
-    return shown.text == AlignField("n/a", width, alignment) &&
-           TrimBlanks(CellText(value)) != TrimBlanks(shown.text);
+    const std::string_view text = TrimBlanks(shown.text);
+    return text == TrimBlanks(AlignField("n/a", width, alignment)) && TrimBlanks(CellText(value)) != text;
 }
 
 /// The columns of a long table and the rows (from 1) in which a column has a star.

@@ -6,15 +6,24 @@
 namespace corvane {
 namespace {
 
-ReportField Formatted(const Field& field) {
-    Field copy = field;
-    if (auto text = FormatField(copy))
-        return {field, {}, std::move(*text)};
+std::string Shown(Field field) {
+    if (auto text = FormatField(field))
+        return std::move(*text);
     throw RunFailure(CellText(field.value) + " does not fit a field of width " + std::to_string(field.width) +
                      " with " + std::to_string(field.decimals) + " decimals");
 }
 
+ReportField Formatted(Field field) {
+    std::string text = Shown(field);
+    return {std::move(field), {}, std::move(text)};
+}
+
 } // namespace
+
+ReportField&& ReportField::Trimmed() && {
+    text = std::string(TrimBlanks(text));
+    return std::move(*this);
+}
 
 ReportField F(std::int32_t width, std::int32_t decimals, CellValue value) {
     return Formatted({std::move(value), width, decimals, AlignRight, false, false});
@@ -49,7 +58,7 @@ void ReportSection::Table(ReportTable table) {
 void ReportTable::AppendRow(std::string& text, std::size_t row) const {
     for (const TableColumn& column : columns) {
         const double value = column.values ? (*column.values)[row] : static_cast<double>(row + 1);
-        text += F(column.width, column.decimals, value).text;
+        text += Shown({value, column.width, column.decimals, AlignRight});
         if (column.starred)
             text += column.starred(value) ? '*' : ' ';
         text += column.after;
