@@ -52,7 +52,10 @@ void SetDeviationConfidence(RunState& run) {
 
 void WriteSections(RunState& run, Feedback& feedback) {
     for (const CatalogEntry& entry : SectionCatalog()) {
-        if (entry.gate && !IsSet(run.Options().*entry.gate))
+        const auto closed = [&](std::int16_t AnalysisOptions::*gate) {
+            return gate && !IsSet(run.Options().*gate);
+        };
+        if (closed(entry.gate) || closed(entry.secondGate))
             continue;
         if (entry.progress)
             feedback.ShowProgress(entry.progress);

@@ -7,6 +7,8 @@
 #include "analyses/moment_table.h"
 #include "analyses/parameter_tests.h"
 #include "analyses/regression.h"
+#include "analyses/residual_analysis.h"
+#include "analyses/residual_plots.h"
 #include "analyses/robust_table.h"
 #include "evaluation/references.h"
 
@@ -25,7 +27,12 @@ constexpr CatalogEntry catalog[] = {
     {&Options::INDEX_ANALYSIS, "Index...", WriteIndexAnalysis},
     {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
     {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
+    {&Options::RESIDUAL_ANALYSIS, "Residual analysis...", WriteResidualAnalysis},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
+    {&Options::SHOW_RESIDUAL_PLOT, "Residual plot...", RequestResidualPlot, &Options::RESIDUAL_ANALYSIS},
+    {&Options::SHOW_DEVIATION_PLOT, "Deviation plot...", RequestDeviationPlot, &Options::RESIDUAL_ANALYSIS},
+    {&Options::SHOW_NORMAL_PLOT, "Normal plot...", RequestNormalPlot, &Options::RESIDUAL_ANALYSIS},
+    {&Options::RESIDUAL_REGRESSION_PLOT, nullptr, RequestResidueRegressionPlots},
 };
 
 } // namespace
