@@ -8,7 +8,6 @@
 #include "core/numbered_file.h"
 
 #include <string>
-#include <utility>
 
 namespace corvane {
 namespace {

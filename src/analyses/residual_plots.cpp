@@ -4,6 +4,7 @@
 #include "plots/point_plot.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace corvane {
 namespace {
