@@ -10,7 +10,7 @@ namespace corvane {
 namespace {
 
 void Request(RunState& run, PlotTitles titles, SharedColumn x, SharedColumn y) {
-    run.plots.push_back(PointPlot(std::move(titles), std::move(x), std::move(y), run.session));
+    run.plots.emplace_back(PointPlot(std::move(titles), std::move(x), std::move(y), run.session));
 }
 
 } // namespace

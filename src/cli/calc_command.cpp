@@ -1,17 +1,16 @@
 #include "cli/calc_command.h"
 
 #include "app/json_report.h"
-#include "app/option_assignments.h"
 #include "app/saved_windows.h"
+#include "cli/chart_files.h"
+#include "cli/command_support.h"
 #include "cli/report_clock.h"
-#include "core/format/text_lists.h"
-#include "core/grid_operations.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
-#include "files/dataset_reader.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
 #include "platform/native/terminal.h"
+#include "plots/create_chart.h"
 
 #include <filesystem>
 #include <iostream>
@@ -37,17 +36,28 @@ public:
     std::vector<std::string> texts;
 };
 
-ExitCode Fail(const std::string& what) {
-    std::cerr << "corvane: " << what << '\n';
-    return ExitFailed;
-}
-
 /// A run's own message is already on standard error; what it keeps silent about, the command line says.
 ExitCode FailedRun(const RunResult& result, const std::string& data) {
     if (result.end == RunEnd::TooFewRows)
         return Fail(data + ": " + std::to_string(result.rows) +
                     (result.rows == 1 ? " row is in use" : " rows are in use") + ", at least 3 are needed");
     return ExitFailed;
+}
+
+/// Every window and chart that the run opened.
+FileResult SaveAll(const std::string& folder, const RunResult& result, FileStore& files) {
+    const FileResult saved = SaveWindows(folder, result, files);
+    if (!saved.done || result.plots.empty())
+        return saved;
+    if (!HasCharts()) {
+        std::cerr << "corvane: " << result.plots.size()
+                  << " charts are not saved: this corvane was built without\n";
+        return saved;
+    }
+    std::vector<ChartModel> charts;
+    for (const ChartRequest& request : result.plots)
+        charts.push_back(CreateChart(request));
+    return SaveCharts(charts, folder, files);
 }
 
 } // namespace
@@ -60,25 +70,16 @@ ExitCode RunCalc(const CalcRequest& request) {
     if (!clock)
         return Fail("SOURCE_DATE_EPOCH is no count of seconds since 1970");
 
-    // The header takes the name behind the last separator, so the path must have one.
     std::error_code error;
-    const std::string path = std::filesystem::absolute(request.data, error).string();
-    if (error)
-        return Fail(QuotedForMessage(request.data) + ": " + error.message());
-    LoadOutcome loaded = LoadFile(path, dataset, session, files);
-    if (!loaded.Complete()) {
-        loaded.file = request.data;
-        return Fail(loaded.Error());
-    }
-    if (loaded.tooFewRowsLine > 0)
-        return Fail(request.data + ":" + std::to_string(loaded.tooFewRowsLine) + ": " + TooFewRowsMessage);
-    if (request.jsonFile != standardOutput && std::filesystem::equivalent(path, request.jsonFile, error))
+    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+        return Fail(fault);
+    if (request.jsonFile != standardOutput &&
+        std::filesystem::equivalent(request.data, request.jsonFile, error))
         return Fail("--json " + request.jsonFile + " would replace the dataset");
     if (request.all)
         TickAllGates(dataset, session);
-    for (const std::string& assignment : request.assignments)
-        if (const auto wrong = AssignOption(dataset, session, assignment))
-            return Fail("--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong);
+    if (const std::string fault = ApplyAssignments(request.assignments, dataset, session); !fault.empty())
+        return Fail(fault);
 
     KeptMessages dialogs("corvane: " + request.data + ": ");
     TerminalFeedback feedback;
@@ -100,7 +101,7 @@ ExitCode RunCalc(const CalcRequest& request) {
     }
 
     if (!request.outFolder.empty())
-        if (const FileResult saved = SaveWindows(request.outFolder, result, files); !saved.done)
+        if (const FileResult saved = SaveAll(request.outFolder, result, files); !saved.done)
             return Fail(saved.reason);
     if (!request.jsonFile.empty()) {
         const std::string json = JsonReport({dataset, session, result, request.data, dialogs.texts});

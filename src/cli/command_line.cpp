@@ -1,6 +1,8 @@
 #include "cli/command_line.h"
 
 #include "cli/calc_command.h"
+#include "cli/chart_files.h"
+#include "cli/plot_command.h"
 #include "cli/switch_run.h"
 #include "core/format/code_page.h"
 #include "core/format/text_lists.h"
@@ -46,6 +48,35 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
         ->check(CheckNotEmpty);
 }
 
+void AddPlot(CLI::App& program, PlotCommandRequest& request) {
+    CLI::App* plot = program.add_subcommand("plot", "Paint a plot of a dataset into a picture file");
+    plot->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
+    plot->add_option("KIND", request.kind, "scatter, ranks or histogram")
+        ->required()
+        ->check(CLI::IsMember({"scatter", "ranks", "histogram"}));
+    plot->add_option("--set", request.assignments, "Set an option of the dataset, by its key in the file")
+        ->type_name("KEY=VALUE")
+        ->allow_extra_args(false)
+        ->check(CheckAssignment);
+    plot->add_option("-o,--output", request.outputFile, "The picture: .svg, .png, .pdf or .bmp")
+        ->type_name("FILE")
+        ->required()
+        ->check([](const std::string& path) {
+            return IsPictureName(path) ? std::string()
+                                       : "'" + path + "' does not end in .svg, .png, .pdf or .bmp";
+        });
+    plot->add_flag("--force", request.force, "Replace the picture if it exists");
+    plot->add_option("--log", request.logAxes, "Logarithmic axes: x, y or xy")
+        ->check(CLI::IsMember({"x", "y", "xy"}));
+    plot->add_option("--stats", request.statistics, "Statistic lines of each series: trend,max,min,sd,mean")
+        ->delimiter(',')
+        ->check(CLI::IsMember({"trend", "max", "min", "sd", "mean"}));
+    plot->add_option("--format", request.labelFormat, "Number format of the axis labels, as 0.00")
+        ->type_name("PICTURE");
+    plot->add_flag("--grid", request.grid, "Draw grid lines");
+    plot->add_flag("--no-legend", request.noLegend, "Leave the legend out");
+}
+
 } // namespace
 
 ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
@@ -62,9 +93,12 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     program.add_option("FILE", file, "A dataset to open in the window");
     CalcRequest calc;
     AddCalc(program, calc);
+    PlotCommandRequest plot;
+    AddPlot(program, plot);
 
     const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
-    const bool subcommand = !words.empty() && (words[0] == "calc" || words[0].starts_with('-'));
+    const bool subcommand =
+        !words.empty() && (words[0] == "calc" || words[0] == "plot" || words[0].starts_with('-'));
     if (!subcommand && IsSwitchLine(words))
         return RunSwitchLine(words);
     for (const std::string& word : words)
@@ -81,6 +115,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     }
     if (program.got_subcommand("calc"))
         return RunCalc(calc);
+    if (program.got_subcommand("plot"))
+        return RunPlot(plot);
     std::cerr << "corvane: this build has no window; to evaluate a file: corvane calc "
               << (file.empty() ? "FILE.KOV" : file) << '\n';
     return ExitFailed;

@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// Whether the arguments are a switch line: one of them is "/" and a switch's letter, is no path but behind /F, /L or /C,
-/// and names no file.
+/// Whether the arguments are a switch line: one of them is "/" and a switch's letter, is no path but behind
+/// /F, /L or /C, and names no file.
 bool IsSwitchLine(const std::vector<std::string>& arguments);
 
 /// The line that the dispatcher reads, in which "/" only marks switches: the path behind /F, /L or /C, and an

@@ -15,15 +15,16 @@ CellValue ToValue(const CellView& cell) {
     return {};
 }
 
-std::optional<double> NumberOf(const CellView& cell) {
-    if (const auto* text = std::get_if<std::string_view>(&cell))
-        return ReadNumber(*text);
-    const auto* number = std::get_if<double>(&cell);
-    return number ? std::optional(*number) : std::nullopt;
-}
-
 std::string CellText(const CellView& cell) {
     return CellText(ToValue(cell));
+}
+
+std::optional<double> CellNumber(const CellView& cell) {
+    if (const auto* number = std::get_if<double>(&cell))
+        return *number;
+    if (const auto* text = std::get_if<std::string_view>(&cell))
+        return ReadNumber(*text);
+    return std::nullopt;
 }
 
 std::int32_t DataMatrix::LastFilledRow() const {

@@ -28,10 +28,10 @@ inline bool IsEmpty(const CellView& cell) {
     return text ? text->empty() : std::holds_alternative<std::monostate>(cell);
 }
 std::string CellText(const CellView& cell);
+/// The number that a cell holds or that its text reads as; nullopt for other text and an empty cell.
+std::optional<double> CellNumber(const CellView& cell);
 CellValue ToValue(const CellView& cell);
 CellView ToView(const CellValue& cell); ///< Valid as long as the value is.
-/// A cell read as a number; nullopt for an empty one and for a text that is none.
-std::optional<double> NumberOf(const CellView& cell);
 
 /// The table of cells behind the grid, addressed (column, row), both from 1. For N data rows the row bound is
 /// N + 1: the row N + 1 is part of the table and never shown, walked or saved, but keeps its cells when the

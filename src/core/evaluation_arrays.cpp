@@ -5,21 +5,23 @@
 namespace corvane {
 namespace {
 
-double CellNumber(const CellView& cell) {
-    return NumberOf(cell).value_or(0);
+double NumberOrZero(const CellView& cell) {
+    return CellNumber(cell).value_or(0);
 }
 
 } // namespace
 
-bool RowIsAnalysed(const DataMatrix& cells, std::int32_t row) {
-    if (IsEmpty(cells.At(ColumnX, row)))
-        return false;
+bool RowIsExcluded(const DataMatrix& cells, std::int32_t row) {
     const CellView mark = cells.At(ColumnExclude, row);
     if (IsEmpty(mark))
-        return true;
+        return false;
     const auto* text = std::get_if<std::string_view>(&mark);
     const char first = text ? text->front() : CellText(mark).front();
-    return first != 'Y' && first != 'y' && first != '0';
+    return first == 'Y' || first == 'y' || first == '0';
+}
+
+bool RowIsAnalysed(const DataMatrix& cells, std::int32_t row) {
+    return !IsEmpty(cells.At(ColumnX, row)) && !RowIsExcluded(cells, row);
 }
 
 EvaluationArrays SelectRows(const DataMatrix& cells) {
@@ -31,10 +33,10 @@ EvaluationArrays SelectRows(const DataMatrix& cells) {
         if (!RowIsAnalysed(cells, row))
             continue;
         arrays.rows.push_back(row);
-        arrays.X.push_back(CellNumber(cells.At(ColumnX, row)));
-        arrays.SDX.push_back(CellNumber(cells.At(ColumnSDX, row)));
-        arrays.Y.push_back(CellNumber(cells.At(ColumnY, row)));
-        arrays.SDY.push_back(CellNumber(cells.At(ColumnSDY, row)));
+        arrays.X.push_back(NumberOrZero(cells.At(ColumnX, row)));
+        arrays.SDX.push_back(NumberOrZero(cells.At(ColumnSDX, row)));
+        arrays.Y.push_back(NumberOrZero(cells.At(ColumnY, row)));
+        arrays.SDY.push_back(NumberOrZero(cells.At(ColumnSDY, row)));
         arrays.XYDiffer = arrays.XYDiffer || arrays.X.back() != arrays.Y.back();
     }
     return arrays;

@@ -20,8 +20,10 @@ struct EvaluationArrays {
 /// The SD of an ignored side: negligible, but not zero, since the weighted fit divides by it.
 inline constexpr double IgnoredSD = 1e-30;
 
-/// Whether a row takes part: its X is not empty and its Exclude cell begins neither with "Y" (in any case)
-/// nor "0".
+/// Whether the row's Exclude cell begins with "Y" (in any case) or "0".
+bool RowIsExcluded(const DataMatrix& cells, std::int32_t row);
+
+/// Whether a row takes part: its X is not empty and it is not excluded.
 bool RowIsAnalysed(const DataMatrix& cells, std::int32_t row);
 
 /// Takes the analysed rows in their order. A cell that is no number, an empty Y among them, counts as 0.

@@ -10,7 +10,7 @@ namespace {
 constexpr const char* lineEnd = "\r\n";
 
 std::string CopiedNumber(const CellView& cell) {
-    const auto number = NumberOf(cell);
+    const auto number = CellNumber(cell);
     if (!number)
         return "Error 13";
     return (CellText(cell).size() >= 2 ? "0" : "") + NumberText(*number);

@@ -48,8 +48,9 @@ struct RunState {
     SessionState& session;
     const RunServices& services;
     Report report{};
+    std::vector<ReportLine> header{}; ///< The first lines of the report, which its windows may repeat.
     std::list<RunWindow> windows{};
-    std::vector<PlotRequest> plots{};
+    std::vector<ChartRequest> plots{};   ///< In the order in which they open.
     std::string residueFile{};           ///< Path of the residue file that the run wrote; empty: none.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
 

@@ -50,12 +50,18 @@ void SetDeviationConfidence(RunState& run) {
         probability = 0.95;
 }
 
+bool GateIsOpen(const CatalogEntry& entry, const AnalysisOptions& options) {
+    if (entry.secondGate && !IsSet(options.*entry.secondGate))
+        return false;
+    if (!entry.gate)
+        return true;
+    const std::int16_t tick = options.*entry.gate;
+    return entry.greyCounts ? tick != 0 : IsSet(tick);
+}
+
 void WriteSections(RunState& run, Feedback& feedback) {
     for (const CatalogEntry& entry : SectionCatalog()) {
-        const auto closed = [&](std::int16_t AnalysisOptions::*gate) {
-            return gate && !IsSet(run.Options().*gate);
-        };
-        if (closed(entry.gate) || closed(entry.secondGate))
+        if (!GateIsOpen(entry, run.Options()))
             continue;
         if (entry.progress)
             feedback.ShowProgress(entry.progress);

@@ -13,6 +13,7 @@ struct CatalogEntry {
     std::int16_t AnalysisOptions::*gate; ///< Null: the section always runs.
     const char* progress;                ///< Null: the last text stays.
     void (*write)(RunState&);
+    bool greyCounts = false;                             ///< Whether a grey tick, 2, lets it run as well.
     std::int16_t AnalysisOptions::*secondGate = nullptr; ///< Where given, it must be set as well.
 };
 

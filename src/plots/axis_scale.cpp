@@ -4,8 +4,8 @@
 #include "core/format/numbers.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace corvane {
 namespace {
@@ -140,9 +140,10 @@ std::string TickLabel(const AxisScale& scale, double value) {
     const double size = std::fabs(value);
     const auto shortNumber = [](double number) {
         char digits[32];
-        std::snprintf(digits, sizeof digits, "%.10g",
-                      number); // what k * step has behind its tenth digit is noise
-        return NumberText(LeadingNumber(digits));
+        // What k * step has behind its tenth digit is noise.
+        const auto end =
+            std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 10).ptr;
+        return NumberText(LeadingNumber({digits, end}));
     };
     if (scale.logarithmic || size >= 1e7 || scale.majorStep < 1e-5)
         return shortNumber(value);
@@ -167,7 +168,7 @@ ChartScales ScalesOf(const ChartModel& chart) {
     } else {
         const double count = static_cast<double>(chart.categories.size());
         scales.x.minimum = 0.5;
-        scales.x.maximum = count + 0.5;
+        scales.x.maximum = count + (chart.threeDimensional ? 0.9 : 0.5); // depth goes to the right
         scales.x.majorStep = 1;
     }
     return scales;

@@ -23,8 +23,8 @@ PlotRequest DatasetPlot(const Dataset& dataset, const SessionState& session, int
         const bool excluded = ExcludedFromPlots(dataset.cells, row);
         if (excluded && !showExcluded)
             continue;
-        const double x = NumberOf(dataset.cells.At(columnX, row)).value_or(blank);
-        const double y = NumberOf(dataset.cells.At(columnY, row)).value_or(blank);
+        const double x = CellNumber(dataset.cells.At(columnX, row)).value_or(blank);
+        const double y = CellNumber(dataset.cells.At(columnY, row)).value_or(blank);
         if (rankedOnly && std::isnan(x))
             continue;
         anyExcluded = anyExcluded || excluded;

@@ -119,7 +119,8 @@ HistogramOutcome HistogramPlots(const Dataset& dataset) {
         return {{}, "Not enough data points to generate a plot"};
     std::vector<double> xs, ys, differences;
     for (std::int32_t row = 1; row <= rows; ++row) {
-        const auto x = NumberOf(dataset.cells.At(ColumnX, row)), y = NumberOf(dataset.cells.At(ColumnY, row));
+        const auto x = CellNumber(dataset.cells.At(ColumnX, row)),
+                   y = CellNumber(dataset.cells.At(ColumnY, row));
         if (!x || !y || (ExcludedFromPlots(dataset.cells, row) && !IsSet(options.SHOW_EXCLUDED)))
             continue;
         xs.push_back(*x);
@@ -147,7 +148,7 @@ HistogramOutcome HistogramPlots(const Dataset& dataset) {
         request.x = std::move(x);
         request.y = std::move(y);
         request.xName = xName;
-        outcome.charts.push_back(CreateHistogramPlot(request));
+        outcome.requests.push_back(std::move(request));
     };
     if (IsSet(options.HIST_PLOT_XY)) {
         const SharedColumn x = ShareColumn(std::move(xs)), y = ShareColumn(std::move(ys));

@@ -48,11 +48,20 @@ FullRun Example(const char* name) {
     return FullRun(std::string(CORVANE_EXAMPLES) + "/" + name);
 }
 
+FullRun FourPoints(const std::string& rows) {
+    testing::MemoryFiles files;
+    files.files["/d/points.KOV"] = "4,0,0\nN=4\nDATA:\n" + rows;
+    return FullRun("/d/points.KOV", files);
+}
+
 /// Points exactly on y = 1.5 + x / 2: statistics saturate and print as "n/a", whole lines fail.
 FullRun ExactLine() {
-    testing::MemoryFiles files;
-    files.files["/d/exact.KOV"] = "4,0,0\nN=4\nDATA:\n1,,2,,,,\n2,,2.5,,,,\n4,,3.5,,,,\n8,,5.5,,,,\n";
-    return FullRun("/d/exact.KOV", files);
+    return FourPoints("1,,2,,,,\n2,,2.5,,,,\n4,,3.5,,,,\n8,,5.5,,,,\n");
+}
+
+/// Y = 6 - X about the same mean: concordance limits saturate, in places without blanks.
+FullRun PerfectDisagreement() {
+    return FourPoints("1,,5,,,,\n2,,4,,,,\n4,,2,,,,\n5,,1,,,,\n");
 }
 
 /// What the published schema finds wrong; empty for a valid document.
@@ -122,8 +131,8 @@ void ExpectSameAsReport(const FullRun& run) {
 }
 
 TEST(JsonReport, HoldsEveryNumberOfAFullRunUnderItsName) {
-    for (const FullRun& run :
-         {Example("mtcars.KOV"), Example("pearson.KOV"), Example("cars.KOV"), ExactLine()}) {
+    for (const FullRun& run : {Example("mtcars.KOV"), Example("pearson.KOV"), Example("cars.KOV"),
+                               ExactLine(), PerfectDisagreement()}) {
         EXPECT_EQ(SchemaErrors(run.json), Strings{});
         ExpectSameAsReport(run);
     }

@@ -101,6 +101,29 @@ TEST_F(Calc, WritesJsonBesideTheReportOrInsteadOfIt) {
     EXPECT_FALSE(folder.Exists("none"));
 }
 
+TEST_F(Calc, SaysOnceWhatTheReportDoesNot) {
+    folder.Write("dots.KOV", "4,0,0\nN=4\nDATA:\n1,,2,,,,\n2,,3,,,,y\n3,,5,,,,\n4,,4,,,,\n");
+    const Ran ran = Run("$corvane calc dots.KOV --set THRESHOLD_ANALYSIS=1 --set TRESHOLD_RANK=2 "
+                        "--set TRESHOLD_XY=3 --json -");
+    const std::string warning = "threshold table by ranks: row 2: Rank X is '.', not a number; counting "
+                                "ended there, with a total of 1";
+    EXPECT_EQ(ran.exit, 0);
+    EXPECT_EQ(ran.err, "corvane: warning: dots.KOV: " + warning + "\n");
+    EXPECT_TRUE(Has(ran.out, "\"messages\": [\n    \"" + warning + "\"\n  ]")) << ran.out;
+}
+
+TEST_F(Calc, TheBootstrapTakesASeedAndWarnsOfTheSizeThatItCannotDraw) {
+    const std::string base = "$corvane calc $examples/mtcars.KOV --set MSPE_BOOTSTRAP=1 ";
+    const std::string seven = Run(base + "--seed 7").out;
+    EXPECT_EQ(Run(base + "--seed 7").out, seven);
+    EXPECT_NE(Run(base + "--seed 8").out, seven);
+    const Ran ran = Run(base + "--set MSPE_BOOTSTRAP_SIZE=200000");
+    EXPECT_EQ(ran.exit, 0);
+    EXPECT_TRUE(Has(ran.err, "mtcars.KOV: bootstrap of MSEP: 200000% of 32 pairs")) << ran.err;
+    EXPECT_TRUE(Has(ran.err, " 64000, beyond the limit of 32767")) << ran.err;
+    EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << ran.err;
+}
+
 TEST_F(Calc, SavesResidueFilesInTheFolderOfTheWindows) {
     const std::string base = "$corvane calc $examples/cars.KOV --set RESIDUAL_ANALYSIS=1 "
                              "--set SAVE_RESIDUE_TEXT=1 ";

@@ -1,21 +1,15 @@
 #include "analyses/residual_plots.h"
-#include "core/option_changes.h"
-#include "evaluation/calculate.h"
-#include "files/dataset_reader.h"
-#include "platform/native/native_file_store.h"
+#include "evaluation/report_of.h"
 #include "support/golden.h"
-#include "support/run_fakes.h"
 
-#include <gtest/gtest.h>
-#include <initializer_list>
 #include <limits>
-#include <utility>
 
 namespace corvane {
 namespace {
 
 using Options = AnalysisOptions;
-using Settings = std::initializer_list<std::pair<OptionRow::Member, OptionValue>>;
+using testing::Settings;
+using testing::XYPlots;
 using Strings = std::vector<std::string>;
 constexpr std::int16_t off = 0, on = 1;
 const std::string title = "RESIDUAL ANALYSES\r\n";
@@ -221,7 +215,7 @@ TEST_F(ResidualReports, PlotsComeLastEachAfterItsProgressText) {
     Put(wholeDeviations);
     const auto titles = [](const RunResult& run) {
         Strings names;
-        for (const PlotRequest& plot : run.plots)
+        for (const PlotRequest& plot : XYPlots(run))
             names.push_back(plot.Title);
         return names;
     };
@@ -236,13 +230,14 @@ TEST_F(ResidualReports, PlotsComeLastEachAfterItsProgressText) {
     EXPECT_EQ(titles(run), (Strings{"Studentized Residue vs Regression-Predicted", "Deviation vs Observed",
                                     "Expected Normal Residue vs Residue", "Residue vs Regression-Predicted",
                                     "Deviation vs Model-Predicted"}));
-    const PlotRequest &observed = run.plots[1], &normal = run.plots[2];
+    const std::vector<PlotRequest> plots = XYPlots(run);
+    const PlotRequest &observed = plots[1], &normal = plots[2];
     EXPECT_EQ(observed.XAxisTitle + "|" + observed.YAxisTitle + "|" + observed.Footnote,
               "Observed|Deviation|n =  6");
     EXPECT_EQ(normal.XAxisTitle + "|" + normal.YAxisTitle, "Residue|Normal Residue");
     EXPECT_EQ(*observed.ChartData[0], (std::vector<double>{2, 1, 4, 3, 7, 4}));
     EXPECT_EQ(*observed.ChartData[2], (std::vector<double>{1, -1, 1, -1, 2, -2}));
-    EXPECT_EQ(*run.plots[4].ChartData[0], (std::vector<double>{1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(*plots[4].ChartData[0], (std::vector<double>{1, 2, 3, 4, 5, 6}));
 
     Set({{&Options::RESIDUAL_ANALYSIS, off}});
     fakes.feedback.shown.clear();
@@ -261,7 +256,8 @@ TEST_F(ResidualReports, TheResidualPlotIsStretchedWhereItIsNarrow) {
         run.residuals.RStdtRes = {low, 0.5, high};
         run.residuals.Fitted = {1, 2, 3};
         RequestResidualPlot(run);
-        return std::pair(run.plots.at(0).YAxisTitle, run.plots.at(0).ChartData.at(2)->back());
+        const auto& plot = std::get<PlotRequest>(run.plots.at(0));
+        return std::pair(plot.YAxisTitle, plot.ChartData.at(2)->back());
     };
     const auto stretched = [](const char* factor, double value) {
         return std::pair("Studentized Residue (×" + std::string(factor) + ")", value);

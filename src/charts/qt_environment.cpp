@@ -1,0 +1,36 @@
+#include "charts/qt_environment.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <clocale>
+#include <cstdio>
+
+namespace corvane {
+namespace {
+
+/// Words of Qt for its own developers, as of a runtime folder that painting does not need, are not for users.
+void PassOnFailures(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "corvane: %s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+} // namespace
+
+std::string PrepareQt() {
+    if (!QCoreApplication::instance()) {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(PassOnFailures);
+        static int argumentCount = 1;
+        static char name[] = "corvane";
+        static char* arguments[] = {name, nullptr};
+        new QApplication(argumentCount, arguments); // lives as long as the process; Qt wants no earlier end
+        std::setlocale(LC_NUMERIC, "C");
+    }
+    if (QFontDatabase::families().isEmpty())
+        return "no font was found, so a chart's texts cannot be painted; install one, for example "
+               "fonts-liberation";
+    return {};
+}
+
+} // namespace corvane

@@ -1,0 +1,73 @@
+#include "cli/chart_files.h"
+
+#if CORVANE_CHARTS
+#include "charts/chart_export.h"
+#endif
+
+#include <algorithm>
+
+namespace corvane {
+namespace {
+
+/// A title as part of a file's name on any system.
+std::string InFileName(std::string title) {
+    std::ranges::replace_if(
+        title,
+        [](char character) {
+            return std::string_view("\\/:*?\"<>|").find(character) != std::string_view::npos;
+        },
+        '_');
+    return title;
+}
+
+} // namespace
+
+#if CORVANE_CHARTS
+
+bool HasCharts() {
+    return true;
+}
+
+bool IsPictureName(const std::string& path) {
+    return ChartFormatOf(path).has_value();
+}
+
+FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files) {
+    const ChartPicture picture = RenderChart(chart, ChartFormatOf(path).value_or(ChartFormat::Svg));
+    FileResult saved{false, picture.failure};
+    if (picture.failure.empty())
+        saved = files.Replace(path, picture.bytes);
+    if (!saved.done)
+        saved.reason = path + ": " + saved.reason;
+    return saved;
+}
+
+#else
+
+bool HasCharts() {
+    return false;
+}
+
+bool IsPictureName(const std::string&) {
+    return true;
+}
+
+FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&) {
+    return {false, path + ": this corvane was built without charts"};
+}
+
+#endif
+
+FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files) {
+    FileResult saved{true, {}};
+    for (std::size_t i = 0; i < charts.size() && saved.done; ++i) {
+        const std::string number = std::to_string(i + 1);
+        saved = SaveChart(charts[i],
+                          folder + "/plot-" + (number.size() < 2 ? "0" : "") + number + "-" +
+                              InFileName(charts[i].title) + ".svg",
+                          files);
+    }
+    return saved;
+}
+
+} // namespace corvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/file_store.h"
+#include "plots/chart_model.h"
+
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// Whether this build can paint charts.
+bool HasCharts();
+
+/// Whether a picture file's name ends in .svg, .png, .pdf or .bmp.
+bool IsPictureName(const std::string& path);
+
+/// Paints a chart into a file in the format of its name. On failure the reason names the file.
+FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files);
+
+/// Paints the charts into "plot-01-Title.svg" and so on in a folder.
+FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files);
+
+} // namespace corvane

@@ -1,0 +1,88 @@
+#include "cli/plot_command.h"
+
+#include "cli/chart_files.h"
+#include "cli/command_support.h"
+#include "platform/native/native_file_store.h"
+#include "plots/chart_operations.h"
+#include "plots/dataset_plots.h"
+#include "plots/histogram.h"
+#include "plots/xy_plot.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace corvane {
+namespace {
+
+/// The charts of the request. None: the message stands in their place.
+std::vector<ChartModel> Charts(const PlotCommandRequest& request, const Dataset& dataset,
+                               const SessionState& session, std::string& message) {
+    std::vector<ChartModel> charts;
+    if (request.kind == "histogram") {
+        const HistogramOutcome outcome = HistogramPlots(dataset);
+        message = outcome.message.empty() ? "no histogram is ticked" : outcome.message;
+        for (const HistogramRequest& histogram : outcome.requests)
+            charts.push_back(CreateHistogramPlot(histogram));
+    } else {
+        const PlotOutcome plot =
+            request.kind == "ranks" ? RankPlot(dataset, session) : ScatterPlot(dataset, session);
+        message = plot.message;
+        if (plot.request)
+            charts.push_back(CreateXYPlot(*plot.request));
+    }
+    return charts;
+}
+
+/// Does to a chart what the boxes of its window would. Returns why it cannot be done, or "".
+std::string Adjust(ChartModel& chart, const PlotCommandRequest& request) {
+    for (const auto& [letter, direction] : {std::pair{'x', Direction::X}, {'y', Direction::Y}})
+        if (request.logAxes.find(letter) != std::string::npos && !SetLogarithmic(chart, direction, true))
+            return std::string("no point is above zero, so axis ") + letter + " cannot be logarithmic";
+    const auto asked = [&](const char* name) { return std::ranges::count(request.statistics, name) > 0; };
+    chart.statistics = !request.statistics.empty();
+    chart.statisticLines = {asked("trend"), asked("max"), asked("min"), asked("sd"), asked("mean"), {}, 1};
+    chart.xAxis.labelFormat = chart.yAxis.labelFormat = request.labelFormat;
+    chart.xAxis.gridlines = chart.yAxis.gridlines = request.grid;
+    chart.legend = chart.legend && !request.noLegend;
+    return {};
+}
+
+/// FILE for the first chart, FILE-2 and so on for the others, before its ending.
+std::string Numbered(const std::string& path, std::size_t index) {
+    const std::size_t dot = path.rfind('.');
+    return index == 0 ? path : path.substr(0, dot) + "-" + std::to_string(index + 1) + path.substr(dot);
+}
+
+} // namespace
+
+ExitCode RunPlot(const PlotCommandRequest& request) {
+    if (!HasCharts())
+        return Fail("this corvane was built without charts (CORVANE_DESKTOP=OFF)");
+    NativeFileStore files;
+    Dataset dataset;
+    SessionState session;
+    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+        return Fail(fault);
+    if (const std::string fault = ApplyAssignments(request.assignments, dataset, session); !fault.empty())
+        return Fail(fault);
+    std::string message;
+    std::vector<ChartModel> charts = Charts(request, dataset, session, message);
+    if (charts.empty())
+        return Fail(request.data + ": " + message);
+    for (std::size_t i = 0; i < charts.size(); ++i) {
+        if (const std::string fault = Adjust(charts[i], request); !fault.empty())
+            return Fail(request.data + ": " + fault);
+        std::error_code error;
+        const std::string path = Numbered(request.outputFile, i);
+        if (!request.force && std::filesystem::exists(path, error))
+            return Fail(path + " exists; --force replaces it");
+    }
+    for (std::size_t i = 0; i < charts.size(); ++i)
+        if (const FileResult saved = SaveChart(charts[i], Numbered(request.outputFile, i), files);
+            !saved.done)
+            return Fail(saved.reason);
+    return ExitDone;
+}
+
+} // namespace corvane

@@ -1,0 +1,139 @@
+#include "charts/chart_export.h"
+
+#include "plots/chart_operations.h"
+#include "plots/histogram.h"
+#include "plots/xy_plot.h"
+#include "support/golden.h"
+#include "support/temporary_folder.h"
+
+#include <QImage>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace corvane {
+namespace {
+
+using Values = std::vector<double>;
+
+std::size_t Count(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; ++at)
+        ++count;
+    return count;
+}
+
+std::string Rendered(const ChartModel& chart, ChartFormat format = ChartFormat::Svg) {
+    const ChartPicture picture = RenderChart(chart, format);
+    EXPECT_EQ(picture.failure, "");
+    return picture.bytes;
+}
+
+/// A dataset's plot of five points, one of them excluded, and one gap.
+ChartModel Scatter() {
+    const double gap = std::nan("");
+    PlotRequest request;
+    request.PointCount = 5;
+    request.ColumnCount = 7;
+    const Values x = {1, 2, 3, 4, 5};
+    for (const Values& column : {x, x, Values{2, gap, 1, gap, 6}, x, x, Values{gap, 2, gap, gap, gap},
+                                 Values{gap, 9, gap, gap, gap}})
+        request.ChartData.push_back(ShareColumn(column));
+    request.MarkerStyle[3] = 1;
+    request.MarkerStyle[7] = 12;
+    request.Title = "Observed vs Model-Predicted";
+    request.XAxisTitle = "Model-Predicted (X)";
+    request.YAxisTitle = "Observed (Y)";
+    request.Footnote = "n =  5";
+    return CreateXYPlot(request);
+}
+
+HistogramRequest BothSamples(ChartStyle style) {
+    HistogramRequest request;
+    request.title = "Histogram of X and Y";
+    request.bins = 4;
+    request.style = style;
+    request.x = ShareColumn({1, 2, 3, 4, 5, 6, 7});
+    request.y = ShareColumn({1, 1, 2, 3, 5, 8, 13});
+    return request;
+}
+
+TEST(ChartExport, ScatterHasItsMarksAndTexts) {
+    const std::string svg = Rendered(Scatter());
+    EXPECT_EQ(Count(svg, "<circle"), 3u + 1); // and the one of the legend
+    for (const char* text : {">Observed vs Model-Predicted<", ">Model-Predicted (X)<", ">Observed (Y)<",
+                             ">Obs<", ">Y=X<", ">Excluded<"})
+        EXPECT_NE(svg.find(text), std::string::npos) << text;
+    ChartModel plain = Scatter();
+    plain.legend = false;
+    SetLogarithmic(plain, Direction::X, true);
+    EXPECT_EQ(Count(Rendered(plain), ">Obs<"), 0u);
+}
+
+TEST(ChartExport, EveryHistogramIsPainted) {
+    // A bar for each bin that is not empty and one in the legend.
+    const auto coloured = [](const std::string& svg, const char* colour) {
+        return Count(svg, std::string("fill=\"") + colour);
+    };
+    const std::string bars = Rendered(CreateHistogramPlot(BothSamples(ChartStyle::Bar)));
+    EXPECT_GE(coloured(bars, "#ff8000"), 4u);
+    EXPECT_GE(coloured(bars, "#0080c0"), 4u);
+    for (const ChartStyle style :
+         {ChartStyle::Bar, ChartStyle::Line, ChartStyle::Area, ChartStyle::Step, ChartStyle::Pie})
+        for (const bool flat : {true, false}) {
+            HistogramRequest request = BothSamples(style);
+            request.twoDimensional = flat;
+            const std::string svg = Rendered(CreateHistogramPlot(request));
+            EXPECT_NE(svg.find("Histogram of X and Y"), std::string::npos);
+            EXPECT_NE(svg.find("R04"), std::string::npos);
+            EXPECT_NE(svg.find("Histogram Range:R01"), std::string::npos);
+            EXPECT_GE(coloured(svg, style == ChartStyle::Pie && flat ? "#e69f00" : "#"), 1u);
+        }
+}
+
+TEST(ChartExport, AllFormatsShowTheSame) {
+    const ChartModel chart = Scatter();
+    for (const auto& [format, name] : {std::pair{ChartFormat::Png, "PNG"}, {ChartFormat::Bmp, "BMP"}}) {
+        const std::string bytes = Rendered(chart, format);
+        const QImage image = QImage::fromData(
+            QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())), name);
+        EXPECT_EQ(image.size(), QSize(1600, 1200));
+        int dark = 0;
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                dark += qGray(image.pixel(x, y)) < 60;
+        EXPECT_GT(dark, 2000); // frame, texts and points
+    }
+    testing::TemporaryFolder folder;
+    testing::WriteBytes(folder / "chart.pdf", Rendered(chart, ChartFormat::Pdf));
+    ASSERT_EQ(std::system((std::string(PDFTOTEXT) + " -layout '" + (folder / "chart.pdf") + "'").c_str()), 0);
+    const std::string text = testing::ReadBytes(folder / "chart.txt");
+    for (const char* words : {"Observed vs Model-Predicted", "Model-Predicted (X)", "Excluded", "Observed (Y)"})
+        EXPECT_NE(text.find(words), std::string::npos) << words << "\n" << text;
+}
+
+TEST(ChartExport, AMillionPointsStaySmall) {
+    std::mt19937 random(7);
+    std::normal_distribution<> normal;
+    Values x, y;
+    for (int i = 0; i < 1'000'000; ++i) {
+        x.push_back(normal(random));
+        y.push_back(x.back() + normal(random));
+    }
+    PlotRequest request;
+    request.PointCount = 1'000'000;
+    request.ColumnCount = 3;
+    request.ChartData.assign(2, ShareColumn(std::move(x)));
+    request.ChartData.push_back(ShareColumn(std::move(y)));
+    const std::string png = Rendered(CreateXYPlot(request), ChartFormat::Png);
+    EXPECT_LT(png.size(), 4u << 20);
+}
+
+TEST(ChartExport, KnowsFormatsByTheirEndings) {
+    EXPECT_EQ(ChartFormatOf("a.b/c.SVG"), ChartFormat::Svg);
+    EXPECT_FALSE(ChartFormatOf("a.pdf.txt"));
+    EXPECT_FALSE(ChartFormatOf("pdf"));
+}
+
+} // namespace
+} // namespace corvane
