@@ -80,8 +80,7 @@ struct RunState {
     /// Runs one statement; a failure in it is noted with the section that is being written.
     template<class Work>
     void Statement(Work&& work) {
-        if (auto reason = corvane::Statement(std::forward<Work>(work)))
-            report.Current().failures.push_back(std::move(*reason));
+        report.Current().Statement(std::forward<Work>(work));
     }
 };
 

@@ -51,6 +51,8 @@ void SetDeviationConfidence(RunState& run) {
 }
 
 bool GateIsOpen(const CatalogEntry& entry, const AnalysisOptions& options) {
+    if (entry.secondGate && !IsSet(options.*entry.secondGate))
+        return false;
     if (!entry.gate)
         return true;
     const std::int16_t tick = options.*entry.gate;

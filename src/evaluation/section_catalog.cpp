@@ -16,6 +16,8 @@
 #include "analyses/parameter_tests.h"
 #include "analyses/rank_analysis.h"
 #include "analyses/regression.h"
+#include "analyses/residual_analysis.h"
+#include "analyses/residual_plots.h"
 #include "analyses/robust_table.h"
 #include "analyses/threshold_table.h"
 #include "analyses/weighed_deviance.h"
@@ -58,8 +60,15 @@ constexpr CatalogEntry catalog[] = {
     {&Options::DISTANCE_ANALYSIS, nullptr, WriteDistanceAnalysis},
     {&Options::WEIGHED_DEVIANCE, nullptr, WriteWeighedDeviance},
     {&Options::DEVIATION_ANALYSIS, "Deviation analysis...", WriteDeviationAnalysis},
+    {&Options::RESIDUAL_ANALYSIS, "Residual analysis...", WriteResidualAnalysis},
     {&Options::HISTOGRAM_PLOT, nullptr, RequestHistograms},
     {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
+    {&Options::SHOW_RESIDUAL_PLOT, "Residual plot...", RequestResidualPlot, false,
+     &Options::RESIDUAL_ANALYSIS},
+    {&Options::SHOW_DEVIATION_PLOT, "Deviation plot...", RequestDeviationPlot, false,
+     &Options::RESIDUAL_ANALYSIS},
+    {&Options::SHOW_NORMAL_PLOT, "Normal plot...", RequestNormalPlot, false, &Options::RESIDUAL_ANALYSIS},
+    {&Options::RESIDUAL_REGRESSION_PLOT, nullptr, RequestResidueRegressionPlots},
 };
 
 } // namespace

@@ -124,6 +124,19 @@ TEST_F(Calc, TheBootstrapTakesASeedAndWarnsOfTheSizeThatItCannotDraw) {
     EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << ran.err;
 }
 
+TEST_F(Calc, SavesResidueFilesInTheFolderOfTheWindows) {
+    const std::string base = "$corvane calc $examples/cars.KOV --set RESIDUAL_ANALYSIS=1 "
+                             "--set SAVE_RESIDUE_TEXT=1 ";
+    EXPECT_EQ(Run(base + "--out o && " + base + "--out o").err, "");
+    EXPECT_TRUE(folder.Read("o/Residue0001.TXT").starts_with("Analysis of Residuals\r\n"));
+    EXPECT_EQ(folder.Read("o/Residue0000.TXT"), folder.Read("o/Residue0001.TXT"));
+    EXPECT_TRUE(Has(folder.Read("o/residue.txt"), "saved in file:o/Residue0001.TXT\r\n\r\n"));
+
+    const Ran homeless = Run(base + "--set RESIDUE_WINDOW=0");
+    EXPECT_TRUE(Has(homeless.err, "corvane: warning: ") && Has(homeless.err, "no residue file was written"));
+    EXPECT_TRUE(Has(homeless.out, "  #  X values"));
+}
+
 TEST_F(Calc, WrongUsageExitsWithTwo) {
     for (const char* arguments : {"calc", "calc a b", "calc --set", "calc d.KOV --set OLS_SLS",
                                   "calc d.KOV --what", "calc d.KOV --set =1", "calc d.KOV --json"})
