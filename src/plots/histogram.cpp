@@ -82,10 +82,10 @@ ChartModel CreateHistogramPlot(const HistogramRequest& request) {
         chart.threeDimensional = false;
     }
     if (request.x)
-        chart.footnote = Normality("P(X ~ Normal) = ", *request.x);
+        chart.footnote = Normality("P(X ~ Normal) = ", sorted[0]);
     if (request.y)
-        chart.footnote += request.x ? " and " + Normality("P(Y ~ Normal) = ", *request.y)
-                                    : Normality("P(Y ~ Normal)=", *request.y);
+        chart.footnote += request.x ? " and " + Normality("P(Y ~ Normal) = ", sorted[1])
+                                    : Normality("P(Y ~ Normal)=", sorted[1]);
     for (std::int32_t k = 1; k <= request.bins; ++k)
         chart.categories.push_back(BinLabel(k, request.bins));
     chart.rangesText = RangesText(lo, W, request.bins);
