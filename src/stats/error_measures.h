@@ -31,7 +31,7 @@ struct SquaredError {
 /// the cancellation of its formula. MEF = 1 - sum D^2 / sum (Y - MeanY)^2 and CD = sum (Y - MeanY)^2 /
 /// sum (X - MeanY)^2: Loague and Green (1991), Journal of Contaminant Hydrology 7, 51-73.
 ///
-/// MeanX and MeanY are the means of the samples, which the caller holds. A zero denominator saturates (MEF at
+/// MeanY is the mean of y, which the caller holds; MeanX is not read. A zero denominator saturates (MEF at
 /// the lowest double); with a zero numerator as well the measure is 0. No pair with Y != 0: MAPE = 0. N = 0:
 /// all 0.
 ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
