@@ -7,10 +7,15 @@
 
 namespace corvane {
 
+namespace {
+
+constexpr double saturated = std::numeric_limits<double>::max();
+
+} // namespace
+
 double Divide(double numerator, double denominator) {
     if (denominator == 0)
         throw RunFailure("division by zero");
-    constexpr double saturated = std::numeric_limits<double>::max();
     if (std::abs(numerator) == saturated || std::abs(denominator) == saturated)
         throw RunFailure("division of a saturated value");
     const double quotient = numerator / denominator;
@@ -20,13 +25,13 @@ double Divide(double numerator, double denominator) {
 }
 
 double SquareRoot(double radicand) {
-    if (!(radicand >= 0) || !std::isfinite(radicand))
+    if (!(radicand >= 0 && radicand < saturated))
         throw RunFailure("square root of " + NumberText(radicand));
     return std::sqrt(radicand);
 }
 
 double Logarithm(double argument) {
-    if (!(argument > 0) || !std::isfinite(argument))
+    if (!(argument > 0 && argument < saturated))
         throw RunFailure("logarithm of " + NumberText(argument));
     return std::log(argument);
 }

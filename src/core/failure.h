@@ -40,7 +40,7 @@ bool ConditionHolds(Condition&& condition) {
 
 /// Checked arithmetic. Each throws RunFailure where the result would not be a finite number. An operand that
 /// the statistics library saturated (the largest double, for what has no finite value) is no number to
-/// divide.
+/// compute with.
 double Divide(double numerator, double denominator);
 double SquareRoot(double radicand);
 double Logarithm(double argument);

@@ -41,12 +41,21 @@ struct SquareSums {
 };
 
 SquareSums SumSquares(const std::vector<double>& difference) {
-    Sum squares, spread;
-    for (double d : difference)
+    const double n = static_cast<double>(difference.size());
+    Sum squares, total;
+    for (double d : difference) {
         squares.AddProduct(d, d);
-    const double mean = squares.Value() / static_cast<double>(difference.size());
+        total.Add(d);
+    }
+    // Squares of differences with a bias are all alike. About the bias m they are (d - m)(d + m) + m^2.
+    const double bias = total.Value() / n;
+    const auto fromBias = [bias](double d) { return (d - bias) * (d + bias); };
+    Sum fromBiases, spread;
     for (double d : difference)
-        spread.Add(Square(d * d - mean));
+        fromBiases.Add(fromBias(d));
+    const double mean = fromBiases.Value() / n;
+    for (double d : difference)
+        spread.Add(Square(fromBias(d) - mean));
     return {squares.Value(), spread.Value()};
 }
 
@@ -78,15 +87,13 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     const std::vector<double> sx = Scaled(pairs.X, exponent), sy = Scaled(pairs.Y, exponent);
     const double meanY = std::ldexp(Finite(MeanY), -exponent);
 
-    Sum bias, aboutMeanX, aboutMeanY;
+    Sum bias;
     std::vector<double> difference;
     difference.reserve(pairs.N);
     for (std::size_t i = 0; i < pairs.N; ++i) {
         const DoubleDouble exact = TwoSum(sy[i], -sx[i]);
         difference.push_back(exact.High);
         bias.Add(exact);
-        aboutMeanX.Add(Square(sx[i] - meanY));
-        aboutMeanY.Add(Square(sy[i] - meanY));
     }
     const int own = ScaleExponent(difference), differenceExponent = exponent + own;
     Sum absolute;
@@ -105,30 +112,40 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     result.MSEP = error.MSEP;
     result.VarMSEP = error.VarMSEP;
     result.MaxError = Unscale(largest, differenceExponent);
-    result.MEF = OneMinusRatio(std::ldexp(squares.Squares, 2 * own), aboutMeanY.Value());
-    result.CD = Ratio(aboutMeanY.Value(), aboutMeanX.Value());
-
-    // With u and v the deviations of X and Y from their means, each part without its cancellation:
-    // Sx - Sy = (sum u^2 - sum v^2) / (N (Sx + Sy)), 1 - b = (sum u^2 - sum u v) / sum u^2,
-    // Sy^2 (1 - r^2) = SSE / N, and Sx Sy (1 - r) = Sx Sy (1 - r^2) / (1 + r) where r > 0.
     const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
     const CentredLine line = LeastSquares(cx, cy);
     result.RSquared = Square(Correlation(cx, cy, line));
+
+    // Sums of squares about MeanY from those about the own means. The double that a mean of Y rounds to
+    // stands for that mean, since far from zero the rounding would count.
     const int unitX = cx.Exponent - exponent, unitY = cy.Exponent - exponent;
     const DoubleDouble squaresX = Shifted(cx.SumSquares, 2 * unitX),
-                       squaresY = Shifted(cy.SumSquares, 2 * unitY),
-                       products = Shifted(line.Sxy, unitX + unitY);
-    const double sxx = squaresX.High, syy = squaresY.High, sxy = products.High;
+                       squaresY = Shifted(cy.SumSquares, 2 * unitY);
+    const DoubleDouble meanX = Shifted(cx.Mean, unitX), ownMeanY = Shifted(cy.Mean, unitY);
+    const DoubleDouble centre = meanY == ownMeanY.High ? ownMeanY : DoubleDouble{meanY, 0.0};
+    const auto about = [&](DoubleDouble sumSquares, DoubleDouble mean) {
+        const DoubleDouble distance = mean - centre;
+        return (sumSquares + DoubleDouble{n, 0.0} * (distance * distance)).High;
+    };
+    const double aboutMeanX = about(squaresX, meanX), aboutMeanY = about(squaresY, ownMeanY);
+    result.MEF = OneMinusRatio(std::ldexp(squares.Squares, 2 * own), aboutMeanY);
+    result.CD = Ratio(aboutMeanY, aboutMeanX);
+
+    // With u and v the deviations of X and Y from their means, each part without its cancellation:
+    // Sx - Sy = (sum u^2 - sum v^2) / (N (Sx + Sy)), 1 - b = (sum u^2 - sum u v) / sum u^2,
+    // Sy^2 (1 - r^2) = SSE / N, and Sx Sy (1 - r) = Sx Sy (1 - r^2) / (1 + r) where r > 0. Each sample is in
+    // its own unit until the end, so that neither vanishes beside the other.
+    const double sxx = cx.SumSquares.High, syy = cy.SumSquares.High, sxy = line.Sxy.High;
     const double product = std::sqrt(sxx) * std::sqrt(syy);
-    const double unexplained = std::ldexp(line.SSE, 2 * unitY) / n;
-    const double third =
-        sxy > 0.0 ? Ratio(2.0 * unexplained * sxx, product + sxy) : 2.0 * (product - sxy) / n;
+    const double twiceUncovered =
+        sxy > 0.0 ? Ratio(2.0 * line.SSE * sxx, product + sxy) : 2.0 * (product - sxy);
+    const double slopeDefect = (Shifted(cx.SumSquares, unitX) - Shifted(line.Sxy, unitY)).High;
     const double parts[] = {
         Square(bias.Value() / n),
-        Square(Ratio((squaresX - squaresY).High, std::sqrt(sxx) + std::sqrt(syy))) / n,
-        third,
-        Ratio(Square((squaresX - products).High), sxx) / n,
-        unexplained,
+        Square(Ratio((squaresX - squaresY).High, std::sqrt(squaresX.High) + std::sqrt(squaresY.High))) / n,
+        std::ldexp(twiceUncovered, unitX + unitY) / n,
+        Ratio(Square(slopeDefect), sxx) / n,
+        std::ldexp(line.SSE, 2 * unitY) / n,
     };
     for (std::size_t i = 0; i < result.MSEPParts.size(); ++i)
         result.MSEPParts[i] = Unscale(parts[i], 2 * exponent);

@@ -186,6 +186,8 @@ Coefficient Summarise(std::size_t count, Sums sums, Terms terms) {
     const bool near = rg >= 0.5;
     if (near)
         rg = 1.0 - complement;
+    else if (std::fabs(rg) < 4.0 * Epsilon) // the rounding of its parts
+        rg = 0.0;
     if (denominator == 0.0)
         return {rg, 0.0, rg, rg};
 
