@@ -28,10 +28,6 @@ std::string CheckNotEmpty(const std::string& text) {
     return text.empty() ? "the name is empty" : "";
 }
 
-std::string CheckNumber(const std::string& text) {
-    return ReadNumber(text) ? "" : "'" + text + "' is no number";
-}
-
 void AddCalc(CLI::App& program, CalcRequest& request) {
     CLI::App* calc = program.add_subcommand("calc", "Evaluate a dataset and print the report");
     calc->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
@@ -91,7 +87,12 @@ void AddGenerate(CLI::App& program, GenerateRequest& request) {
     PairRequest& pairs = request.pairs;
     generate->add_option("-n", pairs.N, "Number of pairs")->type_name("N")->required();
     const auto number = [&](const char* name, double& value, const char* help) {
-        generate->add_option(name, value, help)->type_name("NUMBER")->required()->check(CheckNumber);
+        const auto read = [&value](const CLI::results_t& texts) {
+            const auto given = ReadNumber(texts[0]);
+            value = given.value_or(0);
+            return given.has_value();
+        };
+        generate->add_option(name, read, help)->type_name("NUMBER")->required();
     };
     number("--mean-x", pairs.MeanX, "Mean of X, the predicted values");
     number("--mean-y", pairs.MeanY, "Mean of Y, the observed values");

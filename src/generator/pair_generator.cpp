@@ -25,11 +25,6 @@ double BoxNumber(const std::string& text) {
     return Number("0" + text);
 }
 
-/// A perfect correlation has neither a copula parameter nor an error term.
-double AttainableCorrelation(double r) {
-    return r == 1 ? 0.999 : r;
-}
-
 /// U and V, drawn in turn: the upper 52 bits of a draw, and a half, in units of 2^-52. The standard's own
 /// distributions differ between libraries.
 void DrawUniforms(std::uint64_t seed, std::vector<double>& U, std::vector<double>& V) {
@@ -98,7 +93,8 @@ std::string RefusalOf(const PairRequest& request) {
 }
 
 RandomPairs DrawPairs(const PairRequest& request, std::uint64_t seed) {
-    const double r = AttainableCorrelation(request.r);
+    // A perfect correlation has neither a copula parameter nor an error term.
+    const double r = request.r == 1 ? 0.999 : request.r;
     std::vector<double> U(static_cast<std::size_t>(request.N)), V(U.size());
     DrawUniforms(seed, U, V);
     RandomPairs pairs = (request.method == PairMethod::Harlow ? RegressionPairs : CopulaPairs)(
