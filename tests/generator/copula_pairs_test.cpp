@@ -25,12 +25,6 @@ Uniforms Partners(const Uniforms& U, const Uniforms& V, double r, CopulaFamily f
     return W;
 }
 
-double Copula(CopulaFamily family, double u, double w, double t) {
-    return family == CopulaFamily::Frank
-               ? -std::log1p(std::expm1(-t * u) * std::expm1(-t * w) / std::expm1(-t)) / t
-               : std::pow(std::pow(u, -t) + std::pow(w, -t) - 1, -1 / t);
-}
-
 // tests/generator/reference.py: Hoeffding's formula instead of the expectation.
 TEST(CopulaParameter, GivesNormalMarginsTheirCorrelation) {
     struct Case {
@@ -44,22 +38,6 @@ TEST(CopulaParameter, GivesNormalMarginsTheirCorrelation) {
                                             {0.999, 596.267608, 325.63928439}}) {
         EXPECT_NEAR(CopulaParameter(CopulaFamily::Frank, r), frank, 1e-10 + 1e-8 * frank) << r;
         EXPECT_NEAR(CopulaParameter(CopulaFamily::Clayton, r), clayton, 1e-10 + 1e-8 * clayton) << r;
-    }
-}
-
-TEST(GenerateCopulaPairs, PairsFollowTheirCopula) {
-    constexpr std::size_t N = 1'000'000;
-    const Uniforms U = Draw(1, N), V = Draw(2, N);
-    for (const CopulaFamily family : families) {
-        const double t = family == CopulaFamily::Frank ? 3.6889654723 : 1.0061278975;
-        const Uniforms W = Partners(U, V, 0.5, family);
-        for (const auto& [u, w] : {std::pair{0.01, 0.01}, {0.1, 0.2}, {0.5, 0.5}, {0.3, 0.8}, {0.97, 0.95}}) {
-            double count = 0;
-            for (std::size_t i = 0; i < N; ++i)
-                count += U[i] <= u && W[i] <= w ? 1 : 0;
-            const double p = Copula(family, u, w, t);
-            EXPECT_NEAR(count / N, p, 5 * std::sqrt(p * (1 - p) / N)) << u << " " << w;
-        }
     }
 }
 
