@@ -80,7 +80,7 @@ double CopulaParameter(CopulaFamily family, double r) {
         low = high;
         high *= 2;
     }
-    while (high - low > 1e-10 * high && high > 1e-10) { // d r / d t is below 1
+    while (high - low > 1e-10 * std::max(high, 1.0)) { // d r / d t and d r / d ln t are below 1
         const double middle = 0.5 * (low + high);
         (scores.Correlation(family, middle) < r ? low : high) = middle;
     }

@@ -22,7 +22,7 @@ double CopulaParameter(CopulaFamily family, double r);
 
 /// Draws the partner of each uniform U by conditional inversion (Genest, 1987, Biometrika 74, 549-555):
 /// W[i] solves dC(U[i], W)/dU = V[i]. U and V are independent, in [SmallestUniform, 1 - SmallestUniform], and
-/// W has their length and stays within the same limits. With r = 0 W is V.
+/// W has their length, may be the array V itself, and stays within the same limits. With r = 0 W is V.
 void GenerateCopulaPairs(std::span<const double> U, std::span<const double> V, std::span<double> W, double r,
                          CopulaFamily family);
 
