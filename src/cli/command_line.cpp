@@ -2,9 +2,11 @@
 
 #include "cli/calc_command.h"
 #include "cli/chart_files.h"
+#include "cli/generate_command.h"
 #include "cli/plot_command.h"
 #include "cli/switch_run.h"
 #include "core/format/code_page.h"
+#include "core/format/numbers.h"
 #include "core/format/text_lists.h"
 #include "core/version.h"
 
@@ -77,6 +79,34 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
     plot->add_flag("--no-legend", request.noLegend, "Leave the legend out");
 }
 
+void AddGenerate(CLI::App& program, GenerateRequest& request) {
+    CLI::App* generate = program.add_subcommand("generate", "Write a dataset of random pairs");
+    generate->add_option("--method", request.method, "How X and Y are joined: frank, clayton or harlow")
+        ->required()
+        ->check(CLI::IsMember({"frank", "clayton", "harlow"}));
+    PairRequest& pairs = request.pairs;
+    generate->add_option("-n", pairs.N, "Number of pairs")->type_name("N")->required();
+    const auto number = [&](const char* name, double& value, const char* help) {
+        const auto read = [&value](const CLI::results_t& texts) {
+            const auto given = ReadNumber(texts[0]);
+            value = given.value_or(0);
+            return given.has_value();
+        };
+        generate->add_option(name, read, help)->type_name("NUMBER")->required();
+    };
+    number("--mean-x", pairs.MeanX, "Mean of X, the predicted values");
+    number("--mean-y", pairs.MeanY, "Mean of Y, the observed values");
+    number("--var-x", pairs.VarX, "Variance of X");
+    number("--var-y", pairs.VarY, "Variance of Y");
+    number("-r", pairs.r, "Correlation of X and Y, from 0 to 1");
+    generate->add_option("--seed", request.seed, "The same seed gives the same file")->type_name("N");
+    generate->add_option("-o,--output", request.outputFile, "The dataset file (.KOV)")
+        ->type_name("FILE")
+        ->required()
+        ->check(CheckNotEmpty);
+    generate->add_flag("--force", request.force, "Replace the file if it exists");
+}
+
 } // namespace
 
 ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
@@ -95,10 +125,12 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     AddCalc(program, calc);
     PlotCommandRequest plot;
     AddPlot(program, plot);
+    GenerateRequest generate;
+    AddGenerate(program, generate);
 
     const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
-    const bool subcommand =
-        !words.empty() && (words[0] == "calc" || words[0] == "plot" || words[0].starts_with('-'));
+    const bool subcommand = !words.empty() && (words[0] == "calc" || words[0] == "plot" ||
+                                               words[0] == "generate" || words[0].starts_with('-'));
     if (!subcommand && IsSwitchLine(words))
         return RunSwitchLine(words);
     for (const std::string& word : words)
@@ -117,6 +149,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
         return RunCalc(calc);
     if (program.got_subcommand("plot"))
         return RunPlot(plot);
+    if (program.got_subcommand("generate"))
+        return RunGenerate(generate);
     std::cerr << "corvane: this build has no window; to evaluate a file: corvane calc "
               << (file.empty() ? "FILE.KOV" : file) << '\n';
     return ExitFailed;

@@ -1,0 +1,34 @@
+#include "cli/generate_command.h"
+
+#include "cli/command_support.h"
+#include "files/dataset_writer.h"
+#include "platform/native/native_file_store.h"
+#include "platform/native/seeds.h"
+#include "platform/native/terminal.h"
+
+#include <filesystem>
+
+namespace corvane {
+
+ExitCode RunGenerate(const GenerateRequest& request) {
+    std::error_code error;
+    if (!request.force && std::filesystem::exists(request.outputFile, error))
+        return Fail(request.outputFile + " exists; --force replaces it");
+    TerminalDialogs dialogs("corvane: ");
+    ClockSeeds clockSeeds;
+    FixedSeed userSeed(request.seed.value_or(0));
+    Random& random = request.seed ? static_cast<Random&>(userSeed) : clockSeeds;
+    PairRequest pairs = request.pairs;
+    pairs.method = request.method == "frank"     ? PairMethod::Frank
+                   : request.method == "clayton" ? PairMethod::Clayton
+                                                 : PairMethod::Harlow;
+    Dataset dataset;
+    if (GeneratePairs(pairs, true, dataset, dialogs, random) != GenerationEnd::Written)
+        return ExitFailed;
+    NativeFileStore files;
+    if (const FileResult saved = SaveFile(request.outputFile, dataset, files, dialogs); !saved.done)
+        return Fail(request.outputFile + ": " + saved.reason);
+    return ExitDone;
+}
+
+} // namespace corvane
