@@ -68,7 +68,7 @@ void WriteEstimate(ReportSection& section, const std::string& name, double estim
 }
 
 void WriteTTest(ReportSection& section, const std::string& name, double estimate, double sd, double DF) {
-    const double t = Divide(estimate, sd);
+    const double t = TStatistic(estimate, sd);
     section.Line("H0: " + name + " = 0; T-value (P-value)     : ", F(10, 5, t).Named("T_" + name), " (",
                  FP(7, 5, stats::TailT(t, DF)).Named("P_" + name), ")");
 }

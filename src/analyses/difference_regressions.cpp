@@ -19,7 +19,7 @@ void WriteCoefficients(const RunState& run, ReportSection& section, std::int32_t
     const auto writeTest = [&](const char* words, const std::string& name, double estimate, double sd) {
         if (!(sd > 0))
             return;
-        const double t = Divide(estimate, sd);
+        const double t = TStatistic(estimate, sd);
         section.Line(label(words), F(10, 5, t).Named("T_" + name), " (",
                      FP(7, 5, stats::TailT(t, run.N() - 2)).Named("P_" + name), ")");
     };
@@ -89,8 +89,8 @@ void Kleijnen_Analysis(RunState& run) {
                  FP(7, 5, PF).Named("P_F"), ")");
     WriteVerdict(run, section, PF);
     run.plots.emplace_back(PointPlot({"Kleijnen Analysis", "Summation", "Difference"},
-                                  ShareColumn(std::move(sums)), ShareColumn(std::move(differences)),
-                                  run.session));
+                                     ShareColumn(std::move(sums)), ShareColumn(std::move(differences)),
+                                     run.session));
 }
 
 void Bland_Altman_Analysis(RunState& run) {
@@ -107,8 +107,8 @@ void Bland_Altman_Analysis(RunState& run) {
     section.Line("Equation: (X-Y) = ß0 + ß1×(Avg(Y and X))", std::string(24, ' '));
     WriteCoefficients(run, section, 31);
     run.plots.emplace_back(PointPlot({"Bland and Altman Analysis", "Average", "Difference"},
-                                  ShareColumn(std::move(averages)), ShareColumn(std::move(differences)),
-                                  run.session));
+                                     ShareColumn(std::move(averages)), ShareColumn(std::move(differences)),
+                                     run.session));
 }
 
 } // namespace corvane

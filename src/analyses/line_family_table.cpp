@@ -36,8 +36,8 @@ void WriteLineFamily(RunState& run) {
         const stats::LineFamily& family = run.family;
         run.Statement([&] {
             const std::string name = std::string(rows[i].name) + ".";
-            const double Pa = stats::TailT(Divide(family.A[i], family.SDA[i]), df);
-            const double Pb = stats::TailT(Divide(family.B[i] - 1, family.SDB[i]), df);
+            const double Pa = stats::TailT(TStatistic(family.A[i], family.SDA[i]), df);
+            const double Pb = stats::TailT(TStatistic(family.B[i] - 1, family.SDB[i]), df);
             section.Line(rows[i].label, F(10, 5, family.A[i]).Named(name + "a"), " ± ",
                          F(10, 5, family.SDA[i]).Named(name + "SDa"), " (", FP(7, 5, Pa).Named(name + "Pa"),
                          ")     ", F(10, 5, family.B[i]).Named(name + "b"), " ± ",

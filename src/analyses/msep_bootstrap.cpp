@@ -49,18 +49,23 @@ void WriteMsepBootstrap(RunState& run) {
                          PlainNumber(std::floor(300 / run.N())));
         return;
     }
+    constexpr double mostSubSamples = 1e8; // two numbers of each are kept
     MsepSeries series;
-    if (size)
+    const auto warn = [&](const std::string& reason) {
+        run.warnings.push_back("bootstrap of MSEP: " + reason +
+                               "; no sub-sample was drawn and the results stand at 0");
+    };
+    if (!size)
+        warn(NumberText(percentage) + "% of " + NumberText(run.N()) + " pairs is a sub-sample size of " +
+             NumberText(expected) + ", outside the limits of ±" +
+             std::to_string(std::numeric_limits<std::int16_t>::max()));
+    else if (subSamples > mostSubSamples)
+        warn(NumberText(subSamples) + " sub-samples are more than " + NumberText(mostSubSamples));
+    else
         run.Statement([&] {
             series = BootstrapMSEP(Integer32(subSamples), percentage, run.residuals.Deviation,
                                    run.services.random.Seed());
         });
-    else
-        run.warnings.push_back("bootstrap of MSEP: " + NumberText(percentage) + "% of " +
-                               NumberText(run.N()) + " pairs is a sub-sample size of " +
-                               NumberText(expected) + ", beyond the limit of " +
-                               std::to_string(std::numeric_limits<std::int16_t>::max()) +
-                               "; no sub-sample was drawn and the results stand at 0");
     section.Line("Sub-samples           : ", F(20, 5, subSamples).Named("SubSamples"));
     run.Statement([&] {
         section.Line("Size                  : ",

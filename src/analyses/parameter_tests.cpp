@@ -12,7 +12,7 @@ namespace {
 void WriteTTest(RunState& run, ReportSection& section, const char* label, const std::string& name,
                 double difference, double sd) {
     run.Statement([&] {
-        const double t = Divide(difference, sd);
+        const double t = TStatistic(difference, sd);
         section.Line(label, F(10, 5, t).Named("T_" + name), " (",
                      FP(7, 5, stats::TailT(t, run.N() - 2)).Named("P_" + name), ")");
     });

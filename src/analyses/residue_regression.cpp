@@ -20,7 +20,7 @@ void WriteResidueRegression(const RunState& run, Report& report) {
         if (!(SD > 0))
             return;
         section.Statement([&] {
-            const double T = Divide(estimate, SD);
+            const double T = TStatistic(estimate, SD);
             section.Line(
                 "H0: " + name + " = 0            T-value (P-value): ", F(10, 5, T).Named("T_" + name), " (",
                 FP(7, 5, stats::TailT(T, run.N() - 2)).Named("P_" + name), ")");

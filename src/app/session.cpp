@@ -130,6 +130,8 @@ void Session::CalculateAction() {
     if (batch.BatchRun)
         ActInBatch(window);
     plots.insert(plots.end(), result.plots.begin(), result.plots.end());
+    for (const std::string& warning : result.warnings)
+        services.dialogs.ShowMessage(MessageStyle::Information, warning, "");
 }
 
 void Session::ActInBatch(ResultsWindow& window) {

@@ -24,6 +24,10 @@ double Divide(double numerator, double denominator) {
     return quotient;
 }
 
+double TStatistic(double estimate, double sd) {
+    return std::abs(sd) == saturated && std::abs(estimate) < saturated ? 0.0 : Divide(estimate, sd);
+}
+
 double SquareRoot(double radicand) {
     if (!(radicand >= 0 && radicand < saturated))
         throw RunFailure("square root of " + NumberText(radicand));

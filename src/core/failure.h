@@ -45,6 +45,10 @@ double Divide(double numerator, double denominator);
 double SquareRoot(double radicand);
 double Logarithm(double argument);
 
+/// The t of an estimate with its SD. An SD without a finite value leaves no evidence: 0. A RunFailure where
+/// the estimate has none, and as in Divide.
+double TStatistic(double estimate, double sd);
+
 /// Conversion to a count, halves to even; a RunFailure where it does not fit.
 std::int16_t Integer16(double value);
 std::int32_t Integer32(double value);

@@ -4,7 +4,6 @@
 #include "core/format/numbers.h"
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 namespace corvane {
@@ -78,10 +77,10 @@ RowCountResult ApplyRowCount(Dataset& dataset) {
     const double rows = LeadingNumber(dataset.options.N);
     if (!(rows > 1))
         return RowCountResult::TooFew;
-    const auto count = ToInteger32(rows);
-    if (!count || *count == std::numeric_limits<std::int32_t>::max())
+    const auto bound = ToInteger32(rows + 1); // the grid's rows, its header among them
+    if (!bound)
         return RowCountResult::TooLarge;
-    dataset.cells.SetRowCount(*count);
+    dataset.cells.SetRowCount(*bound - 1);
     return RowCountResult::Applied;
 }
 

@@ -24,7 +24,8 @@ LineFit FitLine(std::span<const double> x, std::span<const double> y) {
     const double s = std::sqrt(line.SSE / freedom);
     const double sxx = cx.SumSquares.High;
     const double lever = std::hypot(1.0 / std::sqrt(pairs.Count()), Ratio(cx.Mean.High, std::sqrt(sxx)));
-    fit.SDa = s == 0.0 ? 0.0 : Unscale(s * lever, cy.Exponent);
+    if (s > 0.0)
+        fit.SDa = sxx == 0.0 && cx.Mean.High != 0.0 ? Largest : Unscale(s * lever, cy.Exponent);
     fit.SDb = sxx == 0.0 ? Ratio(s, sxx) : Unscale(s / std::sqrt(sxx), slopeExponent);
     fit.Chi2 = Unscale(line.SSE, 2 * cy.Exponent);
     fit.Q = GammaQ(0.5 * freedom, 0.5 * fit.Chi2);

@@ -159,13 +159,17 @@ TEST_F(SessionRun, SomeMessagesAreShown) {
     WriteBytes(folder / "old.KOV", "1,0,0\n");
     Dispatch(R"(/F"$\old.KOV")");
     EXPECT_EQ(dialogs.messages.size(), 1U);
+    WriteBytes(folder / "w.KOV",
+               "4,0,0\nTHRESHOLD_ANALYSIS= 1\nTRESHOLD_XY=many\nN=3\nDATA:\n1,,2,,,,\n2,,3,,,,\n3,,5,,,,\n");
+    Dispatch(R"(/F"$\w.KOV")");
+    EXPECT_NE(dialogs.messages.back().find("many"), std::string::npos) << dialogs.messages.back();
     printer.result = {false, "no spooler"};
     Dispatch(R"(/F"$\d.KOV" /P)");
     EXPECT_EQ(dialogs.messages.back(), "Source: Print\r\nDescription: no spooler\r\nCode: 1");
     Dispatch(R"(/F"$\old.KOV")"); // leaves no name over an empty dataset
     EXPECT_EQ(session.Caption(), "Corvane v. 4.0.0");
     Dispatch(R"(/F /C"$\d.KOV")"); // a bare /F takes the file back
-    EXPECT_EQ(session.Windows().size(), 1U);
+    EXPECT_EQ(session.Windows().size(), 2U);
     EXPECT_NE(dialogs.messages.back().find("corvane compare"), std::string::npos);
 }
 

@@ -120,8 +120,11 @@ TEST_F(Calc, TheBootstrapTakesASeedAndWarnsOfTheSizeThatItCannotDraw) {
     const Ran ran = Run(base + "--set MSPE_BOOTSTRAP_SIZE=200000");
     EXPECT_EQ(ran.exit, 0);
     EXPECT_TRUE(Has(ran.err, "mtcars.KOV: bootstrap of MSEP: 200000% of 32 pairs")) << ran.err;
-    EXPECT_TRUE(Has(ran.err, " 64000, beyond the limit of 32767")) << ran.err;
+    EXPECT_TRUE(Has(ran.err, " 64000, outside the limits of ±32767")) << ran.err;
     EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << ran.err;
+    const Ran many = Run(base + "--set MSPE_BOOTSTRAP_SUBSAMPLE=2000000000");
+    EXPECT_TRUE(Has(many.err, "2000000000 sub-samples are more than 100000000")) << many.err;
+    EXPECT_TRUE(Has(many.out, "Mean MSEP             :              0.00000"));
 }
 
 TEST_F(Calc, SavesResidueFilesInTheFolderOfTheWindows) {
