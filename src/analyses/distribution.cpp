@@ -21,7 +21,7 @@ void WriteShapiroWilk(RunState& run, ReportSection& section, const std::string& 
 } // namespace
 
 void WriteDistribution(RunState& run) {
-    const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
+    const std::vector<double>&X = run.SortedX(), &Y = run.SortedY();
     ReportSection& section =
         run.report.BeginSection("distribution", "DISTRIBUTION ANALYSES (Shapiro and Wilk, 1965)");
     if (run.Comments()) {

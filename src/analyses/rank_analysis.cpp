@@ -72,13 +72,14 @@ void WriteRankAnalysis(RunState& run) {
                      " (", FP(10, 5, kendall.P).Named("P_Tau"), ")");
     });
     run.Statement([&] {
-        const stats::KolmogorovSmirnovResult smirnov = stats::KolmogorovSmirnov2(X, Y);
+        const stats::KolmogorovSmirnovResult smirnov =
+            stats::KolmogorovSmirnov2(run.SortedX(), run.SortedY());
         section.Line("KS           : ", F(10, 5, smirnov.D).Named("KS"),
                      "     H0: dX = dY, N-value (P-value)        : ", F(10, 5, smirnov.NValue).Named("N_KS"),
                      " (", FP(10, 5, smirnov.P).Named("P_KS"), ")");
     });
     run.Statement([&] {
-        const stats::MannWhitneyResult whitney = stats::MannWhitney(X, Y);
+        const stats::MannWhitneyResult whitney = stats::MannWhitney(run.SortedX(), run.SortedY());
         section.Line("Mann-Whitney : ", F(10, 5, whitney.WD).Named("WD"),
                      "     H0: WD = 0, Z-value (1-sided P-value) : ", F(10, 5, whitney.Z).Named("Z_WD"), " (",
                      FP(10, 5, whitney.OneSidedP).Named("OneSidedP_WD"), ")");

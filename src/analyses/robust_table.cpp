@@ -12,7 +12,7 @@ void WriteRobustStatistics(RunState& run) {
         section.Line("!! .The closer X and Y Sn, and X and Y Qn are the more symmetric their distributions "
                      "are !!");
     }
-    const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
+    const std::vector<double>&X = run.SortedX(), &Y = run.SortedY();
     run.Statement([&] {
         section.Line("X Sn       : ", F(10, 5, stats::RobustSn(X)).Named("SnX"),
                      "     Y Sn       : ", F(10, 5, stats::RobustSn(Y)).Named("SnY"));

@@ -7,50 +7,34 @@
 #include <QBuffer>
 #include <QPdfWriter>
 #include <QSvgGenerator>
-#include <qcustomplot.h>
 
 namespace corvane {
 namespace {
 
 constexpr double pixelsPerInch = 96;
 
-QByteArray Raster(QCustomPlot& plot, ChartSize size, const char* format) {
-    constexpr double dotsPerPixel = 2;
-    QImage image = plot.toPixmap(size.width, size.height, dotsPerPixel).toImage();
-    image.setDevicePixelRatio(1);
-    const int dotsPerMetre = qRound(dotsPerPixel * pixelsPerInch / 0.0254);
-    image.setDotsPerMeterX(dotsPerMetre);
-    image.setDotsPerMeterY(dotsPerMetre);
+QByteArray Raster(const ChartModel& chart, QSize size, const char* format) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.convertToFormat(QImage::Format_RGB32).save(&buffer, format);
+    ChartImage(chart, size).save(&buffer, format);
     return bytes;
 }
 
-void PaintVector(QCustomPlot& plot, ChartSize size, QPaintDevice& device, double scale) {
-    QCPPainter painter;
-    painter.begin(&device);
-    painter.setMode(QCPPainter::pmVectorized);
-    painter.setMode(QCPPainter::pmNoCaching);
-    painter.scale(scale, scale);
-    plot.toPainter(&painter, size.width, size.height);
-}
-
-QByteArray Svg(QCustomPlot& plot, ChartSize size, const ChartModel& chart) {
+QByteArray Svg(const ChartModel& chart, QSize size) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
     generator.setResolution(static_cast<int>(pixelsPerInch));
-    generator.setSize({size.width, size.height});
-    generator.setViewBox(QRect(0, 0, size.width, size.height));
+    generator.setSize(size);
+    generator.setViewBox(QRect(QPoint(), size));
     generator.setTitle(QString::fromStdString(chart.title));
-    PaintVector(plot, size, generator, 1);
+    PaintChartOn(generator, chart, size, 1);
     return bytes;
 }
 
-QByteArray Pdf(QCustomPlot& plot, ChartSize size, const ChartModel& chart) {
+QByteArray Pdf(const ChartModel& chart, QSize size) {
     constexpr int resolution = 1200; // the writer rounds places to its dots
     constexpr double pointsPerInch = 72;
     QByteArray bytes;
@@ -60,11 +44,24 @@ QByteArray Pdf(QCustomPlot& plot, ChartSize size, const ChartModel& chart) {
     writer.setResolution(resolution);
     writer.setTitle(QString::fromStdString(chart.title));
     writer.setCreator("Corvane");
-    writer.setPageSize(
-        QPageSize(QSizeF(size.width, size.height) * pointsPerInch / pixelsPerInch, QPageSize::Point));
+    writer.setPageSize(QPageSize(QSizeF(size) * pointsPerInch / pixelsPerInch, QPageSize::Point));
     writer.setPageMargins(QMarginsF());
-    PaintVector(plot, size, writer, resolution / pixelsPerInch);
+    PaintChartOn(writer, chart, size, resolution / pixelsPerInch);
     return bytes;
+}
+
+QByteArray Bytes(const ChartModel& chart, ChartFormat format, QSize size) {
+    switch (format) {
+    case ChartFormat::Svg:
+        return Svg(chart, size);
+    case ChartFormat::Png:
+        return Raster(chart, size, "PNG");
+    case ChartFormat::Pdf:
+        return Pdf(chart, size);
+    case ChartFormat::Bmp:
+        return Raster(chart, size, "BMP");
+    }
+    return {};
 }
 
 } // namespace
@@ -86,24 +83,7 @@ std::optional<ChartFormat> ChartFormatOf(std::string_view path) {
 ChartPicture RenderChart(const ChartModel& chart, ChartFormat format, ChartSize size) {
     if (const std::string reason = PrepareQt(); !reason.empty())
         return {{}, reason};
-    QCustomPlot plot;
-    plot.resize(size.width, size.height);
-    PaintChart(plot, chart, {size.width, size.height});
-    QByteArray bytes;
-    switch (format) {
-    case ChartFormat::Svg:
-        bytes = Svg(plot, size, chart);
-        break;
-    case ChartFormat::Png:
-        bytes = Raster(plot, size, "PNG");
-        break;
-    case ChartFormat::Pdf:
-        bytes = Pdf(plot, size, chart);
-        break;
-    case ChartFormat::Bmp:
-        bytes = Raster(plot, size, "BMP");
-        break;
-    }
+    const QByteArray bytes = Bytes(chart, format, {size.width, size.height});
     if (bytes.isEmpty())
         return {{}, "the picture could not be made"};
     return {bytes.toStdString(), {}};

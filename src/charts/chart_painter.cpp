@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-constexpr double pixelsPerPoint = 96.0 / 72.0;
+constexpr double pixelsPerInch = 96, pixelsPerPoint = pixelsPerInch / 72;
 const QColor ink(40, 40, 40), paleArea(244, 243, 238), palePlot(251, 250, 245), gridInk(222, 222, 222);
 
 QFont FontOf(const std::string& family, double points) {
@@ -333,6 +333,32 @@ void PaintChart(QCustomPlot& plot, const ChartModel& chart, QSize size) {
     NameSeries(plot, chart);
     AddStatisticLines(plot, chart, scales);
     LayOut(plot, chart, size);
+}
+
+QImage ChartImage(const ChartModel& chart, QSize size) {
+    constexpr double dotsPerPixel = 2;
+    QCustomPlot plot;
+    plot.resize(size);
+    PaintChart(plot, chart, size);
+    QImage image = plot.toPixmap(size.width(), size.height(), dotsPerPixel).toImage();
+    image.setDevicePixelRatio(1);
+    constexpr double metresPerInch = 0.0254;
+    const int dotsPerMetre = qRound(dotsPerPixel * pixelsPerInch / metresPerInch);
+    image.setDotsPerMeterX(dotsPerMetre);
+    image.setDotsPerMeterY(dotsPerMetre);
+    return image.convertToFormat(QImage::Format_RGB32);
+}
+
+void PaintChartOn(QPaintDevice& device, const ChartModel& chart, QSize size, double scale) {
+    QCustomPlot plot;
+    plot.resize(size);
+    PaintChart(plot, chart, size);
+    QCPPainter painter;
+    painter.begin(&device);
+    painter.setMode(QCPPainter::pmVectorized);
+    painter.setMode(QCPPainter::pmNoCaching);
+    painter.scale(scale, scale);
+    plot.toPainter(&painter, size.width(), size.height());
 }
 
 } // namespace corvane

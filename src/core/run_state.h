@@ -12,6 +12,7 @@
 #include "stats/line_family.h"
 #include "stats/line_fits.h"
 #include "stats/median_fit.h"
+#include "stats/order.h"
 #include "stats/pair_statistics.h"
 #include "stats/residual_statistics.h"
 
@@ -74,6 +75,10 @@ struct RunState {
     double N() const { return static_cast<double>(arrays.Count()); }
     bool Comments() const { return IsSet(dataset.options.ADD_COMMENT); }
 
+    /// X and Y in ascending order, sorted once, for the routines to which pairs mean nothing.
+    const std::vector<double>& SortedX() { return Sorted(sortedX, arrays.X); }
+    const std::vector<double>& SortedY() { return Sorted(sortedY, arrays.Y); }
+
     /// One of the run's own arrays, for a table or a plot.
     SharedColumn Share(const std::vector<double>& array) const { return SharedColumn(columns, &array); }
 
@@ -81,6 +86,15 @@ struct RunState {
     template<class Work>
     void Statement(Work&& work) {
         report.Current().Statement(std::forward<Work>(work));
+    }
+
+    std::vector<double> sortedX{}, sortedY{}; ///< Empty until they are asked for.
+
+private:
+    static const std::vector<double>& Sorted(std::vector<double>& sorted, const std::vector<double>& sample) {
+        if (sorted.empty())
+            sorted = stats::SortedFinite(sample);
+        return sorted;
     }
 };
 

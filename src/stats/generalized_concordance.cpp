@@ -309,7 +309,9 @@ GeneralizedConcordanceResult GeneralizedConcordance(std::span<const double> x, s
     const int exponent = pairs.CommonExponent();
     const std::vector<double> scaledX = Scaled(pairs.X, exponent), scaledY = Scaled(pairs.Y, exponent);
     const Samples samples{scaledX, scaledY};
-    double s = std::sqrt(RobustQn(scaledX)) * std::sqrt(RobustQn(scaledY));
+    const Ordered orderedX(scaledX);
+    Ordered orderedY(scaledY);
+    double s = std::sqrt(RobustQn(orderedX.Values)) * std::sqrt(RobustQn(orderedY.Values));
     if (s == 0.0)
         s = std::sqrt(StandardDeviation(scaledX)) * std::sqrt(StandardDeviation(scaledY));
     if (pairs.N < 2 || s == 0.0)
@@ -321,8 +323,6 @@ GeneralizedConcordanceResult GeneralizedConcordance(std::span<const double> x, s
     std::vector<PairSums> sums(pairs.N);
     SideTangents differenceSide, sumSide;
     {
-        const Ordered orderedX(scaledX);
-        Ordered orderedY(scaledY);
         const PowerTree treeX(orderedX.Values);
         differenceSide = AddSide(orderedX, orderedY, treeX, {c, h, power}, 1.0, sums);
         orderedY.Negate();
