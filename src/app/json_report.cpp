@@ -111,13 +111,28 @@ Json SectionJson(const ReportSection& section) {
     return json;
 }
 
-} // namespace
-
-std::string JsonReport(const JsonRun& run) {
+/// What every document begins with.
+Json NewDocument() {
     Json json;
     json["format"] = formatNumber;
     json["program"] = "corvane";
     json["version"] = VersionText();
+    return json;
+}
+
+void AddSections(Json& sections, const Report& report) {
+    for (const ReportSection& section : report.Sections())
+        AddOnce(sections, section.id, SectionJson(section), "sections");
+}
+
+std::string Text(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+} // namespace
+
+std::string JsonReport(const JsonRun& run) {
+    Json json = NewDocument();
 
     const std::string& path = run.session.CurrentDatasetName;
     Json& dataset = json["dataset"];
@@ -132,14 +147,31 @@ std::string JsonReport(const JsonRun& run) {
     json["messages"] = run.messages;
 
     Json& sections = json["sections"] = Json::object();
-    const auto addSections = [&](const Report& report) {
-        for (const ReportSection& section : report.Sections())
-            AddOnce(sections, section.id, SectionJson(section), "sections");
-    };
-    addSections(run.result.report);
+    AddSections(sections, run.result.report);
     for (const RunWindow& window : run.result.windows)
-        addSections(window.content);
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+        AddSections(sections, window.content);
+    return Text(json);
+}
+
+std::string JsonReport(const JsonComparison& comparison) {
+    Json json = NewDocument();
+    Json& compared = json["comparison"];
+    compared["file"] = comparison.file.empty() ? Json() : Json(comparison.file);
+    compared["rows"] = comparison.result.rows;
+    Json& models = compared["models"] = Json::array();
+    for (const ComparisonEntry& model : comparison.result.models)
+        models.push_back({{"ordinal", models.size() + 1}, {"tag", model.tag}, {"path", model.path}});
+
+    const ReportColumns& columns = comparison.result.columns;
+    json["settings"] = {{"long", columns.Long},
+                        {"short", columns.Short},
+                        {"statistics", columns.Statistics},
+                        {"probability", columns.Probability},
+                        {"correlations", columns.Correlations},
+                        {"references", comparison.references}};
+    json["messages"] = comparison.messages;
+    AddSections(json["sections"] = Json::object(), comparison.result.report);
+    return Text(json);
 }
 
 } // namespace corvane
