@@ -10,6 +10,7 @@
 #include "evaluation/report_header.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace corvane {
@@ -27,7 +28,8 @@ std::int16_t Count(const char* name, const std::string& text) {
     const auto number = ReadNumber(text);
     const auto count = number ? ToInteger16(*number) : std::nullopt;
     if (!count)
-        throw RunFailure(std::string(name) + " is " + QuotedForMessage(text) + ", not a whole number");
+        throw RunFailure(std::string(name) + " is " + QuotedForMessage(text) + ", not a whole number up to " +
+                         std::to_string(INT16_MAX));
     return *count;
 }
 
