@@ -6,6 +6,7 @@
 #include "cli/plot_command.h"
 #include "cli/switch_run.h"
 #include "core/format/code_page.h"
+#include "core/format/numbers.h"
 #include "core/format/text_lists.h"
 #include "core/version.h"
 
@@ -64,10 +65,12 @@ void AddCompare(CLI::App& program, CompareRequest& request) {
         ->add_option("--select", request.select,
                      "Compare only these files, by their positions in the list; otherwise those that the "
                      "comparison file has ticked, or all")
-        ->type_name("1,3,...")
+        ->type_name("P,P...")
         ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(CLI::PositiveNumber);
+        ->check([](const std::string& text) {
+            return LeadingNumber(text) >= 1 ? std::string() : "a position is 1 or more, not '" + text + "'";
+        });
     compare->add_option("--long", request.longDigits, "Width of the wide columns, 10 to 20; at first 12")
         ->type_name("N");
     compare->add_option("--short", request.shortDigits, "Width of the narrow columns, 6 or more; at first 9")
@@ -79,7 +82,7 @@ void AddCompare(CLI::App& program, CompareRequest& request) {
         ->type_name("S,P,C")
         ->check([](const std::string& text) {
             return ReadDecimals(text) ? std::string()
-                                      : "--decimals needs three whole numbers, S,P,C, not '" + text + "'";
+                                      : "it needs three whole numbers, S,P,C, not '" + text + "'";
         });
     compare->add_flag("--references", request.references, "End the report with its literature");
     AddOutputs(*compare, request.outFolder, request.jsonFile);
