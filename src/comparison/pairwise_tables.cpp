@@ -101,6 +101,7 @@ std::vector<Sample> Samples(const ComparisonData& data, std::size_t rows, Value&
 
 std::vector<stats::CentredSample> CentredSamples(const std::vector<Sample>& samples) {
     std::vector<stats::CentredSample> centred;
+    centred.reserve(samples.size());
     for (const Sample& sample : samples)
         centred.push_back(stats::Centre(sample));
     return centred;
@@ -117,6 +118,7 @@ void WriteCorrelations(Report& report, const ComparisonData& data, std::size_t n
         Samples(data, n, [&](std::size_t model, std::size_t row) { return data.Predicted(model, row); });
     const std::vector<stats::CentredSample> centred = CentredSamples(predictions);
     std::vector<stats::MeanVarianceResult> moments;
+    moments.reserve(predictions.size());
     for (const Sample& sample : predictions)
         moments.push_back(stats::MeanVariance(sample));
 
@@ -208,12 +210,12 @@ ReportLine LikelihoodSentence(const PairTable& table, std::size_t i, std::size_t
     const auto ordinal = [&](bool row, const char* name) {
         return F(2, 0, static_cast<double>((row ? i : j) + 1)).Named(table.Name(name, i, j));
     };
-    if (rowFavoured && P == 0)
+    const bool hasRatio = rowFavoured || P != 1;
+    const double ratio = !hasRatio ? 0 : rowFavoured ? (1 - P) / P : P / (1 - P);
+    if (!std::isfinite(ratio))
         throw RunFailure("the AICc' of models " + std::to_string(i + 1) + " and " + std::to_string(j + 1) +
                          " differ by " + NumberText(D) +
-                         ", and the probability of the latter is too small to be divided by");
-    const bool hasRatio = rowFavoured || P != 1;
-    const double ratio = !hasRatio ? 0 : rowFavoured ? Divide(1 - P, P) : Divide(P, 1 - P);
+                         ", and the latter's probability is too small to divide by");
 
     ReportLine line;
     line.pieces.emplace_back(".Model ");
