@@ -8,6 +8,8 @@
 
 #include <nlohmann/json.hpp>
 #include <stdexcept>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 namespace corvane {
@@ -18,10 +20,8 @@ using Json = nlohmann::ordered_json;
 /// Raised when a reader of the last format would misread the new one.
 constexpr int formatNumber = 1;
 
-void AddOnce(Json& object, const std::string& key, Json value, const std::string& where) {
-    if (object.contains(key))
-        throw std::logic_error("the name '" + key + "' occurs twice in the report's " + where);
-    object[key] = std::move(value);
+std::logic_error OccursTwice(const std::string& name, const std::string& where) {
+    return std::logic_error("the name '" + name + "' occurs twice in the report's " + where);
 }
 
 Json OptionJson(const OptionValue& value) {
@@ -65,6 +65,7 @@ Json TableJson(const ReportTable& table) {
 
 Json SectionJson(const ReportSection& section) {
     Json tables = Json::array();
+    std::unordered_set<std::string_view> names;
     Json values = Json::object(), notShown = Json::array(), failures = Json::array(), lines = Json::array();
     const auto addField = [&](const ReportField& shown) {
         if (shown.name.empty()) {
@@ -73,7 +74,10 @@ Json SectionJson(const ReportSection& section) {
                 throw std::logic_error("a number of the report's section '" + section.id + "' has no name");
             return;
         }
-        AddOnce(values, shown.name, ValueJson(shown.field.value), "section '" + section.id + "'");
+        // A look through the object for each of a hundred thousand names would take minutes.
+        if (!names.insert(shown.name).second)
+            throw OccursTwice(shown.name, "section '" + section.id + "'");
+        values.get_ref<Json::object_t&>().emplace_back(shown.name, ValueJson(shown.field.value));
         if (NotShown(shown))
             notShown.push_back(shown.name);
     };
@@ -111,13 +115,31 @@ Json SectionJson(const ReportSection& section) {
     return json;
 }
 
-} // namespace
-
-std::string JsonReport(const JsonRun& run) {
+/// What every document begins with.
+Json NewDocument() {
     Json json;
     json["format"] = formatNumber;
     json["program"] = "corvane";
     json["version"] = VersionText();
+    return json;
+}
+
+void AddSections(Json& sections, const Report& report) {
+    for (const ReportSection& section : report.Sections()) {
+        if (sections.contains(section.id))
+            throw OccursTwice(section.id, "sections");
+        sections[section.id] = SectionJson(section);
+    }
+}
+
+std::string Text(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+} // namespace
+
+std::string JsonReport(const JsonRun& run) {
+    Json json = NewDocument();
 
     const std::string& path = run.session.CurrentDatasetName;
     Json& dataset = json["dataset"];
@@ -132,14 +154,31 @@ std::string JsonReport(const JsonRun& run) {
     json["messages"] = run.messages;
 
     Json& sections = json["sections"] = Json::object();
-    const auto addSections = [&](const Report& report) {
-        for (const ReportSection& section : report.Sections())
-            AddOnce(sections, section.id, SectionJson(section), "sections");
-    };
-    addSections(run.result.report);
+    AddSections(sections, run.result.report);
     for (const RunWindow& window : run.result.windows)
-        addSections(window.content);
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+        AddSections(sections, window.content);
+    return Text(json);
+}
+
+std::string JsonReport(const JsonComparison& comparison) {
+    Json json = NewDocument();
+    Json& compared = json["comparison"];
+    compared["file"] = comparison.file.empty() ? Json() : Json(comparison.file);
+    compared["rows"] = comparison.result.rows;
+    Json& models = compared["models"] = Json::array();
+    for (const ComparisonEntry& model : comparison.result.models)
+        models.push_back({{"ordinal", models.size() + 1}, {"tag", model.tag}, {"path", model.path}});
+
+    const ReportColumns& columns = comparison.result.columns;
+    json["settings"] = {{"long", columns.Long},
+                        {"short", columns.Short},
+                        {"statistics", columns.Statistics},
+                        {"probability", columns.Probability},
+                        {"correlations", columns.Correlations},
+                        {"references", comparison.references}};
+    json["messages"] = comparison.messages;
+    AddSections(json["sections"] = Json::object(), comparison.result.report);
+    return Text(json);
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comparison/comparison_report.h"
 #include "core/dataset.h"
 #include "core/session_state.h"
 #include "evaluation/calculate.h"
@@ -23,5 +24,16 @@ struct JsonRun {
 /// U+FFFD. A number without a name, or a name or section id that occurs twice, is a programming error:
 /// std::logic_error.
 std::string JsonReport(const JsonRun& run);
+
+/// A finished comparison and what its JSON tells of it beside the report.
+struct JsonComparison {
+    const ComparisonResult& result;
+    bool references = false;           ///< Whether they were asked for.
+    std::string file;                  ///< The comparison file as the user gave it; empty: none.
+    std::vector<std::string> messages; ///< What the comparison told the user, in order.
+};
+
+/// The comparison as a JSON document, by the same rules.
+std::string JsonReport(const JsonComparison& comparison);
 
 } // namespace corvane

@@ -75,10 +75,7 @@ bool Session::Dispatch(std::string_view commandLine) {
         CalculateAction();
     }
     if (NamesAFile(batch.BatchCompareFile))
-        services.dialogs.ShowMessage(
-            MessageStyle::Information,
-            batch.BatchCompareFile + ": a comparison needs its window; for its report: corvane compare FILE",
-            "");
+        comparison.Open(batch.BatchCompareFile, services.files);
     batch.BatchRun = false;
     return line.quit;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/results_window.h"
+#include "comparison/comparison_list.h"
 #include "core/dataset.h"
 #include "core/session_state.h"
 #include "evaluation/calculate.h"
@@ -72,6 +73,8 @@ public:
     const std::vector<ChartRequest>& Plots() const { return plots; }
     const Dataset& CurrentDataset() const { return dataset; }
     const BatchState& Batch() const { return batch; }
+    /// The list of the comparison's window.
+    ComparisonList& Comparison() { return comparison; }
 
 private:
     void ActInBatch(ResultsWindow& window);
@@ -83,6 +86,7 @@ private:
     BatchState batch;
     std::list<ResultsWindow> windows;
     std::vector<ChartRequest> plots;
+    ComparisonList comparison;
 };
 
 } // namespace corvane

@@ -9,7 +9,6 @@
 #include "evaluation/calculate.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
-#include "platform/native/terminal.h"
 #include "plots/create_chart.h"
 
 #include <filesystem>
@@ -20,21 +19,6 @@
 
 namespace corvane {
 namespace {
-
-constexpr const char* standardOutput = "-";
-
-/// Messages on standard error that are kept besides, for the JSON.
-class KeptMessages : public TerminalDialogs {
-public:
-    using TerminalDialogs::TerminalDialogs;
-
-    void ShowMessage(MessageStyle style, const std::string& text, const std::string& title) override {
-        texts.push_back(text);
-        TerminalDialogs::ShowMessage(style, text, title);
-    }
-
-    std::vector<std::string> texts;
-};
 
 /// A run's own message is already on standard error; what it keeps silent about, the command line says.
 ExitCode FailedRun(const RunResult& result, const std::string& data) {
@@ -68,12 +52,12 @@ ExitCode RunCalc(const CalcRequest& request) {
     SessionState session;
     const auto clock = ReportClock();
     if (!clock)
-        return Fail("SOURCE_DATE_EPOCH is no count of seconds since 1970");
+        return Fail(WrongEpochMessage);
 
     std::error_code error;
     if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
         return Fail(fault);
-    if (request.jsonFile != standardOutput &&
+    if (request.jsonFile != StandardOutput &&
         std::filesystem::equivalent(request.data, request.jsonFile, error))
         return Fail("--json " + request.jsonFile + " would replace the dataset");
     if (request.all)
@@ -87,33 +71,22 @@ ExitCode RunCalc(const CalcRequest& request) {
     FixedSeed userSeed(request.seed.value_or(0));
     Random& random = request.seed ? static_cast<Random&>(userSeed) : clockSeeds;
     if (!request.outFolder.empty()) { // before the run, since a residue file goes there
-        std::filesystem::create_directories(request.outFolder, error);
-        if (error)
-            return Fail(request.outFolder + ": " + error.message());
+        if (const std::string fault = MakeFolder(request.outFolder); !fault.empty())
+            return Fail(fault);
     }
     const RunResult result =
         Calculate(dataset, session, {dialogs, feedback, *clock, random, files, request.outFolder});
     if (result.end != RunEnd::Finished)
         return FailedRun(result, request.data);
-    for (const std::string& warning : result.warnings) {
-        std::cerr << "corvane: warning: " << request.data << ": " << warning << '\n';
-        dialogs.texts.push_back(warning);
-    }
+    for (const std::string& warning : result.warnings)
+        dialogs.Warn(request.data, warning);
 
     if (!request.outFolder.empty())
         if (const FileResult saved = SaveAll(request.outFolder, result, files); !saved.done)
             return Fail(saved.reason);
-    if (!request.jsonFile.empty()) {
-        const std::string json = JsonReport({dataset, session, result, request.data, dialogs.texts});
-        if (request.jsonFile == standardOutput)
-            std::cout << json;
-        else if (const FileResult written = files.Replace(request.jsonFile, json); !written.done)
-            return Fail(request.jsonFile + ": " + written.reason);
-    }
-    if (request.jsonFile != standardOutput)
-        result.report.Write([](std::string_view part) { std::cout << part; }, "\n");
-    std::cout << std::flush;
-    return std::cout ? ExitDone : Fail("the report could not be written to standard output");
+    const std::string json =
+        request.jsonFile.empty() ? "" : JsonReport({dataset, session, result, request.data, dialogs.texts});
+    return PrintReport(result.report, request.jsonFile, json, files);
 }
 
 } // namespace corvane

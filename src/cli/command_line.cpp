@@ -2,6 +2,7 @@
 
 #include "cli/calc_command.h"
 #include "cli/chart_files.h"
+#include "cli/compare_command.h"
 #include "cli/generate_command.h"
 #include "cli/plot_command.h"
 #include "cli/switch_run.h"
@@ -28,6 +29,17 @@ std::string CheckNotEmpty(const std::string& text) {
     return text.empty() ? "the name is empty" : "";
 }
 
+void AddOutputs(CLI::App& command, std::string& outFolder, std::string& jsonFile) {
+    command.add_option("--out", outFolder, "Save every window that the run opens as a file in this folder")
+        ->type_name("DIR")
+        ->check(CheckNotEmpty);
+    command
+        .add_option("--json", jsonFile,
+                    "Write the report as JSON into this file; \"-\": to standard output instead of the text")
+        ->type_name("FILE")
+        ->check(CheckNotEmpty);
+}
+
 void AddCalc(CLI::App& program, CalcRequest& request) {
     CLI::App* calc = program.add_subcommand("calc", "Evaluate a dataset and print the report");
     calc->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
@@ -40,14 +52,41 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
     calc->add_flag("--all", request.all, "Tick every report section and plot (before --set)");
     calc->add_option("--seed", request.seed, "Seed of the bootstrap; the same seed gives the same report")
         ->type_name("N");
-    calc->add_option("--out", request.outFolder,
-                     "Save every window that the run opens as a file in this folder")
-        ->type_name("DIR")
+    AddOutputs(*calc, request.outFolder, request.jsonFile);
+}
+
+void AddCompare(CLI::App& program, CompareRequest& request) {
+    CLI::App* compare =
+        program.add_subcommand("compare", "Compare models that predict the same observations");
+    compare
+        ->add_option("FILES", request.files, "A comparison file (.KOC), or dataset files (.KOV), one a model")
+        ->required()
         ->check(CheckNotEmpty);
-    calc->add_option("--json", request.jsonFile,
-                     "Write the report as JSON into this file; \"-\": to standard output instead of the text")
-        ->type_name("FILE")
-        ->check(CheckNotEmpty);
+    compare
+        ->add_option("--select", request.select,
+                     "Compare only these files, by their positions in the list; otherwise those that the "
+                     "comparison file has ticked, or all")
+        ->type_name("P,P...")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check([](const std::string& text) {
+            return LeadingNumber(text) >= 1 ? std::string() : "a position is 1 or more, not '" + text + "'";
+        });
+    compare->add_option("--long", request.longDigits, "Width of the wide columns, 10 to 20; at first 12")
+        ->type_name("N");
+    compare->add_option("--short", request.shortDigits, "Width of the narrow columns, 6 or more; at first 9")
+        ->type_name("N");
+    compare
+        ->add_option_function<std::string>(
+            "--decimals", [&request](const std::string& text) { request.decimals = ReadDecimals(text); },
+            "Decimals of statistics, probabilities and correlations; at first 4,3,2")
+        ->type_name("S,P,C")
+        ->check([](const std::string& text) {
+            return ReadDecimals(text) ? std::string()
+                                      : "it needs three whole numbers, S,P,C, not '" + text + "'";
+        });
+    compare->add_flag("--references", request.references, "End the report with its literature");
+    AddOutputs(*compare, request.outFolder, request.jsonFile);
 }
 
 void AddPlot(CLI::App& program, PlotCommandRequest& request) {
@@ -123,14 +162,19 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     program.add_option("FILE", file, "A dataset to open in the window");
     CalcRequest calc;
     AddCalc(program, calc);
+    CompareRequest compare;
+    AddCompare(program, compare);
     PlotCommandRequest plot;
     AddPlot(program, plot);
     GenerateRequest generate;
     AddGenerate(program, generate);
 
     const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
-    const bool subcommand = !words.empty() && (words[0] == "calc" || words[0] == "plot" ||
-                                               words[0] == "generate" || words[0].starts_with('-'));
+    const auto named = [&](const CLI::App* command) {
+        return !words.empty() && command->get_name() == words[0];
+    };
+    const bool subcommand =
+        !words.empty() && (words[0].starts_with('-') || !program.get_subcommands(named).empty());
     if (!subcommand && IsSwitchLine(words))
         return RunSwitchLine(words);
     for (const std::string& word : words)
@@ -147,6 +191,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     }
     if (program.got_subcommand("calc"))
         return RunCalc(calc);
+    if (program.got_subcommand("compare"))
+        return RunCompare(compare);
     if (program.got_subcommand("plot"))
         return RunPlot(plot);
     if (program.got_subcommand("generate"))

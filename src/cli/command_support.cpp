@@ -10,6 +10,16 @@
 
 namespace corvane {
 
+void KeptMessages::ShowMessage(MessageStyle style, const std::string& text, const std::string& title) {
+    texts.push_back(text);
+    TerminalDialogs::ShowMessage(style, text, title);
+}
+
+void KeptMessages::Warn(const std::string& file, const std::string& warning) {
+    std::cerr << "corvane: warning: " << file << (file.empty() ? "" : ": ") << warning << '\n';
+    texts.push_back(warning);
+}
+
 ExitCode Fail(const std::string& what) {
     std::cerr << "corvane: " << what << '\n';
     return ExitFailed;
@@ -37,6 +47,26 @@ std::string ApplyAssignments(const std::vector<std::string>& assignments, Datase
         if (const auto wrong = AssignOption(dataset, session, assignment))
             return "--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong;
     return {};
+}
+
+std::string MakeFolder(const std::string& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    return error ? folder + ": " + error.message() : "";
+}
+
+ExitCode PrintReport(const Report& report, const std::string& jsonFile, const std::string& json,
+                     FileStore& files) {
+    if (jsonFile == StandardOutput) {
+        std::cout << json;
+    } else {
+        if (!jsonFile.empty())
+            if (const FileResult written = files.Replace(jsonFile, json); !written.done)
+                return Fail(jsonFile + ": " + written.reason);
+        report.Write([](std::string_view part) { std::cout << part; }, "\n");
+    }
+    std::cout << std::flush;
+    return std::cout ? ExitDone : Fail("the report could not be written to standard output");
 }
 
 } // namespace corvane

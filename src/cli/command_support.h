@@ -2,13 +2,31 @@
 
 #include "cli/exit_codes.h"
 #include "core/dataset.h"
+#include "core/report.h"
 #include "core/session_state.h"
 #include "platform/file_store.h"
+#include "platform/native/terminal.h"
 
 #include <string>
 #include <vector>
 
 namespace corvane {
+
+/// In the place of a file's name: standard output.
+inline constexpr const char* StandardOutput = "-";
+
+/// Messages on standard error that are kept besides, for the JSON.
+class KeptMessages : public TerminalDialogs {
+public:
+    using TerminalDialogs::TerminalDialogs;
+
+    void ShowMessage(MessageStyle style, const std::string& text, const std::string& title) override;
+
+    /// Writes "corvane: warning: " and the warning, of a file where one is given.
+    void Warn(const std::string& file, const std::string& warning);
+
+    std::vector<std::string> texts;
+};
 
 /// Writes "corvane: " and the text on standard error.
 ExitCode Fail(const std::string& what);
@@ -19,5 +37,13 @@ std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState&
 /// Applies "KEY=VALUE" texts from left to right. Returns the first fault, or "".
 std::string ApplyAssignments(const std::vector<std::string>& assignments, Dataset& dataset,
                              SessionState& session);
+
+/// Makes the folder of --out, and those above it. Returns why it cannot be made, or "".
+std::string MakeFolder(const std::string& folder);
+
+/// Writes the JSON, if there is one, to its file, and the report to standard output, where the JSON takes its
+/// place if its file is "-".
+ExitCode PrintReport(const Report& report, const std::string& jsonFile, const std::string& json,
+                     FileStore& files);
 
 } // namespace corvane

@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+inline constexpr const char* WrongEpochMessage = "SOURCE_DATE_EPOCH is no count of seconds since 1970";
+
 /// The clock of the report's header: it stands at SOURCE_DATE_EPOCH where that is set. Nothing where that is
 /// no count of seconds since 1970 up to the year 9999.
 std::optional<SystemClock> ReportClock();

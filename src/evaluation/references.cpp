@@ -1,5 +1,8 @@
 #include "evaluation/references.h"
 
+#include <stdexcept>
+#include <string>
+
 namespace corvane {
 namespace {
 
@@ -94,6 +97,13 @@ constexpr Reference references[] = {
 };
 
 } // namespace
+
+const char* FindReference(std::string_view beginning) {
+    for (const Reference& reference : references)
+        if (std::string_view(reference.text).starts_with(beginning))
+            return reference.text;
+    throw std::logic_error("no reference begins with " + std::string(beginning));
+}
 
 void WriteReferences(RunState& run) {
     ReportSection& section = run.report.BeginSection("references", "REFERENCES");

@@ -21,8 +21,12 @@ std::string HeaderLine(std::string_view fileName, const ClockTime& time) {
             .append("]")
             .append(side, ' ');
     }
+    return line + TimeText(time);
+}
+
+std::string TimeText(const ClockTime& time) {
     const CalendarTime date{time.year, time.month, time.day, time.hour, time.minute, time.second};
-    return line + FormatPicture(date, "dd-mmm-yyyy hh:mm:ss");
+    return FormatPicture(date, "dd-mmm-yyyy hh:mm:ss");
 }
 
 void WriteReportHeader(RunState& run, const ClockTime& time) {

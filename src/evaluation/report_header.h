@@ -14,6 +14,9 @@ namespace corvane {
 /// name gives "[UNTITLED]".
 std::string HeaderLine(std::string_view fileName, const ClockTime& time);
 
+/// A moment as headers show it, "09-Mar-2026 07:05:04".
+std::string TimeText(const ClockTime& time);
+
 /// The header line, dots under it, an empty line; then the method lines and one empty line.
 void WriteReportHeader(RunState& run, const ClockTime& time);
 

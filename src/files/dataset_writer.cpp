@@ -5,6 +5,7 @@
 #include "core/grid_operations.h"
 #include "core/option_table.h"
 #include "core/version.h"
+#include "files/record_text.h"
 
 namespace corvane {
 namespace {
@@ -16,14 +17,8 @@ void AppendCell(std::string& text, const CellView& cell) {
         text += NumberText(*number);
         return;
     }
-    text += '"';
-    if (const auto* words = std::get_if<std::string_view>(&cell))
-        for (const char c : *words) {
-            if (c == '"')
-                text += '"';
-            text += c;
-        }
-    text += '"';
+    const auto* words = std::get_if<std::string_view>(&cell);
+    AppendQuoted(text, words ? *words : "");
 }
 
 void AskForEmptyRows(Dataset& dataset, Dialogs& dialogs) {

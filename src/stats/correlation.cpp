@@ -18,19 +18,21 @@ double Adjusted(double unexplained, double n) {
 
 Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y) {
     const Pairs pairs(x, y);
-    const double n = pairs.Count();
-    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
+    return PearsonCorrelation(Centre(pairs.X), Centre(pairs.Y));
+}
+
+Pearson PearsonCorrelation(const CentredSample& x, const CentredSample& y) {
+    const double n = static_cast<double>(x.Deviation.size());
     Pearson result;
-    if (pairs.N < 2)
+    if (n < 2)
         return result;
-    const CentredLine line = LeastSquares(cx, cy);
-    result.r = Correlation(cx, cy, line);
-    const double unexplained =
-        result.r == 0.0 ? 1.0 : std::min(1.0, line.SSE / cy.SumSquares.High); // 1 - r^2
+    const CentredLine line = LeastSquares(x, y);
+    result.r = Correlation(x, y, line);
+    const double unexplained = result.r == 0.0 ? 1.0 : std::min(1.0, line.SSE / y.SumSquares.High); // 1 - r^2
     result.RSquared = Square(result.r);
     result.AdjRSquared = Adjusted(unexplained, n);
     result.T = Ratio(result.r * std::sqrt(n - 2.0), std::sqrt(unexplained));
-    if (pairs.N > 2 && result.T != 0.0)
+    if (n > 2 && result.T != 0.0)
         result.P = std::fabs(result.T) == Largest ? 0.0 : TailT(result.T, n - 2.0);
     return result;
 }

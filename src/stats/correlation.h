@@ -4,6 +4,8 @@
 
 namespace corvane::stats {
 
+struct CentredSample;
+
 struct Pearson {
     double r = 0.0;
     double T = 0.0; ///< of H0: r = 0, N - 2 degrees of freedom
@@ -17,6 +19,10 @@ struct Pearson {
 /// Points exactly on a line: |r| = 1, T saturated, P = 0. A constant sample: r = T = 0, P = 1.
 /// N = 2: T = 0, P = 1; N < 2: r = 0.
 Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y);
+
+/// The same of samples of one length that were centred before, for a caller that correlates each of many with
+/// every other.
+Pearson PearsonCorrelation(const CentredSample& x, const CentredSample& y);
 
 struct ResistantFit {
     double ResistantR2 = 0.0;

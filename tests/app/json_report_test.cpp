@@ -89,10 +89,10 @@ void ExpectShownValue(const ReportField& shown, double value) {
 }
 
 /// Every field is in the JSON under a name of its own, as the very double; the lines make up the report.
-void ExpectSameAsReport(const FullRun& run) {
+void ExpectSameAsReport(const Json& document, const Report& report) {
     std::string text;
-    for (const ReportSection& section : run.result.report.Sections()) {
-        const Json& json = run.Section(section.id.c_str());
+    for (const ReportSection& section : report.Sections()) {
+        const Json& json = document.at("sections").at(section.id);
         const Strings notShown = json.at("not_shown");
         std::size_t fields = 0;
         for (const ReportLine& line : section.lines)
@@ -127,15 +127,49 @@ void ExpectSameAsReport(const FullRun& run) {
         if (!section.lines.empty() && !section.lines.back().closed)
             text.pop_back();
     }
-    EXPECT_EQ(text, WithLineFeeds(run.result.report.Text()));
+    EXPECT_EQ(text, WithLineFeeds(report.Text()));
 }
 
 TEST(JsonReport, HoldsEveryNumberOfAFullRunUnderItsName) {
     for (const FullRun& run : {Example("mtcars.KOV"), Example("pearson.KOV"), Example("cars.KOV"),
                                ExactLine(), PerfectDisagreement()}) {
         EXPECT_EQ(SchemaErrors(run.json), Strings{});
-        ExpectSameAsReport(run);
+        ExpectSameAsReport(run.json, run.result.report);
     }
+}
+
+TEST(JsonReport, HoldsEveryNumberOfAComparison) {
+    testing::MemoryFiles files;
+    const auto file = [](const char* X) {
+        std::string text = "4,0,0\nN=6\nDATA:\n";
+        for (int row = 0; row < 6; ++row)
+            text += X[row] + std::string(",,") + "131547"[row] + ",,,,\n";
+        return text;
+    };
+    ComparisonList list;
+    const Strings paths{"/d/a.KOV", "/d/b.KOV", "/d/c.KOV"};
+    list.Add(paths);
+    for (std::size_t row = 0; row < paths.size(); ++row) {
+        files.files[paths[row]] = file(row == 2 ? "261427" : "132526");
+        list.Select(row, true);
+    }
+    list.settings.DecimalsProbability = "9"; // too many for the narrow cells
+    testing::RunFakes fakes;
+    const ComparisonResult result =
+        CompareModels(list, true, {fakes.dialogs, fakes.feedback, fakes.clock, files});
+    ASSERT_TRUE(result.finished) << result.fault;
+    const Json json = Json::parse(JsonReport({result, true, "l.KOC", {"a message"}}));
+    EXPECT_EQ(SchemaErrors(json), Strings{});
+    ExpectSameAsReport(json, result.report);
+    EXPECT_EQ(json.at("comparison").at("models").at(1).dump(),
+              R"({"ordinal":2,"tag":"2","path":"/d/b.KOV"})");
+    EXPECT_EQ(json.at("sections").at("correlations").at("not_shown").size(), 6U);
+    EXPECT_EQ(json.at("settings").at("probability"), 9);
+    for (const char* change :
+         {R"({"op": "remove", "path": "/settings"})", R"({"op": "remove", "path": "/sections/adequacy"})",
+          R"({"op": "add", "path": "/options", "value": {"LSM": true}})",
+          R"({"op": "replace", "path": "/comparison/models/0/ordinal", "value": "1"})"})
+        EXPECT_NE(SchemaErrors(json.patch(Json::array({Json::parse(change)}))), Strings{}) << change;
 }
 
 TEST(JsonReport, TellsNotShownFromFailedAndKeepsTheSizeOfATail) {

@@ -168,9 +168,19 @@ TEST_F(SessionRun, SomeMessagesAreShown) {
     EXPECT_EQ(dialogs.messages.back(), "Source: Print\r\nDescription: no spooler\r\nCode: 1");
     Dispatch(R"(/F"$\old.KOV")"); // leaves no name over an empty dataset
     EXPECT_EQ(session.Caption(), "Corvane v. 4.0.0");
-    Dispatch(R"(/F /C"$\d.KOV")"); // a bare /F takes the file back
-    EXPECT_EQ(session.Windows().size(), 2U);
-    EXPECT_NE(dialogs.messages.back().find("corvane compare"), std::string::npos);
+}
+
+TEST_F(SessionRun, ACompareSwitchFillsTheListAndComputesNothing) {
+    WriteBytes(folder / "l.KOC",
+               "\"<Options>\"\n\"15\"\n\"</Options>\"\n#TRUE#,\"" + (folder / "d.KOV") + "\"\n");
+    Dispatch(R"(/F"$\d.KOV")");
+    Dispatch(R"(/F /C"$\l.KOC" /S /X)"); // a bare /F takes the file back
+    EXPECT_EQ(session.Windows().size(), 1U);
+    EXPECT_EQ(session.Comparison().ListCaption(), "File names (1 files)");
+    EXPECT_TRUE(session.Comparison().Rows().front().selected);
+    EXPECT_EQ(session.Comparison().settings.DigitsLong, "15");
+    Dispatch(R"(/F /C"$\d.KOV")"); // no comparison file
+    EXPECT_EQ(dialogs.messages, Strings{});
 }
 
 TEST_F(SessionRun, UserSettingsComeBeforeTheFile) {

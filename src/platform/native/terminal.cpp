@@ -1,5 +1,6 @@
 #include "platform/native/terminal.h"
 
+#include <algorithm>
 #include <iostream>
 #include <unistd.h>
 
@@ -9,7 +10,7 @@ void TerminalDialogs::ShowMessage(MessageStyle, const std::string& text, const s
     TerminalFeedback().HideProgress();
     std::string line = text;
     for (std::size_t at = 0; (at = line.find("\r\n", at)) != std::string::npos;)
-        line.replace(at, 2, "; ");
+        line.replace(at, std::min(line.find_first_not_of("\r\n", at), line.size()) - at, "; ");
     std::cerr << prefix << (title.empty() ? "" : title + ": ") << line << '\n';
 }
 
