@@ -53,7 +53,9 @@ ExitCode RunCalc(const CalcRequest& request) {
         return Fail("SOURCE_DATE_EPOCH is no count of seconds since 1970");
 
     std::error_code error;
-    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+    std::vector<std::string> messages;
+    if (const std::string fault = OpenDataset(request.data, dataset, session, files, &messages);
+        !fault.empty())
         return Fail(fault);
     if (request.jsonFile != standardOutput &&
         std::filesystem::equivalent(request.data, request.jsonFile, error))
@@ -64,6 +66,7 @@ ExitCode RunCalc(const CalcRequest& request) {
         return Fail(fault);
 
     KeptMessages dialogs("corvane: " + request.data + ": ");
+    dialogs.texts = std::move(messages);
     TerminalFeedback feedback;
     ClockSeeds clockSeeds;
     FixedSeed userSeed(request.seed.value_or(0));
@@ -78,7 +81,7 @@ ExitCode RunCalc(const CalcRequest& request) {
     if (result.end != RunEnd::Finished)
         return FailedRun(result, request.data);
     for (const std::string& warning : result.warnings) {
-        std::cerr << "corvane: warning: " << request.data << ": " << warning << '\n';
+        Warn(request.data + ": " + warning);
         dialogs.texts.push_back(warning);
     }
 

@@ -4,6 +4,7 @@
 #include "cli/chart_files.h"
 #include "cli/plot_command.h"
 #include "cli/switch_run.h"
+#include "cli/table_commands.h"
 #include "core/format/code_page.h"
 #include "core/format/text_lists.h"
 #include "core/version.h"
@@ -11,6 +12,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -28,7 +30,7 @@ std::string CheckNotEmpty(const std::string& text) {
 
 void AddCalc(CLI::App& program, CalcRequest& request) {
     CLI::App* calc = program.add_subcommand("calc", "Evaluate a dataset and print the report");
-    calc->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
+    calc->add_option("DATA", request.data, "The dataset file (.KOV) or a table (.csv)")->required();
     calc->add_option(
             "--set", request.assignments,
             "Set an option of the dataset, by its key in the file; also SwapXY, InvertXRanks, InvertYRanks")
@@ -50,7 +52,7 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
 
 void AddPlot(CLI::App& program, PlotCommandRequest& request) {
     CLI::App* plot = program.add_subcommand("plot", "Paint a plot of a dataset into a picture file");
-    plot->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
+    plot->add_option("DATA", request.data, "The dataset file (.KOV) or a table (.csv)")->required();
     plot->add_option("KIND", request.kind, "scatter, ranks or histogram")
         ->required()
         ->check(CLI::IsMember({"scatter", "ranks", "histogram"}));
@@ -77,6 +79,54 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
     plot->add_flag("--no-legend", request.noLegend, "Leave the legend out");
 }
 
+/// -o with a name that ends so (in any case), and --force.
+void AddOutput(CLI::App& command, std::string& file, bool& force, const std::string& ending) {
+    command.add_option("-o,--output", file, "The file to write (" + ending + ")")
+        ->type_name("FILE")
+        ->required()
+        ->check([ending](const std::string& path) {
+            const bool fits = path.size() > ending.size() &&
+                              EqualInAnyCase(path.substr(path.size() - ending.size()), ending);
+            return fits ? std::string() : "'" + path + "' does not end in " + ending;
+        });
+    command.add_flag("--force", force, "Replace the file if it exists");
+}
+
+void AddImport(CLI::App& program, ImportRequest& request) {
+    CLI::App* import = program.add_subcommand("import", "Make a dataset file of a table (docs/csv.md)");
+    CsvOptions& options = request.options;
+    import->add_option("FILE", request.table, "The table: columns parted by comma, semicolon or tab")
+        ->required();
+    for (const auto& [name, column] : {std::pair{"x", ColumnX},
+                                       {"y", ColumnY},
+                                       {"sdx", ColumnSDX},
+                                       {"sdy", ColumnSDY},
+                                       {"exclude", ColumnExclude}})
+        import
+            ->add_option(std::string("--") + name, options.columns[column],
+                         "Column of " + std::string(DatasetColumnName(column)) + ", by its name or number")
+            ->type_name("COL")
+            ->check(CheckNotEmpty);
+    import->add_option_function<std::string>("--decimal", [&](const std::string& mark) { options.decimal = mark[0];
+}, "Which mark is decimal: , or .")
+        ->check(CLI::IsMember({",", "."}));
+    import->add_option_function<std::string>("--separator", [&](const std::string& mark) { options.separator = mark == "tab" ? '\t' : mark[0];
+    } // namespace
+, "What parts the columns: , ; or tab")
+        ->check(CLI::IsMember({",", ";", "tab"}));
+    import->add_option_function<std::string>("--header", [&](const std::string& answer) { options.header = answer == "yes";
+    } // namespace corvane
+, "Whether the first line holds names: yes or no")
+        ->check(CLI::IsMember({"yes", "no"}));
+AddOutput(*import, request.outputFile, request.force, ".KOV");
+}
+
+void AddExport(CLI::App& program, ExportRequest& request) {
+    CLI::App* command = program.add_subcommand("export", "Write the cells of a dataset as a table");
+    command->add_option("DATA", request.data, "The dataset file (.KOV) or a table (.csv)")->required();
+    AddOutput(*command, request.outputFile, request.force, ".csv");
+}
+
 } // namespace
 
 ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
@@ -95,10 +145,15 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     AddCalc(program, calc);
     PlotCommandRequest plot;
     AddPlot(program, plot);
+    ImportRequest import;
+    AddImport(program, import);
+    ExportRequest exported;
+    AddExport(program, exported);
 
     const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
-    const bool subcommand =
-        !words.empty() && (words[0] == "calc" || words[0] == "plot" || words[0].starts_with('-'));
+    const auto isFirstWord = [&](const CLI::App* command) { return command->get_name() == words[0]; };
+    const bool subcommand = !words.empty() && (words[0].starts_with('-') ||
+                                               !std::as_const(program).get_subcommands(isFirstWord).empty());
     if (!subcommand && IsSwitchLine(words))
         return RunSwitchLine(words);
     for (const std::string& word : words)
@@ -117,6 +172,10 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
         return RunCalc(calc);
     if (program.got_subcommand("plot"))
         return RunPlot(plot);
+    if (program.got_subcommand("import"))
+        return RunImport(import);
+    if (program.got_subcommand("export"))
+        return RunExport(exported);
     std::cerr << "corvane: this build has no window; to evaluate a file: corvane calc "
               << (file.empty() ? "FILE.KOV" : file) << '\n';
     return ExitFailed;
