@@ -166,7 +166,7 @@ std::vector<CsvRemark> CsvImport::Warnings() {
 }
 
 std::string CsvImport::Summary() const {
-    std::string text = std::to_string(rows) + " rows";
+    std::string text = std::to_string(rows) + (layout.header ? " rows" : " rows, no header");
     for (std::size_t number = 0; number < layout.columns.size(); ++number)
         if (layout.columns[number] != 0)
             text.append("; ")

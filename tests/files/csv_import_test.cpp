@@ -94,6 +94,7 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     ExpectRefused("1,2,3\n4,5,6\n", "which column is X?");
     EXPECT_NE(Import("mpg;wt\n1;2\n3;4\n").outcome.summary.find("X is column 1 'mpg'; Y is column 2 'wt'"),
               std::string::npos);
+    EXPECT_TRUE(Import("1\t2\n3\t4\n").outcome.summary.starts_with("2 rows, no header; X is column 1; Y is"));
     // A first line of both kinds may be either.
     ExpectRefused("site,2019,2020\nA,1,2\nB,3,4\n", "--header yes or --header no");
     CsvOptions numbered;
