@@ -66,6 +66,9 @@ TEST(ImportCsv, TheSameTableInManyForms) {
           "1.5,2.25\n-3,4e2", "name;Y;X\n\"a;\nb \"\"c\"\"\";2,25;1,5\nM\xFCller;4e2;-3\n",
           "1,5;2,25\n-3;4e2\n", "one, two;three\n1,5;2,25\n-3;4e2\n", "x, y\n 1.5,2.25 \n-3,4e2"})
         EXPECT_EQ(Import(text).Rows(), "1.5 2.25|-3 4e2|") << text;
+    // Two separators that part the first line: even records tell, or else numbers.
+    EXPECT_EQ(Import("id, nr;X;Y\nA;1;2\nB;3;4\n").Rows(), "1 2|3 4|");
+    EXPECT_EQ(Import("1,5;2,5\n3,5;4,5\n").Rows(), "1.5 2.5|3.5 4.5|");
 }
 
 TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
