@@ -97,28 +97,26 @@ void AddImport(CLI::App& program, ImportRequest& request) {
     CsvOptions& options = request.options;
     import->add_option("FILE", request.table, "The table: columns parted by comma, semicolon or tab")
         ->required();
-    for (const auto& [name, column] : {std::pair{"x", ColumnX},
-                                       {"y", ColumnY},
-                                       {"sdx", ColumnSDX},
-                                       {"sdy", ColumnSDY},
-                                       {"exclude", ColumnExclude}})
-        import
-            ->add_option(std::string("--") + name, options.columns[column],
-                         "Column of " + std::string(DatasetColumnName(column)) + ", by its name or number")
-            ->type_name("COL")
-            ->check(CheckNotEmpty);
-    import->add_option_function<std::string>("--decimal", [&](const std::string& mark) { options.decimal = mark[0];
-}, "Which mark is decimal: , or .")
+    for (int column = ColumnX; column <= LastColumn; ++column)
+        if (const std::string option(ColumnOption(column)); !option.empty())
+            import
+                ->add_option(option, options.columns[static_cast<std::size_t>(column)],
+                             "Column of " + std::string(DatasetColumnName(column)) +
+                                 ", by its name or number")
+                ->type_name("COL")
+                ->check(CheckNotEmpty);
+    const auto takeDecimal = [&options](const std::string& mark) { options.decimal = mark[0]; };
+    const auto takeSeparator = [&options](const std::string& mark) {
+        options.separator = mark == "tab" ? '\t' : mark[0];
+    };
+    const auto takeHeader = [&options](const std::string& answer) { options.header = answer == "yes"; };
+    import->add_option_function<std::string>("--decimal", takeDecimal, "Which mark is decimal")
         ->check(CLI::IsMember({",", "."}));
-    import->add_option_function<std::string>("--separator", [&](const std::string& mark) { options.separator = mark == "tab" ? '\t' : mark[0];
-    } // namespace
-, "What parts the columns: , ; or tab")
+    import->add_option_function<std::string>("--separator", takeSeparator, "What parts the columns")
         ->check(CLI::IsMember({",", ";", "tab"}));
-    import->add_option_function<std::string>("--header", [&](const std::string& answer) { options.header = answer == "yes";
-    } // namespace corvane
-, "Whether the first line holds names: yes or no")
+    import->add_option_function<std::string>("--header", takeHeader, "Whether the first line holds names")
         ->check(CLI::IsMember({"yes", "no"}));
-AddOutput(*import, request.outputFile, request.force, ".KOV");
+    AddOutput(*import, request.outputFile, request.force, ".KOV");
 }
 
 void AddExport(CLI::App& program, ExportRequest& request) {

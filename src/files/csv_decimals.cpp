@@ -13,7 +13,7 @@ char DecimalEvidence::Decimal() const {
     return said != '.' && First(NumberForm::Comma, NumberForm::CommaOrGroups) ? ',' : '.';
 }
 
-std::optional<CsvRemark> DecimalEvidence::Doubt() const {
+std::optional<CsvRemark> DecimalEvidence::Doubt(char separator) const {
     const Example* const point = First(NumberForm::Point, NumberForm::PointOrGroups);
     const Example* const comma = First(NumberForm::Comma, NumberForm::CommaOrGroups);
     const Example* const groups = First(NumberForm::DigitGroups, NumberForm::DigitGroups);

@@ -11,8 +11,7 @@ namespace corvane {
 /// decimal mark; thousands separators are never taken.
 class DecimalEvidence {
 public:
-    DecimalEvidence(char fieldSeparator, std::optional<char> decimalSaid)
-        : separator(fieldSeparator), said(decimalSaid) {}
+    explicit DecimalEvidence(std::optional<char> decimalSaid) : said(decimalSaid) {}
 
     /// Whether a number of this form has the value that it has with a decimal point in the place of its mark,
     /// provided that `Doubt` finds nothing in the end.
@@ -29,7 +28,7 @@ public:
     /// The mark that the numbers have; a point where none of them has a mark.
     char Decimal() const;
     /// Why the numbers may be read in two ways, or nothing.
-    std::optional<CsvRemark> Doubt() const;
+    std::optional<CsvRemark> Doubt(char separator) const;
 
 private:
     struct Example {
@@ -38,7 +37,6 @@ private:
     };
     const Example* First(NumberForm form, NumberForm other) const;
 
-    char separator;
     std::optional<char> said;
     std::array<std::optional<Example>, static_cast<std::size_t>(NumberForm::DigitGroups) + 1> first;
 };

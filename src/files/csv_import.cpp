@@ -39,7 +39,7 @@ private:
 class CsvImport {
 public:
     CsvImport(std::string_view tableText, const CsvOptions& tableOptions)
-        : table(tableText), options(tableOptions) {}
+        : table(tableText), options(tableOptions), evidence(tableOptions.decimal) {}
 
     std::optional<CsvRemark> Run();
     std::string Summary() const;
@@ -48,14 +48,13 @@ public:
     DataMatrix cells;
 
 private:
-    std::optional<CsvRemark> ReadRecord(CsvReader& reader, DecimalEvidence& evidence);
-    void TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader,
-                  DecimalEvidence& evidence);
+    std::optional<CsvRemark> ReadRecord(CsvReader& reader);
+    void TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader);
 
     std::string_view table;
     const CsvOptions& options;
     CsvLayout layout;
-    char decimal = '.';
+    DecimalEvidence evidence;
     std::int32_t rows = 0;
     std::string converted; ///< Holds a number with a decimal comma.
     Remarks notNumbers, withoutY, shortRows;
@@ -68,7 +67,6 @@ std::optional<CsvRemark> CsvImport::Run() {
         return doubt;
     cells.SetRowCount(mostRows);
     CsvReader reader(table, layout.separator);
-    DecimalEvidence evidence(layout.separator, layout.exported ? '.' : options.decimal);
     if (layout.header)
         for (reader.NextRecord(); !reader.ReadField()->last;) {
         }
@@ -76,19 +74,18 @@ std::optional<CsvRemark> CsvImport::Run() {
         if (rows == mostRows)
             return CsvRemark{reader.Line(), "the table has more rows than can be counted"};
         ++rows;
-        if (auto fault = ReadRecord(reader, evidence))
+        if (auto fault = ReadRecord(reader))
             return CsvRemark{fault->line, fault->text + ShownLine(reader.LineText())};
     }
-    if (auto doubt = evidence.Doubt())
+    if (auto doubt = evidence.Doubt(layout.separator))
         return doubt;
     if (rows < 2)
         return CsvRemark{0, "the table has too few rows: " + std::to_string(rows)};
     cells.SetRowCount(rows);
-    decimal = evidence.Decimal();
     return std::nullopt;
 }
 
-std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader, DecimalEvidence& evidence) {
+std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader) {
     std::size_t number = 0;
     for (bool last = false; !last; ++number) {
         const auto field = reader.ReadField();
@@ -102,7 +99,7 @@ std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader, DecimalEvidenc
                                  " columns of the first; is the " +
                                  std::string(SeparatorName(layout.separator)) + " in it meant otherwise?"};
         if (layout.columns[number] != 0)
-            TakeCell(*field, number, reader, evidence);
+            TakeCell(*field, number, reader);
     }
     if (number < layout.columns.size())
         shortRows.Add(reader.Line(), [&] {
@@ -115,8 +112,7 @@ std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader, DecimalEvidenc
     return std::nullopt;
 }
 
-void CsvImport::TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader,
-                         DecimalEvidence& evidence) {
+void CsvImport::TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader) {
     const int column = layout.columns[number];
     const bool exact = layout.exported && field.quoted;
     const std::string_view text = exact ? field.text : TrimWhiteSpace(field.text);
@@ -176,7 +172,7 @@ std::string CsvImport::Summary() const {
     if (const auto left = std::ranges::count(layout.columns, 0))
         text += "; " + std::to_string(left) + (left == 1 ? " column is left out" : " columns are left out");
     return text + "; parted by " + std::string(SeparatorName(layout.separator)) + ", decimal " +
-           (decimal == ',' ? "comma" : "point");
+           (evidence.Decimal() == ',' ? "comma" : "point");
 }
 
 } // namespace

@@ -14,6 +14,9 @@ namespace {
 
 constexpr std::array<std::string_view, LastColumn + 1> datasetColumnNames = {
     "", "X", "SD X", "Y", "SD Y", "Rank X", "Rank Y", "Exclude"};
+/// Ranks are a result and no input, so they have none.
+constexpr std::array<std::string_view, LastColumn + 1> columnOptions = {"",      "--x", "--sdx", "--y",
+                                                                        "--sdy", "",    "",      "--exclude"};
 
 /// "sd_x" and "SDX" are "SD X".
 std::string NameKey(std::string_view name) {
@@ -42,7 +45,7 @@ Doubt FindHeader(const CsvOptions& options, CsvLayout& layout) {
             (FormOf(field) == NumberForm::None ? texts : numbers) = true;
     layout.header = options.header.value_or(texts);
     if (texts && numbers && !options.header)
-        return "it may hold names or values; say --header yes or --header no";
+        return "it may hold names or values; import with --header yes or --header no";
     return std::nullopt;
 }
 
@@ -55,17 +58,9 @@ std::string FieldsShown(const CsvLayout& layout) {
     return text + (layout.fields.size() > mostShown ? " to " + std::to_string(layout.fields.size()) : "");
 }
 
-std::string OptionOf(int column) {
-    std::string option = "--" + NameKey(DatasetColumnName(column));
-    std::ranges::transform(option, option.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return option;
-}
-
 /// The field that the user means by a number from 1, or by a name as it stands or, failing that, in any case.
 Doubt FieldMeant(const CsvLayout& layout, int column, const std::string& meant, std::size_t& field) {
-    const std::string option = OptionOf(column) + " " + QuotedForMessage(meant) + ": ";
+    const std::string option = std::string(ColumnOption(column)) + " " + QuotedForMessage(meant) + ": ";
     std::size_t number = 0;
     const char* const end = meant.data() + meant.size();
     if (const auto read = std::from_chars(meant.data(), end, number); read.ptr == end && !meant.empty()) {
@@ -91,40 +86,34 @@ Doubt FieldMeant(const CsvLayout& layout, int column, const std::string& meant, 
     return std::nullopt;
 }
 
-Doubt Take(CsvLayout& layout, std::size_t field, int column) {
-    if (int& taken = layout.columns[field]; taken != 0)
-        return layout.NameOf(field) + " cannot be both " + std::string(DatasetColumnName(taken)) + " and " +
-               std::string(DatasetColumnName(column));
-    layout.columns[field] = column;
-    return std::nullopt;
-}
-
 Doubt FindColumns(const CsvOptions& options, CsvLayout& layout) {
     layout.columns.assign(layout.fields.size(), 0);
     std::array<bool, LastColumn + 1> found{};
-    for (int column = ColumnX; column <= LastColumn; ++column) {
-        const std::string& meant = options.columns[static_cast<std::size_t>(column)];
-        if (meant.empty())
+    for (std::size_t column = ColumnX; column <= LastColumn; ++column) {
+        if (options.columns[column].empty())
             continue;
         std::size_t field = 0;
-        if (auto doubt = FieldMeant(layout, column, meant, field))
+        if (auto doubt = FieldMeant(layout, static_cast<int>(column), options.columns[column], field))
             return doubt;
-        if (auto doubt = Take(layout, field, column))
-            return doubt;
-        found[static_cast<std::size_t>(column)] = true;
+        if (const int taken = layout.columns[field]; taken != 0)
+            return layout.NameOf(field) + " cannot be both " + std::string(DatasetColumnName(taken)) +
+                   " and " + std::string(DatasetColumnName(static_cast<int>(column)));
+        layout.columns[field] = static_cast<int>(column);
+        found[column] = true;
     }
     const auto meantByOption = found;
     for (std::size_t field = 0; layout.header && field < layout.fields.size(); ++field) {
         const int column = DatasetColumnOf(layout.fields[field]);
-        if (column == 0 || layout.columns[field] != 0 || meantByOption[static_cast<std::size_t>(column)])
+        const auto index = static_cast<std::size_t>(column);
+        if (column == 0 || layout.columns[field] != 0 || meantByOption[index])
             continue;
-        if (found[static_cast<std::size_t>(column)])
+        if (found[index])
             return "several columns have the name " + std::string(DatasetColumnName(column)) +
-                   (column == ColumnRankX || column == ColumnRankY
+                   (ColumnOption(column).empty()
                         ? ""
-                        : "; mean one by its number with " + OptionOf(column));
+                        : "; import with " + std::string(ColumnOption(column)) + " and the number of one");
         layout.columns[field] = column;
-        found[static_cast<std::size_t>(column)] = true;
+        found[index] = true;
     }
     if (std::ranges::count(found, true) == 0 && layout.fields.size() == 2) {
         layout.columns = {ColumnX, ColumnY};
@@ -132,8 +121,8 @@ Doubt FindColumns(const CsvOptions& options, CsvLayout& layout) {
     }
     for (const int column : {ColumnX, ColumnY})
         if (!found[static_cast<std::size_t>(column)])
-            return "which column is " + std::string(DatasetColumnName(column)) + "? Say so with " +
-                   OptionOf(column) + " and its name or number; " + FieldsShown(layout);
+            return "which column is " + std::string(DatasetColumnName(column)) + "? Import with " +
+                   std::string(ColumnOption(column)) + " and its name or number; " + FieldsShown(layout);
     return std::nullopt;
 }
 
@@ -157,6 +146,10 @@ std::string_view TrimWhiteSpace(std::string_view text) {
 
 std::string_view DatasetColumnName(int column) {
     return datasetColumnNames[static_cast<std::size_t>(column)];
+}
+
+std::string_view ColumnOption(int column) {
+    return columnOptions[static_cast<std::size_t>(column)];
 }
 
 std::string_view SeparatorName(char separator) {

@@ -46,6 +46,8 @@ bool IsMissing(std::string_view text);
 std::string_view TrimWhiteSpace(std::string_view text);
 
 std::string_view DatasetColumnName(int column);
+/// The option of `corvane import` that names the column's source, or "".
+std::string_view ColumnOption(int column);
 /// The separator in words.
 std::string_view SeparatorName(char separator);
 /// The text of a line as a message shows it.

@@ -60,7 +60,7 @@ std::optional<std::string> FindSeparator(std::string_view table, char& separator
         return std::nullopt;
     return std::string(SeparatorName(looks[0].separator)) + " or " +
            std::string(SeparatorName(looks[1].separator)) +
-           " may part its columns; say which with --separator";
+           " may part its columns; import with --separator and the right one";
 }
 
 } // namespace corvane

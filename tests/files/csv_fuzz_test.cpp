@@ -163,7 +163,8 @@ TEST_F(Fuzz, NoCustomOfWritingNumbersIsMistakenForAnotherInSilence) {
         if (custom.separator == ',' && custom.groups == ".")
             continue;
         const int fixedDecimals = static_cast<int>(Below(5)) - 1;
-        const std::uint64_t largest = OneOf(std::vector<std::uint64_t>{9'999, 999'999, 999'999'999, 99'999'999'999});
+        const std::uint64_t largest =
+            OneOf(std::vector<std::uint64_t>{9'999, 999'999, 999'999'999, 99'999'999'999});
         std::string text = OneIn(2) ? std::string("X") + custom.separator + "Y\n" : "";
         std::vector<std::string> expected;
         const std::size_t rows = 2 + Below(6);

@@ -91,8 +91,8 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
         options.columns[ColumnY] = y;
         ExpectRefused(table, part, options);
     }
-    ExpectRefused(table, "t.csv:1: which column is X? Say so with --x");
-    ExpectRefused("X,x,Y\n1,2,3\n", "several columns have the name X; mean one by its number with --x");
+    ExpectRefused(table, "t.csv:1: which column is X? Import with --x");
+    ExpectRefused("X,x,Y\n1,2,3\n", "several columns have the name X; import with --x and the number of one");
     ExpectRefused("X,obs\n1,2\n3,4\n", "which column is Y?");
     ExpectRefused("1,2,3\n4,5,6\n", "which column is X?");
     EXPECT_NE(Import("mpg;wt\n1;2\n3;4\n").outcome.summary.find("X is column 1 'mpg'; Y is column 2 'wt'"),
@@ -142,7 +142,7 @@ TEST(ImportCsv, ADecimalMarkIsNeverGuessed) {
     const Imported dates = Import("X;Y\n12.05.2020;1,5\n2020-05-12;2,5\n1,5,2;3,5\n1e999;4,5\n");
     EXPECT_EQ(dates.Rows(), "12.05.2020 1.5|2020-05-12 2.5|1,5,2 3.5|1e999 4.5|");
     EXPECT_EQ(dates.outcome.warnings.size(), 4U);
-    ExpectRefused("a;b,1\nc;d,2\n", "comma or semicolon may part its columns; say which with --separator");
+    ExpectRefused("a;b,1\nc;d,2\n", "comma or semicolon may part its columns; import with --separator");
     ExpectRefused("1 2\n3 4\n", "neither comma nor semicolon nor tab");
 }
 
