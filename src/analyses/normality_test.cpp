@@ -2,12 +2,14 @@
 
 #include "stats/edf_normality.h"
 #include "stats/normality.h"
+#include "stats/order.h"
 
 namespace corvane {
 
 void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix) {
-    const stats::EDFResult edf = stats::EDFNormalityStatistics(sample);
-    const stats::ShapiroWilkResult shapiro = stats::ShapiroWilk(sample);
+    const std::vector<double> sorted = stats::SortedFinite(sample); // once for both
+    const stats::EDFResult edf = stats::EDFNormalityStatistics(sorted);
+    const stats::ShapiroWilkResult shapiro = stats::ShapiroWilk(sorted);
     const auto line = [&](const char* label, const std::string& name, double statistic) {
         section.Line(label, F(10, 5, statistic).Named(prefix + name));
     };

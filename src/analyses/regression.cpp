@@ -9,15 +9,6 @@ namespace {
 
 const std::string gap(10, ' ');
 
-void TakeLine(RunState& run, const stats::LineFit& line) {
-    run.a = line.a;
-    run.b = line.b;
-    run.SDa = line.SDa;
-    run.SDb = line.SDb;
-    run.Chi2 = line.Chi2;
-    run.Q = line.Q;
-}
-
 void WriteLeastSquares(RunState& run, ReportSection& section) {
     run.Statement([&] {
         section.Line("Estimate a ± SD : ", F(10, 5, run.a).Named("a"), " ± ", F(10, 5, run.SDa).Named("SDa"));
@@ -66,6 +57,15 @@ void WriteLeastAbsoluteDeviations(RunState& run, ReportSection& section) {
 }
 
 } // namespace
+
+void TakeLine(RunState& run, const stats::LineFit& line) {
+    run.a = line.a;
+    run.b = line.b;
+    run.SDa = line.SDa;
+    run.SDb = line.SDb;
+    run.Chi2 = line.Chi2;
+    run.Q = line.Q;
+}
 
 bool FitRegression(RunState& run) {
     const AnalysisOptions& options = run.Options();

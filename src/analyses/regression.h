@@ -8,6 +8,9 @@ namespace corvane {
 /// nothing computed, where no method is set.
 bool FitRegression(RunState& run);
 
+/// Makes a fit the run's own line, in the place of the one before.
+void TakeLine(RunState& run, const stats::LineFit& line);
+
 /// Section "REGRESSION ANALYSIS": the line with its SDs, MSE, r and r², chi-square.
 void WriteRegression(RunState& run);
 

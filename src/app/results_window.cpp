@@ -1,8 +1,8 @@
 #include "app/results_window.h"
 
-#include "core/format/format_picture.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
+#include "core/numbered_file.h"
 #include "core/report.h"
 
 namespace corvane {
@@ -11,21 +11,6 @@ std::string WorkingFolder(Folders& folders) {
     std::string folder = folders.Documents() + "/ORRL/KOV Files";
     folders.Make(folder);
     return folder;
-}
-
-FileResult CreateNumbered(std::string_view folder, std::string_view stem, const std::string& text,
-                          FileStore& files, std::string& path) {
-    while (!folder.empty() && IsPathSeparator(folder.back()))
-        folder.remove_suffix(1);
-    const std::string beginning = std::string(folder) + "/" + std::string(stem);
-    for (double number = 1;; ++number) {
-        path = beginning + FormatPicture(number, "0000").value_or("") + ".TXT";
-        if (FileExists(path))
-            continue;
-        // Another program may have taken the name by now.
-        if (FileResult created = files.Create(path, text); !created.taken)
-            return created;
-    }
 }
 
 std::string CaptionWithFile(std::string_view caption, std::string_view path) {
@@ -38,7 +23,7 @@ std::string CaptionWithFile(std::string_view caption, std::string_view path) {
 FileResult SaveUnderNumber(ResultsWindow& window, std::string_view folder, ResultsServices services,
                            std::string& path) {
     const std::string working = folder.empty() ? WorkingFolder(services.folders) : std::string(folder);
-    FileResult saved = CreateNumbered(working, "Notes", window.text, services.files, path);
+    FileResult saved = CreateNumbered(working, "Notes", 1, window.text, services.files, path);
     if (saved.done)
         window.caption = CaptionWithFile(window.caption, path);
     return saved;
@@ -53,7 +38,7 @@ void PrintResults(const ResultsWindow& window, ResultsServices services) {
 
 void EditResults(const ResultsWindow& window, ResultsServices services) {
     std::string path;
-    if (CreateNumbered(WorkingFolder(services.folders), "Results", window.text, services.files, path).done)
+    if (CreateNumbered(WorkingFolder(services.folders), "Results", 1, window.text, services.files, path).done)
         services.editor.Open(path);
 }
 

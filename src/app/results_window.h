@@ -30,11 +30,6 @@ struct ResultsServices {
 /// The folder of numbered files, below the user's documents; made where it is absent.
 std::string WorkingFolder(Folders& folders);
 
-/// Writes a text into the first of folder/STEM0001.TXT, STEM0002.TXT ... that does not exist yet, and leaves its path in
-/// `path`. No two programs get the same number.
-FileResult CreateNumbered(std::string_view folder, std::string_view stem, const std::string& text,
-                          FileStore& files, std::string& path);
-
 /// A caption with a file's name added: " (name)", or for more than 20 characters " (..." and its last 20.
 std::string CaptionWithFile(std::string_view caption, std::string_view path);
 

@@ -4,7 +4,7 @@ namespace corvane {
 namespace {
 
 FileResult SaveText(const std::string& path, const Report& report, FileStore& files) {
-    FileResult saved = files.Replace(path, report.Text());
+    FileResult saved = files.ReplaceFrom(path, [&](const auto& sink) { report.Write(sink, "\r\n"); });
     if (!saved.done)
         saved.reason = path + ": " + saved.reason;
     return saved;

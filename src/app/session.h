@@ -69,7 +69,7 @@ public:
 
     const std::list<ResultsWindow>& Windows() const { return windows; }
     /// The plots that runs asked for, oldest first.
-    const std::vector<PlotRequest>& Plots() const { return plots; }
+    const std::vector<ChartRequest>& Plots() const { return plots; }
     const Dataset& CurrentDataset() const { return dataset; }
     const BatchState& Batch() const { return batch; }
 
@@ -82,7 +82,7 @@ private:
     SessionState state;
     BatchState batch;
     std::list<ResultsWindow> windows;
-    std::vector<PlotRequest> plots;
+    std::vector<ChartRequest> plots;
 };
 
 } // namespace corvane

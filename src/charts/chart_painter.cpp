@@ -76,6 +76,7 @@ void SetUpAxis(QCPAxis& axis, const ChartModel& chart, const ChartAxis& asked, c
     axis.grid()->setPen(QPen(gridInk, 1));
     axis.grid()->setZeroLinePen(Qt::NoPen);
     axis.setLabelPadding(6);
+    axis.setTickLabelPadding(7);
 }
 
 void SetUpAxes(QCustomPlot& plot, const ChartModel& chart, const ChartScales& scales) {
@@ -137,16 +138,21 @@ void AddPoints(QCustomPlot& plot, const ChartSeries& series, const ChartScales& 
     graph->setData(xs, ys);
     graph->setLineStyle(QCPGraph::lsNone);
     graph->setAdaptiveSampling(false);
-    // Smaller where they would cover each other.
-    const double room =
-        std::clamp(std::sqrt(2000.0 / std::max<double>(1, static_cast<double>(shown.size()))), 0.3, 1.0);
-    const double across = room * pixelsPerPoint * series.markerSize / twentiethsPerPoint;
-    const QColor colour = ColourOf(series.colour);
-    // A white rim tells points apart that overlap.
-    graph->setScatterStyle(
-        series.marker == Marker::Cross
-            ? QCPScatterStyle(QCPScatterStyle::ssCross, QPen(colour, 1.6), Qt::NoBrush, across)
-            : QCPScatterStyle(QCPScatterStyle::ssCircle, QPen(Qt::white, 0.8), QBrush(colour), across));
+    // Where they would cover each other, points are smaller and let those below shine through; else a white
+    // rim tells them apart.
+    constexpr double uncrowded = 2000;
+    const double share = uncrowded / std::max(uncrowded, static_cast<double>(shown.size()));
+    const double across =
+        std::max(3.0, std::sqrt(share) * pixelsPerPoint * series.markerSize / twentiethsPerPoint);
+    QColor colour = ColourOf(series.colour);
+    graph->setPen(share < 1 ? QPen(Qt::NoPen) : QPen(Qt::white, 0.8));
+    if (series.marker == Marker::Cross) {
+        graph->setScatterStyle(
+            QCPScatterStyle(QCPScatterStyle::ssCross, QPen(colour, 1.6), Qt::NoBrush, across));
+        return;
+    }
+    colour.setAlphaF(static_cast<float>(std::clamp(4 * share, 0.35, 1.0)));
+    graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCircle, Qt::NoPen, QBrush(colour), across));
 }
 
 void AddScatterSeries(QCustomPlot& plot, const ChartSeries& series, const ChartScales& scales, QSize size) {

@@ -2,6 +2,7 @@
 
 #include "app/json_report.h"
 #include "app/saved_windows.h"
+#include "cli/chart_files.h"
 #include "cli/command_support.h"
 #include "cli/report_clock.h"
 #include "core/option_changes.h"
@@ -9,6 +10,7 @@
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
 #include "platform/native/terminal.h"
+#include "plots/create_chart.h"
 
 #include <filesystem>
 #include <iostream>
@@ -40,6 +42,22 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
         return Fail(data + ": " + std::to_string(result.rows) +
                     (result.rows == 1 ? " row is in use" : " rows are in use") + ", at least 3 are needed");
     return ExitFailed;
+}
+
+/// Every window and chart that the run opened.
+FileResult SaveAll(const std::string& folder, const RunResult& result, FileStore& files) {
+    const FileResult saved = SaveWindows(folder, result, files);
+    if (!saved.done || result.plots.empty())
+        return saved;
+    if (!HasCharts()) {
+        std::cerr << "corvane: " << result.plots.size()
+                  << " charts are not saved: this corvane was built without\n";
+        return saved;
+    }
+    std::vector<ChartModel> charts;
+    for (const ChartRequest& request : result.plots)
+        charts.push_back(CreateChart(request));
+    return SaveCharts(charts, folder, files);
 }
 
 } // namespace
@@ -86,7 +104,7 @@ ExitCode RunCalc(const CalcRequest& request) {
     }
 
     if (!request.outFolder.empty())
-        if (const FileResult saved = SaveWindows(request.outFolder, result, files); !saved.done)
+        if (const FileResult saved = SaveAll(request.outFolder, result, files); !saved.done)
             return Fail(saved.reason);
     if (!request.jsonFile.empty()) {
         const std::string json = JsonReport({dataset, session, result, request.data, dialogs.texts});

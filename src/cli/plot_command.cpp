@@ -15,15 +15,23 @@
 namespace corvane {
 namespace {
 
-/// The charts of the request, or the message in their place.
-HistogramOutcome Charts(const PlotCommandRequest& request, const Dataset& dataset,
-                        const SessionState& session) {
-    if (request.kind == "histogram")
-        return HistogramPlots(dataset);
-    PlotOutcome plot = request.kind == "ranks" ? RankPlot(dataset, session) : ScatterPlot(dataset, session);
-    if (!plot.request)
-        return {{}, std::move(plot.message)};
-    return {{CreateXYPlot(*plot.request)}, {}};
+/// The charts of the request. None: the message stands in their place.
+std::vector<ChartModel> Charts(const PlotCommandRequest& request, const Dataset& dataset,
+                               const SessionState& session, std::string& message) {
+    std::vector<ChartModel> charts;
+    if (request.kind == "histogram") {
+        const HistogramOutcome outcome = HistogramPlots(dataset);
+        message = outcome.message.empty() ? "no histogram is ticked" : outcome.message;
+        for (const HistogramRequest& histogram : outcome.requests)
+            charts.push_back(CreateHistogramPlot(histogram));
+    } else {
+        const PlotOutcome plot =
+            request.kind == "ranks" ? RankPlot(dataset, session) : ScatterPlot(dataset, session);
+        message = plot.message;
+        if (plot.request)
+            charts.push_back(CreateXYPlot(*plot.request));
+    }
+    return charts;
 }
 
 /// Does to a chart what the boxes of its window would. Returns why it cannot be done, or "".
@@ -58,20 +66,20 @@ ExitCode RunPlot(const PlotCommandRequest& request) {
         return Fail(fault);
     if (const std::string fault = ApplyAssignments(request.assignments, dataset, session); !fault.empty())
         return Fail(fault);
-    HistogramOutcome outcome = Charts(request, dataset, session);
-    if (outcome.charts.empty())
-        return Fail(request.data + ": " +
-                    (outcome.message.empty() ? "no histogram is ticked" : outcome.message));
-    for (std::size_t i = 0; i < outcome.charts.size(); ++i) {
-        if (const std::string fault = Adjust(outcome.charts[i], request); !fault.empty())
+    std::string message;
+    std::vector<ChartModel> charts = Charts(request, dataset, session, message);
+    if (charts.empty())
+        return Fail(request.data + ": " + message);
+    for (std::size_t i = 0; i < charts.size(); ++i) {
+        if (const std::string fault = Adjust(charts[i], request); !fault.empty())
             return Fail(request.data + ": " + fault);
         std::error_code error;
         const std::string path = Numbered(request.outputFile, i);
         if (!request.force && std::filesystem::exists(path, error))
             return Fail(path + " exists; --force replaces it");
     }
-    for (std::size_t i = 0; i < outcome.charts.size(); ++i)
-        if (const FileResult saved = SaveChart(outcome.charts[i], Numbered(request.outputFile, i), files);
+    for (std::size_t i = 0; i < charts.size(); ++i)
+        if (const FileResult saved = SaveChart(charts[i], Numbered(request.outputFile, i), files);
             !saved.done)
             return Fail(saved.reason);
     return ExitDone;

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace corvane {
@@ -24,5 +25,27 @@ struct PlotRequest {
     std::string LegendPosition = "0";
     std::string WindowName;
 };
+
+struct Colour {
+    std::uint8_t red = 0, green = 0, blue = 0;
+
+    bool operator==(const Colour&) const = default;
+};
+
+enum class ChartStyle { Scatter, Bar, Line, Area, Step, Pie };
+
+/// What a histogram shows: one or two samples over common bins.
+struct HistogramRequest {
+    std::string title, windowTitle = "Histogram";
+    std::int32_t bins = 10;
+    SharedColumn x = {}, y = {}; ///< Null: not shown. Not empty otherwise.
+    std::string xName = "X";     ///< In the legend.
+    bool accumulated = false, percentage = false, twoDimensional = true;
+    ChartStyle style = ChartStyle::Bar;
+    std::array<Colour, 2> colours{Colour{255, 128, 0}, Colour{0, 128, 192}};
+};
+
+/// A chart as it was asked for.
+using ChartRequest = std::variant<PlotRequest, HistogramRequest>;
 
 } // namespace corvane

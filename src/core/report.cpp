@@ -6,12 +6,16 @@
 namespace corvane {
 namespace {
 
-ReportField Formatted(const Field& field) {
-    Field copy = field;
-    if (auto text = FormatField(copy))
-        return {field, {}, std::move(*text)};
+std::string Shown(Field field) {
+    if (auto text = FormatField(field))
+        return std::move(*text);
     throw RunFailure(CellText(field.value) + " does not fit a field of width " + std::to_string(field.width) +
                      " with " + std::to_string(field.decimals) + " decimals");
+}
+
+ReportField Formatted(Field field) {
+    std::string text = Shown(field);
+    return {std::move(field), {}, std::move(text)};
 }
 
 } // namespace
@@ -54,7 +58,7 @@ void ReportSection::Table(ReportTable table) {
 void ReportTable::AppendRow(std::string& text, std::size_t row) const {
     for (const TableColumn& column : columns) {
         const double value = column.values ? (*column.values)[row] : static_cast<double>(row + 1);
-        text += F(column.width, column.decimals, value).text;
+        text += Shown({value, column.width, column.decimals, AlignRight});
         if (column.starred)
             text += column.starred(value) ? '*' : ' ';
         text += column.after;

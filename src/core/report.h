@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/failure.h"
 #include "core/format/format_field.h"
 #include "core/shared_column.h"
 
@@ -91,6 +92,13 @@ struct ReportSection {
     template<class... Pieces>
     void Line(Pieces&&... pieces) {
         Append(true, std::forward<Pieces>(pieces)...);
+    }
+
+    /// Runs one statement; a failure in it is noted.
+    template<class Work>
+    void Statement(Work&& work) {
+        if (auto reason = corvane::Statement(std::forward<Work>(work)))
+            failures.push_back(std::move(*reason));
     }
 
     /// Appends the rows of a table, a line each.

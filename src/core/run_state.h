@@ -48,8 +48,9 @@ struct RunState {
     SessionState& session;
     const RunServices& services;
     Report report{};
+    std::vector<ReportLine> header{}; ///< The first lines of the report, which its windows may repeat.
     std::list<RunWindow> windows{};
-    std::vector<PlotRequest> plots{};
+    std::vector<ChartRequest> plots{};   ///< In the order in which they open.
     std::string residueFile{};           ///< Path of the residue file that the run wrote; empty: none.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
 
@@ -79,8 +80,7 @@ struct RunState {
     /// Runs one statement; a failure in it is noted with the section that is being written.
     template<class Work>
     void Statement(Work&& work) {
-        if (auto reason = corvane::Statement(std::forward<Work>(work)))
-            report.Current().failures.push_back(std::move(*reason));
+        report.Current().Statement(std::forward<Work>(work));
     }
 };
 

@@ -50,9 +50,18 @@ void SetDeviationConfidence(RunState& run) {
         probability = 0.95;
 }
 
+bool GateIsOpen(const CatalogEntry& entry, const AnalysisOptions& options) {
+    if (entry.secondGate && !IsSet(options.*entry.secondGate))
+        return false;
+    if (!entry.gate)
+        return true;
+    const std::int16_t tick = options.*entry.gate;
+    return entry.greyCounts ? tick != 0 : IsSet(tick);
+}
+
 void WriteSections(RunState& run, Feedback& feedback) {
     for (const CatalogEntry& entry : SectionCatalog()) {
-        if (entry.gate && !IsSet(run.Options().*entry.gate))
+        if (!GateIsOpen(entry, run.Options()))
             continue;
         if (entry.progress)
             feedback.ShowProgress(entry.progress);

@@ -20,7 +20,7 @@ struct RunResult {
     int rows = 0;    ///< The number of analysed rows.
     Report report{}; ///< Complete at RunEnd::Finished, otherwise empty, as are the following.
     std::list<RunWindow> windows{};
-    std::vector<PlotRequest> plots{};
+    std::vector<ChartRequest> plots{};
     std::string residueFile{};           ///< The residue file that was written; empty: none.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
 };

@@ -31,6 +31,7 @@ void WriteReportHeader(RunState& run, const ClockTime& time) {
     section.Line(line);
     section.Line(std::string(CharacterCount(line), '.'));
     section.Line();
+    run.header = section.lines;
 
     const AnalysisOptions& options = run.Options();
     if (options.LSM)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace corvane {
 
@@ -10,6 +12,9 @@ struct FileResult {
     std::string reason; ///< Why not, in words for the user, when it was not done.
     bool taken = false; ///< It was not done since the name is taken.
 };
+
+/// Gives a file's bytes out in pieces.
+using ByteSource = std::function<void(const std::function<void(std::string_view)>& sink)>;
 
 /// Whole files, as bytes. Paths are native.
 class FileStore {
@@ -22,7 +27,14 @@ public:
     /// Replaces the file as one step: it holds the old bytes or the new ones, never a part of them.
     virtual FileResult Replace(const std::string& path, const std::string& bytes) = 0;
 
-    /// The same for a name that must be free: of several programs that try it at once, one succeeds.
+    /// The same with bytes that are made while they are written, so that a long text need not be held whole.
+    virtual FileResult ReplaceFrom(const std::string& path, const ByteSource& source) {
+        std::string bytes;
+        source([&](std::string_view piece) { bytes += piece; });
+        return Replace(path, bytes);
+    }
+
+    /// Replace for a name that must be free: of several programs that try it at once, one succeeds.
     virtual FileResult Create(const std::string& path, const std::string& bytes) = 0;
 };
 

@@ -1,21 +1,12 @@
 #pragma once
 
-#include "core/shared_column.h"
+#include "core/plot_request.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace corvane {
-
-struct Colour {
-    std::uint8_t red = 0, green = 0, blue = 0;
-
-    bool operator==(const Colour&) const = default;
-};
-
-enum class ChartStyle { Scatter, Bar, Line, Area, Step, Pie };
 
 enum class Marker { None, Dot, Cross };
 

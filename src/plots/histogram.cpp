@@ -82,10 +82,10 @@ ChartModel CreateHistogramPlot(const HistogramRequest& request) {
         chart.threeDimensional = false;
     }
     if (request.x)
-        chart.footnote = Normality("P(X ~ Normal) = ", *request.x);
+        chart.footnote = Normality("P(X ~ Normal) = ", sorted[0]);
     if (request.y)
-        chart.footnote += request.x ? " and " + Normality("P(Y ~ Normal) = ", *request.y)
-                                    : Normality("P(Y ~ Normal)=", *request.y);
+        chart.footnote += request.x ? " and " + Normality("P(Y ~ Normal) = ", sorted[1])
+                                    : Normality("P(Y ~ Normal)=", sorted[1]);
     for (std::int32_t k = 1; k <= request.bins; ++k)
         chart.categories.push_back(BinLabel(k, request.bins));
     chart.rangesText = RangesText(lo, W, request.bins);
@@ -148,7 +148,7 @@ HistogramOutcome HistogramPlots(const Dataset& dataset) {
         request.x = std::move(x);
         request.y = std::move(y);
         request.xName = xName;
-        outcome.charts.push_back(CreateHistogramPlot(request));
+        outcome.requests.push_back(std::move(request));
     };
     if (IsSet(options.HIST_PLOT_XY)) {
         const SharedColumn x = ShareColumn(std::move(xs)), y = ShareColumn(std::move(ys));

@@ -3,23 +3,11 @@
 #include "core/dataset.h"
 #include "plots/chart_model.h"
 
-#include <array>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace corvane {
-
-/// What one histogram shows: one or two samples over common bins.
-struct HistogramRequest {
-    std::string title, windowTitle = "Histogram";
-    std::int32_t bins = 10;
-    SharedColumn x = {}, y = {}; ///< Null: not shown.
-    std::string xName = "X";     ///< In the legend.
-    bool accumulated = false, percentage = false, twoDimensional = true;
-    ChartStyle style = ChartStyle::Bar;
-    std::array<Colour, 2> colours{Colour{255, 128, 0}, Colour{0, 128, 192}};
-};
 
 /// Counts an ascending sample into bins of width W from lo: [lo + (k - 1) W, lo + k W[ each, the last one
 /// taking all that remains. W = 0 puts all into the last.
@@ -30,11 +18,11 @@ std::vector<double> CountBins(std::span<const double> sorted, double lo, double 
 /// the ranges. Samples are not empty. A pie without the 2D flag is a plain bar chart.
 ChartModel CreateHistogramPlot(const HistogramRequest& request);
 
-/// The Histo action: up to three charts of the rows before the first without an X, or the critical message
-/// in their place. Rows marked "Y" in the Exclude column stay out unless SHOW_EXCLUDED is set, and so do rows
-/// without two numbers. HIST_BINS below 3 counts as 3.
+/// The Histo action: up to three histograms of the rows before the first without an X, or the critical
+/// message in their place. Rows marked "Y" in the Exclude column stay out unless SHOW_EXCLUDED is set, and so
+/// do rows without two numbers. HIST_BINS below 3 counts as 3.
 struct HistogramOutcome {
-    std::vector<ChartModel> charts;
+    std::vector<HistogramRequest> requests;
     std::string message;
 };
 HistogramOutcome HistogramPlots(const Dataset& dataset);

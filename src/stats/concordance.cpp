@@ -106,12 +106,12 @@ Estimate Liao(double r, const Shifts& shift, double rootFreedom, double& Ar) {
 } // namespace
 
 Concordance ConcordanceStatistics(std::size_t N, double r, double MeanX, double MeanY, double VarX,
-                                  double VarY, double VarDiff) {
+                                  double VarY, double VarDiff, std::optional<double> MeanDiff) {
     Concordance c;
     r = std::clamp(Finite(r), -1.0, 1.0);
     VarX = std::max(0.0, Finite(VarX)), VarY = std::max(0.0, Finite(VarY));
     // Halves, whose difference and sum stay in range.
-    const double half = 0.5 * Finite(MeanY) - 0.5 * Finite(MeanX);
+    const double half = MeanDiff ? -0.5 * Finite(*MeanDiff) : 0.5 * Finite(MeanY) - 0.5 * Finite(MeanX);
     if (N < 2 || (VarX == 0.0 && VarY == 0.0))
         return c;
     c.v = Ratio(std::sqrt(VarY), std::sqrt(VarX));

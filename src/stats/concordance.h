@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 namespace corvane::stats {
 
@@ -59,8 +60,12 @@ struct Concordance {
 /// Perfect agreement or its opposite (|rc| = 1): standard errors 0, Z and the transformed values saturated
 /// with the sign of rc, un-transformed limits rc. One variance 0: v is 0 or saturated, u saturated with the
 /// sign of MeanY - MeanX (0 where the means are equal), all else 0 with P = 1; both variances 0, or N < 2:
-/// all 0 with P = 1. N = 2 leaves no degree of freedom and saturates what is not 0 among the standard errors.
+/// all 0 with P = 1. N = 2 leaves no degree of freedom: standard errors that are not 0 are next to the
+/// largest double.
+///
+/// MeanDiff, the mean of x - y, has the digits that the difference of two rounded means has lost; without it
+/// that difference is taken.
 Concordance ConcordanceStatistics(std::size_t N, double r, double MeanX, double MeanY, double VarX,
-                                  double VarY, double VarDiff);
+                                  double VarY, double VarDiff, std::optional<double> MeanDiff = {});
 
 } // namespace corvane::stats

@@ -4,7 +4,8 @@
 ///
 /// No function throws and none returns NaN or infinity. A NaN argument, or degrees of freedom that are not
 /// positive, gives the value of "no evidence": 0 for a cumulative probability, 1 for a tail, 0 for a
-/// quantile. Infinite arguments give the limit; a quantile whose limit is infinite is the largest finite
+/// quantile. An infinite argument counts as the largest double, and degrees of freedom beyond 1e15 lose
+/// digits; a quantile whose limit is infinite is the largest finite
 /// double with its sign. Tails are computed directly and not as 1 - P, so that 1e-300 keeps its digits.
 namespace corvane::stats {
 

@@ -6,6 +6,7 @@
 #include <numbers>
 #include <vector>
 
+#include "stats/order.h"
 #include "stats/sums.h"
 
 namespace corvane::stats {
@@ -62,7 +63,7 @@ EDFResult EDFNormalityStatistics(std::span<const double> sample, int Mode, bool 
     EDFResult result;
     const std::size_t count = sample.size();
     std::vector<double> x = Scaled(sample, ScaleExponent(sample));
-    std::sort(x.begin(), x.end());
+    SortUnlessSorted(x);
     if (count < 2 || x.front() == x.back())
         return result;
 

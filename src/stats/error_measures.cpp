@@ -34,7 +34,37 @@ double OneMinusRatio(double numerator, double denominator) {
     return numerator == 0.0 && denominator == 0.0 ? 0.0 : Finite(1.0 - Ratio(numerator, denominator));
 }
 
+/// Sums over differences d that are scaled into (-1, 1).
+struct SquareSums {
+    double Squares; ///< of d^2
+    double Spread;  ///< of (d^2 - their mean)^2
+};
+
+SquareSums SumSquares(const std::vector<double>& difference) {
+    Sum squares, spread;
+    for (double d : difference)
+        squares.AddProduct(d, d);
+    const double mean = squares.Value() / static_cast<double>(difference.size());
+    for (double d : difference)
+        spread.Add(Square(d * d - mean));
+    return {squares.Value(), spread.Value()};
+}
+
+/// The error in the units of the data, of differences in units of 2^exponent.
+SquaredError ErrorOf(const SquareSums& sums, double n, int exponent) {
+    return {Unscale(sums.Squares / n, 2 * exponent),
+            Unscale(Ratio(sums.Spread, n * (n - 1.0)), 4 * exponent)};
+}
+
 } // namespace
+
+SquaredError MeanSquaredError(std::span<const double> difference) {
+    if (difference.empty())
+        return {};
+    const int exponent = ScaleExponent(difference);
+    return ErrorOf(SumSquares(Scaled(difference, exponent)), static_cast<double>(difference.size()),
+                   exponent);
+}
 
 ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
                                 double MeanY) {
@@ -59,25 +89,23 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
         aboutMeanY.Add(Square(sy[i] - meanY));
     }
     const int own = ScaleExponent(difference), differenceExponent = exponent + own;
-    Sum absolute, squares, spread;
+    Sum absolute;
     double largest = 0.0;
     difference = Scaled(difference, own);
     for (double d : difference) {
         absolute.Add(std::fabs(d));
-        squares.AddProduct(d, d);
         largest = std::max(largest, std::fabs(d));
     }
-    const double msep = squares.Value() / n;
-    for (double d : difference)
-        spread.Add(Square(d * d - msep));
+    const SquareSums squares = SumSquares(difference);
+    const SquaredError error = ErrorOf(squares, n, differenceExponent);
 
     result.MeanBias = Unscale(bias.Value() / n, exponent);
     result.MAE = Unscale(absolute.Value() / n, differenceExponent);
     result.MAPE = MeanRelativeErrorPercent(pairs);
-    result.MSEP = Unscale(msep, 2 * differenceExponent);
-    result.VarMSEP = Unscale(Ratio(spread.Value(), n * (n - 1.0)), 4 * differenceExponent);
+    result.MSEP = error.MSEP;
+    result.VarMSEP = error.VarMSEP;
     result.MaxError = Unscale(largest, differenceExponent);
-    result.MEF = OneMinusRatio(std::ldexp(squares.Value(), 2 * own), aboutMeanY.Value());
+    result.MEF = OneMinusRatio(std::ldexp(squares.Squares, 2 * own), aboutMeanY.Value());
     result.CD = Ratio(aboutMeanY.Value(), aboutMeanX.Value());
 
     // With u and v the deviations of X and Y from their means, each part without its cancellation:

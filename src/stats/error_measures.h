@@ -19,16 +19,26 @@ struct ErrorMeasures {
     double CD = 0.0;                   ///< coefficient of model determination
 };
 
+/// MSEP and its variance, as in ErrorMeasures.
+struct SquaredError {
+    double MSEP = 0.0;
+    double VarMSEP = 0.0;
+};
+
 /// MSEP and its variance, sum of (D^2 - MSEP)^2 / (N (N - 1)): Wallach and Goffinet (1989), Ecological
 /// Modelling 44, 299-306. With Sx, Sy, r of divisor N and b the slope of Y on X the parts of MSEP are
 /// (mean X - mean Y)^2, (Sx - Sy)^2, 2 Sx Sy (1 - r), Sx^2 (1 - b)^2, Sy^2 (1 - r^2), each computed without
 /// the cancellation of its formula. MEF = 1 - sum D^2 / sum (Y - MeanY)^2 and CD = sum (Y - MeanY)^2 /
 /// sum (X - MeanY)^2: Loague and Green (1991), Journal of Contaminant Hydrology 7, 51-73.
 ///
-/// MeanX and MeanY are the means of the samples, which the caller holds. A zero denominator saturates (MEF at
+/// MeanY is the mean of y, which the caller holds; MeanX is not read. A zero denominator saturates (MEF at
 /// the lowest double); with a zero numerator as well the measure is 0. No pair with Y != 0: MAPE = 0. N = 0:
 /// all 0.
 ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
                                 double MeanY);
+
+/// The mean squared error and its variance alone, from the differences D, with the digits that
+/// DiverseStatistics gives them. N = 0: both 0.
+SquaredError MeanSquaredError(std::span<const double> difference);
 
 } // namespace corvane::stats

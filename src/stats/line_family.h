@@ -19,8 +19,9 @@ struct LineFamily {
 /// the orthogonal line are positive for either sign of the slope, so that flipping the sign of y (or x)
 /// changes no SD.
 ///
-/// Uncorrelated samples (Sxy = 0, Syy > 0): slope 2 is the largest double, as are the SDs of lines 2 to 6;
-/// the bisector is 1 and the reduced major axis takes the positive sign. Constant y: all slopes and SDs 0.
+/// Uncorrelated samples (Sxy = 0, Syy > 0): slopes 2 and 6 are the largest double, as are the SDs of lines 2
+/// to 6; the bisector is 1, the orthogonal line 0 or the largest double, whichever sample spreads less, and
+/// the reduced major axis takes the positive sign. Constant y: all slopes and SDs 0.
 /// N < 2 gives slopes and SDs 0 and A = mean(y).
 LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y);
 

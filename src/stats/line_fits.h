@@ -26,8 +26,8 @@ LineFit FitLine(std::span<const double> x, std::span<const double> y);
 ///
 /// Chi2 can have several minima in b. All of them are bracketed over the half circle of directions, each is
 /// refined to the relative Tolerance (values below the resolution of a double mean that resolution), and the
-/// lowest is returned. An SD counts by its size, one that is 0 or not finite as 1e-30. Constant x gives b = 0 and
-/// the weighted mean of y, constant y b = 0; a minimum on the vertical line has b saturated. N < 2 as
+/// lowest is returned. An SD counts by its size, one that is 0 or not finite as 1e-30. Constant x gives b = 0
+/// and the weighted mean of y, constant y b = 0; a minimum on the vertical line has b saturated. N < 2 as
 /// FitLine.
 LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, std::span<const double> sdx,
                         std::span<const double> sdy, double Tolerance = 1e-30);

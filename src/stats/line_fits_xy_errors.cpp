@@ -236,8 +236,8 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
                         std::span<const double> sdy, double Tolerance) {
     const std::size_t n = std::min({x.size(), y.size(), sdx.size(), sdy.size()});
     LineFit fit;
-    if (n == 0)
-        return fit;
+    if (n < 2)
+        return FitLine(x.first(n), y.first(n));
     const CentredSample cx = Centre(x.first(n)), cy = Centre(y.first(n));
     Points points;
     points.X = Deviations(cx, points.XExponent);
@@ -258,7 +258,8 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
     AddAdjustments(points, to, minimum.Value);
     Objective& value = minimum.Value;
 
-    // York's own step takes the rounding of the search away: points on a line give their line.
+    // York's own step takes the rounding of the search away: points on a line give their line to the last
+    // digits.
     double slope = Ratio(to.S, to.C);
     const double step = value.StepY / value.StepX;
     if (std::fabs(step - slope) <= 1e-12 * std::fabs(slope))
@@ -274,7 +275,9 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
     const DoubleDouble centreY = meanY + DoubleDouble{value.MeanY, 0.0};
     const double limited = std::clamp(slope, -0x1p900, 0x1p900);
     fit.b = std::fabs(slope) == Largest ? slope : Unscale(slope, slopeExponent);
-    fit.a = Unscale((centreY - centreX * DoubleDouble{limited, 0.0}).High, points.YExponent);
+    fit.a = std::fabs(slope) == Largest
+                ? Finite(-slope * std::ldexp(centreX.High, points.XExponent))
+                : Unscale((centreY - centreX * DoubleDouble{limited, 0.0}).High, points.YExponent);
 
     // At the adjusted points, York's eq. 13d: with weights c^2 w and adjustments c share,
     // SDb^2 = 1 / (c^4 sum of w (share - mean)^2), SDa^2 = 1 / (c^2 sum of w) + (adjusted mean x)^2 SDb^2.
@@ -283,7 +286,9 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
     const double sda =
         std::hypot(Ratio(1.0, std::fabs(to.C) * std::sqrt(value.SumWeights)), Finite(adjustedX * sdb));
     fit.SDb = Unscale(sdb, sdb == Largest ? 0 : slopeExponent + points.SDExponent);
-    fit.SDa = Unscale(sda, sda >= Largest ? 0 : points.YExponent + points.SDExponent);
+    fit.SDa = sdb == Largest && adjustedX != 0.0
+                  ? Largest
+                  : Unscale(sda, sda >= Largest ? 0 : points.YExponent + points.SDExponent);
     fit.Chi2 = Unscale(value.Chi2, -2 * points.SDExponent);
     if (n > 2)
         fit.Q = GammaQ(0.5 * (static_cast<double>(n) - 2.0), 0.5 * fit.Chi2);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "stats/distributions.h"
+#include "stats/order.h"
 #include "stats/sums.h"
 
 namespace corvane::stats {
@@ -85,7 +86,7 @@ ShapiroWilkResult ShapiroWilk(std::span<const double> sample) {
         return result;
     }
     std::vector<double> x = Scaled(sample, ScaleExponent(sample));
-    std::sort(x.begin(), x.end());
+    SortUnlessSorted(x);
     // From the smallest value on, in units of the range: the offset is gone before anything is squared.
     const double lowest = x.front(), range = x.back() - lowest;
     if (range == 0.0) {

@@ -41,10 +41,15 @@ double MaxOfTwo(double A, double B) {
     return std::max(Finite(A), Finite(B));
 }
 
+void SortUnlessSorted(std::vector<double>& values) {
+    if (!std::is_sorted(values.begin(), values.end()))
+        std::sort(values.begin(), values.end());
+}
+
 std::vector<double> SortedFinite(std::span<const double> sample) {
     std::vector<double> sorted(sample.size());
     std::transform(sample.begin(), sample.end(), sorted.begin(), Finite);
-    std::sort(sorted.begin(), sorted.end());
+    SortUnlessSorted(sorted);
     return sorted;
 }
 

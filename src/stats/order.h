@@ -17,6 +17,9 @@ double ArrayMin(std::span<const double> A);
 double MinOfTwo(double A, double B);
 double MaxOfTwo(double A, double B);
 
+/// Sorts, at the price of one pass where the values are in order already.
+void SortUnlessSorted(std::vector<double>& values);
+
 /// The sample in ascending order, NaN and infinities made finite in the same way.
 std::vector<double> SortedFinite(std::span<const double> sample);
 

@@ -16,7 +16,7 @@ struct PowerSumsResult {
 };
 
 /// Sums of (min(|a - b|, Cap) Unit)^Power - (Cap Unit)^Power; without a cap of (|a - b| Unit)^Power.
-/// Relative error about 1e-13 of the largest sums. 0 samples give no sums.
+/// Relative error about 1e-13 of the largest sums. An empty sample has no sums.
 PowerSumsResult PowerSums(const PowerTree& a, const PowerTree& b, const PowerKernel& kernel);
 
 /// Whether two samples lie so far apart, for their width, that PowerSumsBeyondTangent can be used.

@@ -5,6 +5,7 @@
 
 #include "stats/distributions.h"
 #include "stats/line_residuals.h"
+#include "stats/order.h"
 
 namespace corvane::stats {
 
@@ -108,12 +109,12 @@ Residuals ResidualStatistics(double a, double b, std::span<const double> x, std:
     // A residual has taken the rounding of b times X, so residuals that close are one value.
     double range = 0.0;
     if (pairs.N > 0) {
-        const auto [low, high] = std::minmax_element(pairs.X.begin(), pairs.X.end());
-        range = std::ldexp(Finite(*high), -exponent) - std::ldexp(Finite(*low), -exponent);
+        range = std::ldexp(ArrayMax(pairs.X), -exponent) - std::ldexp(ArrayMin(pairs.X), -exponent);
     }
     const double tolerance = 2.0 * Epsilon * Finite(largest + std::fabs(b) * range);
     for (double rank : MeanRanks(residue, tolerance))
-        result.NormRes.push_back(Unscale(rootMse * InverseNormal((rank - 0.375) / (n + 0.25)), exponent));
+        result.NormRes.push_back(0.0 +
+                                 Unscale(rootMse * InverseNormal((rank - 0.375) / (n + 0.25)), exponent));
 
     const int common = line.Exponent;
     const std::vector<double> sx = Scaled(pairs.X, common), sy = Scaled(pairs.Y, common);

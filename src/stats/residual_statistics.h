@@ -25,8 +25,8 @@ struct Residuals {
 };
 
 /// Diagnostics of the line a + b X (any line, not the least-squares one alone), after Neter, Kutner,
-/// Nachtsheim and Wasserman, Applied Linear Statistical Models (1996), chapters 3 and 9. VarX is the sample
-/// variance.
+/// Nachtsheim and Wasserman, Applied Linear Statistical Models (1996), chapters 3 and 9. VarX, MeanX and
+/// MeanY are not read: all comes from the samples, which keep more digits.
 ///
 /// A zero denominator saturates its statistic with the sign of the numerator, 0/0 is 0: residuals that are
 /// all 0 have all their ratios 0; a pair of leverage 1 (up to rounding) has SERes 0; RStdtRes is 0 at N = 3,

@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <limits>
 
 #include "stats/order.h"
 #include "stats/sums.h"
@@ -46,17 +47,26 @@ double FactorQn(std::size_t count) {
     return 1.0 / (1.0 + c / n);
 }
 
-/// Pairs j < i of a sorted sample with x_i - x_j <= bound. Rounded differences are as monotone as exact ones,
-/// so that the first j of each i only moves up.
-std::uint64_t CountWithin(const std::vector<double>& x, double bound) {
-    std::uint64_t count = 0;
+/// Pairs j < i of a sorted sample with x_i - x_j <= bound, and the differences next to the bound. Rounded
+/// differences are as monotone as exact ones, so that the first j of each i only moves up.
+struct Within {
+    std::uint64_t Count = 0;
+    double Largest = 0.0;                                    ///< of the differences counted
+    double Beyond = std::numeric_limits<double>::infinity(); ///< the smallest of the others
+};
+
+Within CountWithin(const std::vector<double>& x, double bound) {
+    Within within;
     std::size_t j = 0;
     for (std::size_t i = 1; i < x.size(); ++i) {
         while (x[i] - x[j] > bound)
             ++j;
-        count += i - j;
+        within.Count += i - j;
+        within.Largest = std::max(within.Largest, x[i] - x[j]);
+        if (j > 0)
+            within.Beyond = std::min(within.Beyond, x[i] - x[j - 1]);
     }
-    return count;
+    return within;
 }
 
 /// The differences in (low, high].
@@ -82,40 +92,43 @@ double Halfway(double low, double high) {
     return std::bit_cast<double>(a + (b - a) / 2);
 }
 
-/// The wanted-th smallest of the differences of a sorted sample, counted from 1. A bracket of doubles (low,
-/// high] around it is narrowed by counting until its differences are no more than the sample, which are then
-/// selected from directly. Of three steps two interpolate the count, the second of them to twice the distance
-/// so as to land beyond; the third halves the bracket whatever the data.
+/// The wanted-th smallest of the differences of a sorted sample, counted from 1. A bracket [first, high]
+/// around it, both of them differences that occur, is narrowed by counting until it holds no more differences
+/// than the sample has values, which are then selected from directly, or one value however often. Of three
+/// steps two interpolate the count, the second of them to twice the distance so as to land beyond; the third
+/// halves the bracket whatever the data.
 double SelectDifference(const std::vector<double>& x, std::uint64_t wanted) {
     const std::uint64_t n = x.size();
-    double low = 0.0, high = x.back() - x.front();
-    std::uint64_t below = CountWithin(x, low), within = n * (n - 1) / 2;
-    if (below >= wanted)
+    const Within none = CountWithin(x, 0.0);
+    if (none.Count >= wanted)
         return 0.0;
+    double low = 0.0, high = x.back() - x.front(), first = none.Beyond;
+    std::uint64_t below = none.Count, within = n * (n - 1) / 2;
     // A third of the interquartile range is where normal data have it.
     double next = (x[n - n / 4 - 1] - x[n / 4]) / 3.0;
-    for (int step = 0; within - below > n; ++step) {
-        if (!(next > low && next < high))
-            next = Halfway(low, high);
-        if (next == low)
-            return high; // the bracket holds nothing but ties
-        const std::uint64_t count = CountWithin(x, next);
-        if (count < wanted) {
+    for (int step = 0; within - below > n && first < high; ++step) {
+        if (!(next >= first && next < high))
+            next = Halfway(first, high);
+        const Within at = CountWithin(x, next);
+        if (at.Count < wanted) {
             low = next;
-            below = count;
+            first = at.Beyond;
+            below = at.Count;
         } else {
-            high = next;
-            within = count;
+            high = at.Largest;
+            within = at.Count;
         }
         if (step % 3 == 2) {
-            next = Halfway(low, high);
+            next = Halfway(first, high);
             continue;
         }
         double share = static_cast<double>(wanted - below) / static_cast<double>(within - below);
         if (step % 3 == 1)
             share = share < 0.5 ? 2.0 * share : 2.0 * share - 1.0;
-        next = low + (high - low) * share;
+        next = first + (high - first) * share;
     }
+    if (first >= high)
+        return high;
     std::vector<double> rest = DifferencesBetween(x, low, high, within - below);
     const auto selected = rest.begin() + static_cast<std::ptrdiff_t>(wanted - below - 1);
     std::nth_element(rest.begin(), selected, rest.end());

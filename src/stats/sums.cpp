@@ -39,12 +39,16 @@ CentredSample Centre(std::span<const double> sample, int exponent) {
     if (*lowest == *highest)
         return result;
 
+    // About one of the values, so that the mean's error is of the size of the deviations and not of an
+    // offset.
+    const double origin = values.front();
     Sum sum;
     for (double value : values)
-        sum.Add(value);
-    result.Mean = sum.Total() / DoubleDouble{static_cast<double>(values.size()), 0.0};
+        sum.Add(TwoSum(value, -origin));
+    const DoubleDouble fromOrigin = sum.Total() / DoubleDouble{static_cast<double>(values.size()), 0.0};
+    result.Mean = DoubleDouble{origin, 0.0} + fromOrigin;
     for (std::size_t i = 0; i < values.size(); ++i)
-        result.Deviation[i] = DoubleDouble{values[i], 0.0} - result.Mean;
+        result.Deviation[i] = TwoSum(values[i], -origin) - fromOrigin;
     result.SumSquares = SumProducts(result.Deviation, result.Deviation);
     return result;
 }

@@ -112,6 +112,31 @@ TEST_F(Calc, SaysOnceWhatTheReportDoesNot) {
     EXPECT_TRUE(Has(ran.out, "\"messages\": [\n    \"" + warning + "\"\n  ]")) << ran.out;
 }
 
+TEST_F(Calc, TheBootstrapTakesASeedAndWarnsOfTheSizeThatItCannotDraw) {
+    const std::string base = "$corvane calc $examples/mtcars.KOV --set MSPE_BOOTSTRAP=1 ";
+    const std::string seven = Run(base + "--seed 7").out;
+    EXPECT_EQ(Run(base + "--seed 7").out, seven);
+    EXPECT_NE(Run(base + "--seed 8").out, seven);
+    const Ran ran = Run(base + "--set MSPE_BOOTSTRAP_SIZE=200000");
+    EXPECT_EQ(ran.exit, 0);
+    EXPECT_TRUE(Has(ran.err, "mtcars.KOV: bootstrap of MSEP: 200000% of 32 pairs")) << ran.err;
+    EXPECT_TRUE(Has(ran.err, " 64000, beyond the limit of 32767")) << ran.err;
+    EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << ran.err;
+}
+
+TEST_F(Calc, SavesResidueFilesInTheFolderOfTheWindows) {
+    const std::string base = "$corvane calc $examples/cars.KOV --set RESIDUAL_ANALYSIS=1 "
+                             "--set SAVE_RESIDUE_TEXT=1 ";
+    EXPECT_EQ(Run(base + "--out o && " + base + "--out o").err, "");
+    EXPECT_TRUE(folder.Read("o/Residue0001.TXT").starts_with("Analysis of Residuals\r\n"));
+    EXPECT_EQ(folder.Read("o/Residue0000.TXT"), folder.Read("o/Residue0001.TXT"));
+    EXPECT_TRUE(Has(folder.Read("o/residue.txt"), "saved in file:o/Residue0001.TXT\r\n\r\n"));
+
+    const Ran homeless = Run(base + "--set RESIDUE_WINDOW=0");
+    EXPECT_TRUE(Has(homeless.err, "corvane: warning: ") && Has(homeless.err, "no residue file was written"));
+    EXPECT_TRUE(Has(homeless.out, "  #  X values"));
+}
+
 TEST_F(Calc, WrongUsageExitsWithTwo) {
     for (const char* arguments : {"calc", "calc a b", "calc --set", "calc d.KOV --set OLS_SLS",
                                   "calc d.KOV --what", "calc d.KOV --set =1", "calc d.KOV --json"})

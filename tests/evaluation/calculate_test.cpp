@@ -94,10 +94,11 @@ TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
     Put({{"1", "", "2", ""}, {"2", "", "3.5", ""}, {"4", "", "4", ""}});
     for (const OptionRow& row : OptionTable())
         if (row.role == OptionRole::Gate)
-            ChangeOption(dataset, session, row, std::int16_t{2}); // ticked grey is not set
+            ChangeOption(dataset, session, row, std::int16_t{2}); // ticked grey is not set, but for two
     const RunResult plain = Run();
-    EXPECT_EQ(plain.report.Sections().size(), 2U);
-    EXPECT_EQ(fakes.feedback.shown, (Strings{"Regression...", "(hidden)"}));
+    EXPECT_EQ(plain.report.Sections().size(), 4U);
+    EXPECT_EQ(fakes.feedback.shown,
+              (Strings{"Regression...", "Kleijnen analysis...", "Bland and Altman analysis...", "(hidden)"}));
 
     TickAllGates(dataset, session);
     std::vector<std::string> ids;

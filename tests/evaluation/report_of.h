@@ -18,9 +18,8 @@ using Gates = std::initializer_list<OptionRow::Member>;
 using Settings = std::initializer_list<std::pair<OptionRow::Member, OptionValue>>;
 
 /// The run of a dataset file with only the given sections ticked, and then the given settings.
-inline RunResult RunOf(const std::string& path, Gates gates, Settings settings = {},
+inline RunResult RunOf(Dataset& dataset, const std::string& path, Gates gates, Settings settings = {},
                        const FileStore& files = NativeFileStore()) {
-    Dataset dataset;
     SessionState session;
     const LoadOutcome loaded = LoadFile(path, dataset, session, files);
     EXPECT_TRUE(loaded.Complete()) << loaded.Error();
@@ -33,6 +32,12 @@ inline RunResult RunOf(const std::string& path, Gates gates, Settings settings =
         ChangeOption(dataset, session, OptionOf(member), value);
     RunFakes fakes;
     return Calculate(dataset, session, fakes.Services());
+}
+
+inline RunResult RunOf(const std::string& path, Gates gates, Settings settings = {},
+                       const FileStore& files = NativeFileStore()) {
+    Dataset dataset;
+    return RunOf(dataset, path, gates, settings, files);
 }
 
 inline RunResult RunOfExample(const std::string& example, Gates gates, Settings settings = {}) {
@@ -48,6 +53,15 @@ inline RunResult RunOfPairs(const std::string& name, TextPairs pairs, Gates gate
     for (const auto& [x, y] : pairs)
         text += std::string(x) + ",," + y + ",,,,\n";
     return RunOf("/data/" + name, gates, settings, files);
+}
+
+/// The XY plots that a run asked for, in their order.
+inline std::vector<PlotRequest> XYPlots(const RunResult& run) {
+    std::vector<PlotRequest> plots;
+    for (const ChartRequest& request : run.plots)
+        if (const auto* plot = std::get_if<PlotRequest>(&request))
+            plots.push_back(*plot);
+    return plots;
 }
 
 } // namespace corvane::testing

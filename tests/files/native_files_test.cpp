@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <unistd.h>
 
 namespace corvane {
@@ -36,6 +37,18 @@ TEST_F(NativeFiles, ReplacesAsOneStepAndKeepsLinkAndPermissions) {
     EXPECT_TRUE(files.Read(file, bytes).done);
     EXPECT_EQ(bytes, std::string("new\0\r\n", 6));
     EXPECT_EQ(FilesInFolder(), 2U);
+}
+
+TEST_F(NativeFiles, BytesMayComeInPiecesAndBreakOff) {
+    const std::string file = folder / "d.KOV";
+    const auto pieces = [](const auto& sink) { sink("one "), sink("two"); };
+    ASSERT_TRUE(files.ReplaceFrom(file, pieces).done);
+    const auto broken = [](const auto& sink) { sink("three"), throw std::runtime_error("broken off"); };
+    EXPECT_THROW(files.ReplaceFrom(file, broken), std::runtime_error);
+    std::string bytes;
+    EXPECT_TRUE(files.Read(file, bytes).done);
+    EXPECT_EQ(bytes, "one two");
+    EXPECT_EQ(FilesInFolder(), 1U);
 }
 
 TEST_F(NativeFiles, FailuresSayWhyAndLeaveNothingBehind) {

@@ -40,7 +40,7 @@ constexpr std::pair<const char*, double Concordance::*> Members[] = {
 Concordance Of(const Values& x, const Values& y) {
     const PairSummary p = PairStatistics(x, y);
     return ConcordanceStatistics(std::min(x.size(), y.size()), PearsonCorrelation(x, y).r, p.MeanX, p.MeanY,
-                                 p.VarX, p.VarY, p.VarDiff);
+                                 p.VarX, p.VarY, p.VarDiff, p.MeanDiff);
 }
 
 TEST(Concordance, AgreesWithTheReference) {
@@ -160,6 +160,21 @@ TEST(Concordance, WithoutSpreadHasNoValueButItsShifts) {
     expect(Of(same, {4, 4, 4}), 0.0, 0.0);
     expect(Of({1}, {2}), 0.0, 0.0);
     expect(Of({}, {}), 0.0, 0.0);
+}
+
+TEST(Concordance, KeepsItsDigitsFarFromZero) {
+    // u and rc from the definitions with 50 digits in mpmath 1.2.1.
+    const std::vector<double> offsets = {3, 500, 77, 1024, 2048, 4095, 1500};
+    const std::vector<double> steps = {0.5, 0.75, 0.25, 0.5, 1, 0.25, 0.5};
+    std::vector<double> x, y;
+    for (std::size_t i = 0; i < offsets.size(); ++i) {
+        x.push_back(1e9 + offsets[i] / 256);
+        y.push_back(x.back() + steps[i]);
+    }
+    const Concordance c = Of(x, y);
+    EXPECT_NEAR(c.u, 0.10363170853385881, 1e-15);
+    EXPECT_NEAR(c.rc, 0.99351952370057, 1e-14);
+    EXPECT_NEAR(c.Z, 212.34924147, 1e-8);
 }
 
 TEST(Concordance, KeepsItsDigitsNextToOne) {

@@ -105,6 +105,12 @@ TEST(DegenerateSamples, SaturateByOneRule) {
     EXPECT_EQ(FitLineFamily(rising, same).SDB, (std::array<double, 6>{}));
     EXPECT_EQ(PairStatistics({{1e308, -1e308}}, {{0, 0}}).VarX, largest);
     EXPECT_EQ(FTestInterceptSlope(rising, rising, 0, 1, 3, 3).P1, 1.0);
+    // A line is a line, and equal differences are equal, also far from zero.
+    const Values far = {1e9, 1e9 + 1, 1e9 + 6}, onLine = {3e9 + 1, 3e9 + 4, 3e9 + 19};
+    EXPECT_EQ(FitLine(far, onLine).Chi2, 0.0);
+    EXPECT_EQ(FitLine(far, onLine).SDa, 0.0);
+    EXPECT_EQ(PearsonCorrelation(far, onLine).T, largest);
+    EXPECT_EQ(PairStatistics({{0, 7, 28}}, {{5, 12, 33}}).VarDiff, 0.0);
     EXPECT_EQ(FTestInterceptSlope(rising, {{2, 3, 5, 6}}, 1, 1, 3, 4).F2, largest);
 }
 

@@ -167,6 +167,12 @@ TEST(Reference, DiverseStatistics) {
         ExpectClose(measures.MAPE, expected["MAPE"], {1e-11, 0}, "MAPE");
         ExpectClose(measures.MSEP, expected["MSEP"], {1e-11, 0}, "MSEP");
         ExpectClose(measures.VarMSEP, expected["VarMSEP"], {1e-11, 0}, "VarMSEP");
+        std::vector<double> difference;
+        for (std::size_t i = 0; i < set.X.size(); ++i)
+            difference.push_back(set.Y[i] - set.X[i]);
+        const SquaredError alone = MeanSquaredError(difference);
+        EXPECT_EQ(alone.MSEP, measures.MSEP);
+        EXPECT_EQ(alone.VarMSEP, measures.VarMSEP);
         const bool norris = set.Name == "norris", mtcars = set.Name == "mtcars_fit";
         double partsOfTwo = 0.0, partsOfThree = 0.0;
         for (std::size_t i = 0; i < 5; ++i) {

@@ -47,6 +47,10 @@ bool WriteAll(int descriptor, std::string_view bytes) {
     return true;
 }
 
+ByteSource Whole(const std::string& bytes) {
+    return [&bytes](const std::function<void(std::string_view)>& sink) { sink(bytes); };
+}
+
 /// The permissions that the replaced file shall have: those it has, or those of any new file.
 mode_t ModeFor(const std::string& path) {
     struct stat status {};
@@ -57,19 +61,29 @@ mode_t ModeFor(const std::string& path) {
     return 0666U & ~mask;
 }
 
-/// Writes a new file beside the target, flushes it to the disk and gives it the target's name by `name`. Nothing of it
-/// is left on failure.
+/// Writes a new file beside the target, flushes it to the disk and gives it the target's name by `name`.
+/// Nothing of it is left on failure.
 template<class Name>
-FileResult WriteBeside(const std::string& target, const std::string& bytes, Name&& name) {
+FileResult WriteBeside(const std::string& target, const ByteSource& source, Name&& name) {
     // A short name of its own, since the target's may already be as long as names can be.
     const std::filesystem::path folder = std::filesystem::path(target).parent_path();
     std::string beside = (folder / ".corvane-XXXXXX").string();
     Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
     if (!file.Valid())
         return Failed(errno);
-    if (!(WriteAll(file.Get(), bytes) && ::fchmod(file.Get(), ModeFor(target)) == 0 &&
-          ::fsync(file.Get()) == 0 && file.Close() && name(beside.c_str()))) {
-        const int reason = errno;
+    int failure = 0;
+    try {
+        source([&](std::string_view piece) {
+            if (failure == 0 && !WriteAll(file.Get(), piece))
+                failure = errno;
+        });
+    } catch (...) {
+        ::unlink(beside.c_str());
+        throw;
+    }
+    if (!(failure == 0 && ::fchmod(file.Get(), ModeFor(target)) == 0 && ::fsync(file.Get()) == 0 &&
+          file.Close() && name(beside.c_str()))) {
+        const int reason = failure != 0 ? failure : errno;
         ::unlink(beside.c_str());
         return Failed(reason);
     }
@@ -117,6 +131,10 @@ FileResult NativeFileStore::Read(const std::string& path, std::string& bytes) co
 }
 
 FileResult NativeFileStore::Replace(const std::string& path, const std::string& bytes) {
+    return ReplaceFrom(path, Whole(bytes));
+}
+
+FileResult NativeFileStore::ReplaceFrom(const std::string& path, const ByteSource& source) {
     std::error_code error;
     std::string target = path;
     if (std::filesystem::is_symlink(path, error))
@@ -128,12 +146,12 @@ FileResult NativeFileStore::Replace(const std::string& path, const std::string& 
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
         return {false, "this is a device or a pipe, not a file", false};
 
-    return WriteBeside(target, bytes,
+    return WriteBeside(target, source,
                        [&](const char* written) { return ::rename(written, target.c_str()) == 0; });
 }
 
 FileResult NativeFileStore::Create(const std::string& path, const std::string& bytes) {
-    FileResult created = WriteBeside(path, bytes, [&](const char* written) {
+    FileResult created = WriteBeside(path, Whole(bytes), [&](const char* written) {
         if (::renameat2(AT_FDCWD, written, AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0)
             return true;
         if (errno == EEXIST)

@@ -14,6 +14,8 @@ public:
     /// link, an existing file keeps its permissions; a folder, device or pipe is refused.
     FileResult Replace(const std::string& path, const std::string& bytes) override;
 
+    FileResult ReplaceFrom(const std::string& path, const ByteSource& source) override;
+
     FileResult Create(const std::string& path, const std::string& bytes) override;
 };
 

@@ -1,0 +1,69 @@
+// How long a scatter plot takes to paint, beside plain ellipses of the same number and size.
+#include "charts/chart_painter.h"
+#include "charts/qt_environment.h"
+#include "plots/xy_plot.h"
+
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+#include <qcustomplot.h>
+#include <random>
+
+namespace {
+
+using namespace corvane;
+
+constexpr int width = 800, height = 600;
+
+PlotRequest Points(std::int64_t count) {
+    std::mt19937 random(3);
+    std::normal_distribution<> normal;
+    std::vector<double> x, y;
+    for (std::int64_t i = 0; i < count; ++i) {
+        x.push_back(normal(random));
+        y.push_back(x.back() + normal(random));
+    }
+    PlotRequest request;
+    request.PointCount = static_cast<std::int32_t>(count);
+    request.ColumnCount = 3;
+    request.Title = "Observed vs Model-Predicted";
+    request.ChartData.assign(2, ShareColumn(std::move(x)));
+    request.ChartData.push_back(ShareColumn(std::move(y)));
+    return request;
+}
+
+void Chart(benchmark::State& state) {
+    PrepareQt();
+    const ChartModel chart = CreateXYPlot(Points(state.range(0)));
+    for (auto _ : state) {
+        QCustomPlot plot;
+        plot.resize(width, height);
+        PaintChart(plot, chart, {width, height});
+        QImage image = plot.toPixmap(width, height).toImage();
+        benchmark::DoNotOptimize(image.bits());
+    }
+}
+
+void PlainEllipses(benchmark::State& state) {
+    PrepareQt();
+    const PlotRequest request = Points(state.range(0));
+    constexpr double diameter = 100.0 / 20 * 96 / 72; // as the chart's
+    for (auto _ : state) {
+        QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Qt::white, 0.8));
+        painter.setBrush(Qt::black);
+        for (std::size_t i = 0; i < request.ChartData[0]->size(); ++i)
+            painter.drawEllipse(QPointF(width / 2 + 80 * (*request.ChartData[0])[i],
+                                        height / 2 - 60 * (*request.ChartData[2])[i]),
+                                diameter / 2, diameter / 2);
+        benchmark::DoNotOptimize(image.bits());
+    }
+}
+
+BENCHMARK(PlainEllipses)->Arg(20'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Chart)->Arg(20'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "analyses/residual_limits.h"
+#include "core/run_state.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// The listing of the residuals: the columns that the user chose, a row a pair.
+struct ResidualTable {
+    std::string header;     ///< Of the report.
+    std::string fileHeader; ///< Of the residue file, which names four columns otherwise.
+    ReportTable rows;
+
+    /// As long as the header. A column with stars is one wider than its header, so the rows are longer.
+    std::string Rule() const { return std::string(header.size(), '-'); }
+
+    /// How many values of a column pass a test, and how many have a star; 0 for a column that is not shown.
+    double Count(std::string_view name, const std::function<bool(double)>& test) const;
+    double Starred(std::string_view name) const;
+};
+
+/// Stars stand strictly outside the limits of the session and of influence.
+ResidualTable ListResiduals(const RunState& run, const InfluenceLimits& limits);
+
+} // namespace corvane

@@ -1,0 +1,64 @@
+#include "support/program.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using testing::Ran;
+
+bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+TEST(PlotCommand, PaintsIntoFilesAndReplacesNoneUnasked) {
+    const testing::ProgramFolder folder;
+    const std::string scatter = "$corvane plot $examples/mtcars.KOV scatter -o s.svg ";
+    const Ran painted = folder.Run(scatter);
+    ASSERT_EQ(painted.exit, 0) << painted.err;
+    EXPECT_EQ(painted.out + painted.err, "");
+    EXPECT_TRUE(Has(folder.Read("s.svg"), ">Observed (Y)<"));
+    const Ran again = folder.Run(scatter);
+    EXPECT_EQ(again.exit, 1);
+    EXPECT_EQ(again.err, "corvane: s.svg exists; --force replaces it\n");
+    EXPECT_EQ(
+        folder.Run(scatter + "--force --log xy --stats trend,mean --grid --no-legend --format 0.0").exit, 0);
+    EXPECT_FALSE(Has(folder.Read("s.svg"), ">Obs<"));
+    const Ran separate = folder.Run("$corvane plot $examples/mtcars.KOV histogram -o h.pdf --set "
+                                    "HIST_PLOT_SEPARATE=true --set HIST_PLOT_DIFFERENCE=1");
+    EXPECT_EQ(separate.exit, 0) << separate.err;
+    for (const char* name : {"h.pdf", "h-2.pdf", "h-3.pdf"})
+        EXPECT_EQ(folder.Read(name).substr(0, 5), "%PDF-") << name;
+}
+
+TEST(PlotCommand, RefusesWithOneClearLine) {
+    const testing::ProgramFolder folder;
+    folder.Write("two.KOV", "4,0,0\nN=3\nDATA:\n1,,2,,,,\n2,,3,,,,\n,,,,,,\n");
+    folder.Write("low.KOV", "4,0,0\nN=3\nDATA:\n-1,,2,,,,\n-2,,3,,,,\n0,,1,,,,\n");
+    const auto refused = [&](const std::string& words, int exit, const std::string& reason) {
+        const Ran ran = folder.Run("$corvane plot " + words);
+        EXPECT_EQ(ran.exit, exit) << words;
+        EXPECT_TRUE(Has(ran.err, reason)) << words << "\n" << ran.err;
+    };
+    refused("two.KOV scatter -o a.png", 1, "two.KOV: Not enough data points to generate a plot");
+    refused("two.KOV ranks -o a.png", 1, "Not enough rank points to generate a plot");
+    refused("low.KOV scatter --log x -o a.png", 1, "no point is above zero, so axis x cannot be logarithmic");
+    refused("low.KOV histogram --set HIST_BINS=5000 -o a.png", 1, "5000, at most 1000");
+    refused("low.KOV histogram --set HIST_PLOT_XY=0 -o a.png", 1, "no histogram is ticked");
+    refused("low.KOV scatter -o a.gif", 2, "does not end in");
+    refused("low.KOV pie -o a.svg", 2, "pie");
+    refused("low.KOV scatter -o none/a.svg", 1, "none/a.svg: ");
+    EXPECT_FALSE(folder.Exists("a.png"));
+}
+
+TEST(PlotCommand, CalcSavesTheChartsOfItsRun) {
+    const testing::ProgramFolder folder;
+    const Ran ran = folder.Run("$corvane calc $examples/mtcars.KOV --all --out out && ls out");
+    ASSERT_EQ(ran.exit, 0) << ran.err;
+    for (const char* name :
+         {"results.txt", "plot-01-Kleijnen Analysis.svg", "plot-04-Histogram of X and Y.svg"})
+        EXPECT_TRUE(Has(ran.out, name)) << name;
+}
+
+} // namespace
+} // namespace corvane
