@@ -37,14 +37,22 @@ int DatasetColumnOf(std::string_view name) {
 
 using Doubt = std::optional<std::string>;
 
-/// Names stand in the first record where none of its fields is a number, values where no other text is.
+/// Whether a text can be nothing but a name: not "1'234", "<0.1", "-" or a number with signs from elsewhere.
+bool IsName(std::string_view text) {
+    const char first = text.front();
+    if (static_cast<unsigned char>(first) >= 0x80)
+        return text.find_first_of("0123456789") == std::string_view::npos;
+    return first == '_' || (first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z');
+}
+
+/// The first record is a header if it holds nothing but names, and data if it holds nothing but numbers.
 Doubt FindHeader(const CsvOptions& options, CsvLayout& layout) {
-    bool texts = false, numbers = false;
+    bool names = false, numbers = false, others = false;
     for (const std::string& field : layout.fields)
         if (!IsMissing(field))
-            (FormOf(field) == NumberForm::None ? texts : numbers) = true;
-    layout.header = options.header.value_or(texts);
-    if (texts && numbers && !options.header)
+            (FormOf(field) != NumberForm::None ? numbers : IsName(field) ? names : others) = true;
+    layout.header = options.header.value_or(names);
+    if (!options.header && (others || (names && numbers)))
         return "it may hold names or values; import with --header yes or --header no";
     return std::nullopt;
 }

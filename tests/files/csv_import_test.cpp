@@ -99,7 +99,8 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
               std::string::npos);
     EXPECT_TRUE(Import("1\t2\n3\t4\n").outcome.summary.starts_with("2 rows, no header; X is column 1; Y is"));
     // A first line of both kinds may be either.
-    ExpectRefused("site,2019,2020\nA,1,2\nB,3,4\n", "--header yes or --header no");
+    for (const char* first : {"site,2019,2020", "1'234;2'345", "<0.1,<0.2", "\u22121.5,\u22122.5", "2m,10m"})
+        ExpectRefused(std::string(first) + "\nA,1,2\nB,3,4\n", "--header yes or --header no");
     CsvOptions numbered;
     numbered.columns[ColumnX] = "2";
     numbered.columns[ColumnY] = "3";
