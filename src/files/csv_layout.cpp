@@ -28,11 +28,13 @@ std::string NameKey(std::string_view name) {
 int DatasetColumnOf(std::string_view name) {
     // Names of columns that are meant otherwise may be of any length.
     constexpr std::size_t longestName = 20;
-    const std::string key = NameKey(name.substr(0, longestName + 1));
+    const std::string key = NameKey(name.substr(0, std::min(name.find('('), longestName)));
     for (int column = ColumnX; column <= LastColumn; ++column)
         if (key == NameKey(DatasetColumnName(column)))
             return column;
-    return 0;
+    if (key == "PRED" || key == "PREDICTED")
+        return ColumnX;
+    return key == "OBS" || key == "OBSERVED" ? ColumnY : 0;
 }
 
 using Doubt = std::optional<std::string>;

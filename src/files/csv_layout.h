@@ -54,8 +54,9 @@ std::string_view SeparatorName(char separator);
 std::string ShownLine(std::string_view text);
 
 /// Finds the separator, the header and the columns. A column for which the options name none is found by its
-/// own name in the header, in any case, blanks and "_" aside. Where no option and no name tells, a table of
-/// two columns is X and Y. Returns what is missing or may be read in two ways, or nothing.
+/// own name in the header, in any case; blanks, "_" and what stands in parentheses aside, and "predicted" and
+/// "observed" are X and Y. Where no option and no name tells, a table of two columns is X and Y. Returns what
+/// is missing or may be read in two ways, or nothing.
 std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& options, CsvLayout& layout);
 
 } // namespace corvane

@@ -93,7 +93,9 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     }
     ExpectRefused(table, "t.csv:1: which column is X? Import with --x");
     ExpectRefused("X,x,Y\n1,2,3\n", "several columns have the name X; import with --x and the number of one");
-    ExpectRefused("X,obs\n1,2\n3,4\n", "which column is Y?");
+    ExpectRefused("X,b\n1,2\n3,4\n", "which column is Y?");
+    EXPECT_EQ(Import("Observed (mm);n;pred\n1;9;2\n3;9;4\n").Rows(), "2 1|4 3|");
+    ExpectRefused("X,Y,obs\n1,2,3\n", "several columns have the name Y");
     ExpectRefused("1,2,3\n4,5,6\n", "which column is X?");
     EXPECT_NE(Import("mpg;wt\n1;2\n3;4\n").outcome.summary.find("X is column 1 'mpg'; Y is column 2 'wt'"),
               std::string::npos);
