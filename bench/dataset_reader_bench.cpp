@@ -1,11 +1,14 @@
 // Reading a dataset file of 10^6 rows beside a plain line count of the same bytes, and the selection of its
-// rows, which turns the cells into numbers.
+// rows, which turns the cells into numbers. The same rows as tables in text form.
 
 #include "core/evaluation_arrays.h"
 #include "core/session_state.h"
+#include "files/csv_import.h"
+#include "files/csv_writer.h"
 #include "files/dataset_reader.h"
 #include "files/dataset_writer.h"
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstring>
@@ -48,8 +51,31 @@ const OneFile& File() {
     return file;
 }
 
-void SetBytes(benchmark::State& state) {
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * File().content.size()));
+void SetBytes(benchmark::State& state, const OneFile& file = File()) {
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * file.content.size()));
+}
+
+/// The table that an export makes of the dataset.
+std::string ExportedTable() {
+    Dataset dataset;
+    SessionState session;
+    LoadFile("d.KOV", dataset, session, File());
+    return CsvText(dataset.cells);
+}
+
+/// X and Y alone, parted by semicolons, with decimal commas and every field in quotes or none.
+std::string PlainTable(bool quotes) {
+    Dataset dataset;
+    SessionState session;
+    LoadFile("d.KOV", dataset, session, File());
+    const std::string quote = quotes ? "\"" : "";
+    std::string text = "X;Y\r\n";
+    for (std::int32_t row = 1; row <= rowCount; ++row)
+        for (const int column : {ColumnX, ColumnY})
+            text +=
+                quote + CellText(dataset.cells.At(column, row)) + quote + (column == ColumnX ? ";" : "\r\n");
+    std::ranges::replace(text, '.', ',');
+    return text;
 }
 
 void CountLines(benchmark::State& state) {
@@ -76,6 +102,21 @@ void ReadDataset(benchmark::State& state) {
     SetBytes(state);
 }
 BENCHMARK(ReadDataset)->Unit(benchmark::kMillisecond);
+
+void ImportTable(benchmark::State& state, std::string text) {
+    const OneFile file(std::move(text));
+    for (auto _ : state) {
+        Dataset dataset;
+        SessionState session;
+        const CsvOutcome outcome = ImportCsv("d.csv", {}, dataset, session, file);
+        if (!outcome.done || !outcome.warnings.empty() || dataset.cells.RowCount() != rowCount)
+            state.SkipWithError("not read");
+    }
+    SetBytes(state, file);
+}
+BENCHMARK_CAPTURE(ImportTable, exported, ExportedTable())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ImportTable, comma_decimals, PlainTable(false))->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ImportTable, quoted_comma_decimals, PlainTable(true))->Unit(benchmark::kMillisecond);
 
 void SelectNumbers(benchmark::State& state) {
     Dataset dataset;

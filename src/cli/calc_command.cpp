@@ -55,7 +55,9 @@ ExitCode RunCalc(const CalcRequest& request) {
         return Fail(WrongEpochMessage);
 
     std::error_code error;
-    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+    std::vector<std::string> messages;
+    if (const std::string fault = OpenDataset(request.data, dataset, session, files, &messages);
+        !fault.empty())
         return Fail(fault);
     if (request.jsonFile != StandardOutput &&
         std::filesystem::equivalent(request.data, request.jsonFile, error))
@@ -66,6 +68,7 @@ ExitCode RunCalc(const CalcRequest& request) {
         return Fail(fault);
 
     KeptMessages dialogs("corvane: " + request.data + ": ");
+    dialogs.texts = std::move(messages);
     TerminalFeedback feedback;
     ClockSeeds clockSeeds;
     FixedSeed userSeed(request.seed.value_or(0));
@@ -80,6 +83,11 @@ ExitCode RunCalc(const CalcRequest& request) {
         return FailedRun(result, request.data);
     for (const std::string& warning : result.warnings)
         dialogs.Warn(request.data, warning);
+    if (request.outFolder.empty() && request.jsonFile.empty())
+        for (const RunWindow& window : result.windows)
+            std::cerr << "corvane: " << request.data << ": " << window.name
+                      << ".txt has a window of its own and is not printed here; --out DIR saves it"
+                      << (window.name == "residue" ? ", --set RESIDUE_WINDOW=0 prints it" : "") << '\n';
 
     if (!request.outFolder.empty())
         if (const FileResult saved = SaveAll(request.outFolder, result, files); !saved.done)

@@ -6,6 +6,7 @@
 #include "cli/generate_command.h"
 #include "cli/plot_command.h"
 #include "cli/switch_run.h"
+#include "cli/table_commands.h"
 #include "core/format/code_page.h"
 #include "core/format/numbers.h"
 #include "core/format/text_lists.h"
@@ -14,6 +15,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -42,7 +44,7 @@ void AddOutputs(CLI::App& command, std::string& outFolder, std::string& jsonFile
 
 void AddCalc(CLI::App& program, CalcRequest& request) {
     CLI::App* calc = program.add_subcommand("calc", "Evaluate a dataset and print the report");
-    calc->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
+    calc->add_option("DATA", request.data, "The dataset file (.KOV) or a table (.csv)")->required();
     calc->add_option(
             "--set", request.assignments,
             "Set an option of the dataset, by its key in the file; also SwapXY, InvertXRanks, InvertYRanks")
@@ -91,7 +93,7 @@ void AddCompare(CLI::App& program, CompareRequest& request) {
 
 void AddPlot(CLI::App& program, PlotCommandRequest& request) {
     CLI::App* plot = program.add_subcommand("plot", "Paint a plot of a dataset into a picture file");
-    plot->add_option("DATA", request.data, "The dataset file (.KOV)")->required();
+    plot->add_option("DATA", request.data, "The dataset file (.KOV) or a table (.csv)")->required();
     plot->add_option("KIND", request.kind, "scatter, ranks or histogram")
         ->required()
         ->check(CLI::IsMember({"scatter", "ranks", "histogram"}));
@@ -118,6 +120,19 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
     plot->add_flag("--no-legend", request.noLegend, "Leave the legend out");
 }
 
+/// -o with a name that ends so (in any case), and --force.
+void AddOutput(CLI::App& command, std::string& file, bool& force, const std::string& ending) {
+    command.add_option("-o,--output", file, "The file to write (" + ending + ")")
+        ->type_name("FILE")
+        ->required()
+        ->check([ending](const std::string& path) {
+            const bool fits = path.size() > ending.size() &&
+                              EqualInAnyCase(path.substr(path.size() - ending.size()), ending);
+            return fits ? std::string() : "'" + path + "' does not end in " + ending;
+        });
+    command.add_flag("--force", force, "Replace the file if it exists");
+}
+
 void AddGenerate(CLI::App& program, GenerateRequest& request) {
     CLI::App* generate = program.add_subcommand("generate", "Write a dataset of random pairs");
     generate->add_option("--method", request.method, "How X and Y are joined: frank, clayton or harlow")
@@ -139,11 +154,40 @@ void AddGenerate(CLI::App& program, GenerateRequest& request) {
     number("--var-y", pairs.VarY, "Variance of Y");
     number("-r", pairs.r, "Correlation of X and Y, from 0 to 1");
     generate->add_option("--seed", request.seed, "The same seed gives the same file")->type_name("N");
-    generate->add_option("-o,--output", request.outputFile, "The dataset file (.KOV)")
-        ->type_name("FILE")
-        ->required()
-        ->check(CheckNotEmpty);
-    generate->add_flag("--force", request.force, "Replace the file if it exists");
+    AddOutput(*generate, request.outputFile, request.force, ".KOV");
+}
+
+void AddImport(CLI::App& program, ImportRequest& request) {
+    CLI::App* import = program.add_subcommand("import", "Make a dataset file of a table (docs/csv.md)");
+    CsvOptions& options = request.options;
+    import->add_option("FILE", request.table, "The table: columns parted by comma, semicolon or tab")
+        ->required();
+    for (int column = ColumnX; column <= LastColumn; ++column)
+        if (const std::string option(ColumnOption(column)); !option.empty())
+            import
+                ->add_option(option, options.columns[static_cast<std::size_t>(column)],
+                             "Column of " + std::string(DatasetColumnName(column)) +
+                                 ", by its name or number")
+                ->type_name("COL")
+                ->check(CheckNotEmpty);
+    const auto takeDecimal = [&options](const std::string& mark) { options.decimal = mark[0]; };
+    const auto takeSeparator = [&options](const std::string& mark) {
+        options.separator = mark == "tab" ? '\t' : mark[0];
+    };
+    const auto takeHeader = [&options](const std::string& answer) { options.header = answer == "yes"; };
+    import->add_option_function<std::string>("--decimal", takeDecimal, "Which mark is decimal")
+        ->check(CLI::IsMember({",", "."}));
+    import->add_option_function<std::string>("--separator", takeSeparator, "What parts the columns")
+        ->check(CLI::IsMember({",", ";", "tab"}));
+    import->add_option_function<std::string>("--header", takeHeader, "Whether the first line holds names")
+        ->check(CLI::IsMember({"yes", "no"}));
+    AddOutput(*import, request.outputFile, request.force, ".KOV");
+}
+
+void AddExport(CLI::App& program, ExportRequest& request) {
+    CLI::App* command = program.add_subcommand("export", "Write the cells of a dataset as a table");
+    command->add_option("DATA", request.data, "The dataset file (.KOV) or a table (.csv)")->required();
+    AddOutput(*command, request.outputFile, request.force, ".csv");
 }
 
 } // namespace
@@ -168,6 +212,10 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     AddPlot(program, plot);
     GenerateRequest generate;
     AddGenerate(program, generate);
+    ImportRequest import;
+    AddImport(program, import);
+    ExportRequest exported;
+    AddExport(program, exported);
 
     const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
     const auto named = [&](const CLI::App* command) {
@@ -197,6 +245,10 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
         return RunPlot(plot);
     if (program.got_subcommand("generate"))
         return RunGenerate(generate);
+    if (program.got_subcommand("import"))
+        return RunImport(import);
+    if (program.got_subcommand("export"))
+        return RunExport(exported);
     std::cerr << "corvane: this build has no window; to evaluate a file: corvane calc "
               << (file.empty() ? "FILE.KOV" : file) << '\n';
     return ExitFailed;

@@ -3,6 +3,7 @@
 #include "app/option_assignments.h"
 #include "core/format/text_lists.h"
 #include "core/grid_operations.h"
+#include "files/csv_import.h"
 #include "files/dataset_reader.h"
 
 #include <filesystem>
@@ -25,12 +26,32 @@ ExitCode Fail(const std::string& what) {
     return ExitFailed;
 }
 
-std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files) {
+void Warn(const std::string& what) {
+    std::cerr << "corvane: warning: " << what << '\n';
+}
+
+std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
+                        std::vector<std::string>* messages) {
     // The header takes the name behind the last separator, so the path must have one.
     std::error_code error;
     const std::string path = std::filesystem::absolute(data, error).string();
     if (error)
         return QuotedForMessage(data) + ": " + error.message();
+    if (EqualInAnyCase(std::filesystem::path(data).extension().string(), ".csv")) {
+        CsvOutcome table = ImportCsv(path, {}, dataset, session, files);
+        table.file = data;
+        if (!table.done)
+            return table.Located(table.fault);
+        for (const CsvRemark& warning : table.warnings) {
+            Warn(table.Located(warning));
+            if (messages)
+                messages->push_back(table.Located(warning));
+        }
+        std::cerr << "corvane: " << table.Located({0, table.summary}) << '\n';
+        if (messages)
+            messages->push_back(table.Located({0, table.summary}));
+        return {};
+    }
     LoadOutcome loaded = LoadFile(path, dataset, session, files);
     if (!loaded.Complete()) {
         loaded.file = data;

@@ -35,16 +35,16 @@ TEST(Generate, RefusesWithOneClearLine) {
         EXPECT_EQ(ran.exit, 1) << command;
         EXPECT_EQ(ran.err, "corvane: " + message + "\n");
     };
-    refused(start + "-n -3 --var-x 0 --var-y 4 -r 2 -o a", "Number of data points cannot be less than 3");
-    refused(start + "-n 3 --var-x 0 --var-y 4 -r -2 -o a", "Correlation has to be between o and 1");
-    refused(start + "-n 3 --var-x 0 --var-y 4 -r 1 -o a", "Variance cannot be negative or zero");
+    refused(start + "-n -3 --var-x 0 --var-y 4 -r 2 -o a.KOV", "Number of data points cannot be less than 3");
+    refused(start + "-n 3 --var-x 0 --var-y 4 -r -2 -o a.KOV", "Correlation has to be between o and 1");
+    refused(start + "-n 3 --var-x 0 --var-y 4 -r 1 -o a.KOV", "Variance cannot be negative or zero");
     refused(good + "-o old.KOV", "old.KOV exists; --force replaces it");
     refused(good + "-o none/a.KOV", "none/a.KOV: No such file or directory");
     EXPECT_EQ(folder.Read("old.KOV"), "old");
     EXPECT_EQ(folder.Run(good + "-o old.KOV --force").exit, 0);
     EXPECT_NE(folder.Read("old.KOV"), "old");
-    for (const char* wrong :
-         {"", "-o ''", "-o a --method gauss", "-o a --mean-x inf", "-o a -n 9.5", "-o a b"})
+    for (const char* wrong : {"", "-o ''", "-o a.KOV --method gauss", "-o a.KOV --mean-x inf",
+                              "-o a.KOV -n 9.5", "-o a.KOV b", "-o a"})
         EXPECT_EQ(folder.Run(good + wrong).exit, 2) << wrong;
     EXPECT_FALSE(folder.Exists("a"));
 }

@@ -1,0 +1,55 @@
+#include "cli/table_commands.h"
+
+#include "cli/command_support.h"
+#include "core/format/code_page.h"
+#include "files/csv_import.h"
+#include "files/csv_writer.h"
+#include "files/dataset_writer.h"
+#include "platform/native/native_file_store.h"
+
+#include <filesystem>
+#include <iostream>
+
+namespace corvane {
+namespace {
+
+/// Writes a file that must not exist, unless it may be replaced, and must not be the one that was read.
+ExitCode WriteResult(const std::string& read, const std::string& path, const std::string& bytes, bool force,
+                     FileStore& files) {
+    std::error_code error;
+    if (std::filesystem::equivalent(read, path, error))
+        return Fail("-o " + path + " would replace the file that is read");
+    const FileResult written = force ? files.Replace(path, bytes) : files.Create(path, bytes);
+    if (written.taken)
+        return Fail(path + " exists; --force replaces it");
+    return written.done ? ExitDone : Fail(path + ": " + written.reason);
+}
+
+} // namespace
+
+ExitCode RunImport(const ImportRequest& request) {
+    NativeFileStore files;
+    Dataset dataset;
+    SessionState session;
+    const CsvOutcome outcome = ImportCsv(request.table, request.options, dataset, session, files);
+    if (!outcome.done)
+        return Fail(outcome.Located(outcome.fault));
+    for (const CsvRemark& warning : outcome.warnings)
+        Warn(outcome.Located(warning));
+    const ExitCode exit = WriteResult(request.table, request.outputFile, EncodeText(DatasetFileText(dataset)),
+                                      request.force, files);
+    if (exit == ExitDone)
+        std::cout << request.table << ": " << outcome.summary << std::endl;
+    return exit;
+}
+
+ExitCode RunExport(const ExportRequest& request) {
+    NativeFileStore files;
+    Dataset dataset;
+    SessionState session;
+    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+        return Fail(fault);
+    return WriteResult(request.data, request.outputFile, CsvText(dataset.cells), request.force, files);
+}
+
+} // namespace corvane

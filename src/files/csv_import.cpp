@@ -1,0 +1,215 @@
+#include "files/csv_import.h"
+
+#include "core/evaluation_arrays.h"
+#include "core/format/code_page.h"
+#include "core/format/numbers.h"
+#include "core/format/text_lists.h"
+#include "core/grid_operations.h"
+#include "files/csv_decimals.h"
+#include "files/csv_reader.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace corvane {
+namespace {
+
+/// Remarks of one kind, of which the first are kept and all are counted.
+class Remarks {
+public:
+    template<class Text>
+    void Add(std::size_t line, Text&& text) {
+        if (count++ < mostKept)
+            kept.push_back({line, text()});
+    }
+    void MoveTo(std::vector<CsvRemark>& all, const std::string& whatInAll) {
+        std::ranges::move(kept, std::back_inserter(all));
+        if (count > mostKept)
+            all.push_back({0, std::to_string(count) + " " + whatInAll + " in all"});
+    }
+
+private:
+    static constexpr std::size_t mostKept = 10;
+    std::vector<CsvRemark> kept;
+    std::size_t count = 0;
+};
+
+/// The import of one table.
+class CsvImport {
+public:
+    CsvImport(std::string_view tableText, const CsvOptions& tableOptions)
+        : table(tableText), options(tableOptions), evidence(tableOptions.decimal) {}
+
+    std::optional<CsvRemark> Run();
+    std::string Summary() const;
+    std::vector<CsvRemark> Warnings();
+
+    DataMatrix cells;
+
+private:
+    std::optional<CsvRemark> ReadRecord(CsvReader& reader);
+    void TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader);
+
+    std::string_view table;
+    const CsvOptions& options;
+    CsvLayout layout;
+    DecimalEvidence evidence;
+    std::int32_t rows = 0;
+    std::string converted; ///< Holds a number with a decimal comma.
+    Remarks notNumbers, withoutY, shortRows;
+    std::optional<CsvRemark> unclearMark;
+};
+
+std::optional<CsvRemark> CsvImport::Run() {
+    constexpr std::int32_t mostRows = std::numeric_limits<std::int32_t>::max() - 1;
+    if (auto doubt = FindLayout(table, options, layout))
+        return doubt;
+    cells.SetRowCount(mostRows);
+    CsvReader reader(table, layout.separator);
+    if (layout.header)
+        for (reader.NextRecord(); !reader.ReadField()->last;) {
+        }
+    while (reader.NextRecord()) {
+        if (rows == mostRows)
+            return CsvRemark{reader.Line(), "the table has more rows than can be counted"};
+        ++rows;
+        if (auto fault = ReadRecord(reader))
+            return CsvRemark{fault->line, fault->text + ShownLine(reader.LineText())};
+    }
+    if (auto doubt = evidence.Doubt(layout.separator))
+        return doubt;
+    if (rows < 2)
+        return CsvRemark{0, "the table has too few rows: " + std::to_string(rows)};
+    cells.SetRowCount(rows);
+    return std::nullopt;
+}
+
+std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader) {
+    std::size_t number = 0;
+    for (bool last = false; !last; ++number) {
+        const auto field = reader.ReadField();
+        if (!field)
+            return CsvRemark{reader.Line(), reader.Fault()};
+        last = field->last;
+        // Empty fields count, too: "1,5," is three, even if what was meant is 1.5 and nothing.
+        if (number >= layout.columns.size())
+            return CsvRemark{reader.Line(),
+                             "the row has more than the " + std::to_string(layout.columns.size()) +
+                                 " columns of the first; is the " +
+                                 std::string(SeparatorName(layout.separator)) + " in it meant otherwise?"};
+        if (layout.columns[number] != 0)
+            TakeCell(*field, number, reader);
+    }
+    if (number < layout.columns.size())
+        shortRows.Add(reader.Line(), [&] {
+            return "the row has " + std::to_string(number) + " of " + std::to_string(layout.columns.size()) +
+                   " columns; the others are empty";
+        });
+    if (IsEmpty(cells.At(ColumnY, rows)) && RowIsAnalysed(cells, rows))
+        withoutY.Add(reader.Line(),
+                     [] { return "X without Y; a run takes the Y for 0 unless the row is excluded"; });
+    return std::nullopt;
+}
+
+void CsvImport::TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader) {
+    const int column = layout.columns[number];
+    const bool exact = layout.exported && field.quoted;
+    const std::string_view text = exact ? field.text : TrimWhiteSpace(field.text);
+    if (text.empty() || (!exact && IsMissing(text)))
+        return;
+    if (column == ColumnExclude) {
+        cells.Set(column, rows, text);
+        if (!unclearMark && !layout.exported &&
+            std::string_view("YyNn").find(text.front()) == std::string_view::npos)
+            unclearMark = {field.line,
+                           layout.NameOf(number) + " is " + QuotedForMessage(text) +
+                               "; a row is excluded by a mark that begins with Y or 0, by no other"};
+        return;
+    }
+    bool isNumber = false;
+    std::string_view value = text;
+    if (exact) {
+        isNumber = ReadNumber(text).has_value();
+    } else {
+        const NumberForm form = FormOf(text);
+        if (!evidence.Seen(form))
+            evidence.Keep(form, reader.Line(), layout.NameOf(number) + ": " + QuotedForMessage(text),
+                          ShownLine(reader.LineText()));
+        isNumber = evidence.IsNumber(form);
+        if (isNumber && (form == NumberForm::Comma || form == NumberForm::CommaOrGroups)) {
+            converted.assign(text);
+            std::ranges::replace(converted, ',', '.');
+            value = converted;
+        }
+    }
+    cells.Set(column, rows, value);
+    if (!isNumber)
+        notNumbers.Add(field.line, [&] {
+            return layout.NameOf(number) + ": " + QuotedForMessage(text) +
+                   " is no number; a run takes it for 0";
+        });
+}
+
+std::vector<CsvRemark> CsvImport::Warnings() {
+    std::vector<CsvRemark> all;
+    notNumbers.MoveTo(all, "cells are no numbers");
+    withoutY.MoveTo(all, "rows have X and no Y");
+    shortRows.MoveTo(all, "rows are short");
+    if (unclearMark)
+        all.push_back(*unclearMark);
+    return all;
+}
+
+std::string CsvImport::Summary() const {
+    std::string text = std::to_string(rows) + (layout.header ? " rows" : " rows, no header");
+    for (std::size_t number = 0; number < layout.columns.size(); ++number)
+        if (layout.columns[number] != 0)
+            text.append("; ")
+                .append(DatasetColumnName(layout.columns[number]))
+                .append(" is ")
+                .append(layout.NameOf(number));
+    if (const auto left = std::ranges::count(layout.columns, 0))
+        text += "; " + std::to_string(left) + (left == 1 ? " column is left out" : " columns are left out");
+    return text + "; parted by " + std::string(SeparatorName(layout.separator)) + ", decimal " +
+           (evidence.Decimal() == ',' ? "comma" : "point");
+}
+
+} // namespace
+
+std::string CsvOutcome::Located(const CsvRemark& remark) const {
+    return file + (remark.line > 0 ? ":" + std::to_string(remark.line) : "") + ": " + remark.text;
+}
+
+CsvOutcome ImportCsv(const std::string& path, const CsvOptions& options, Dataset& dataset,
+                     SessionState& session, const FileStore& files) {
+    CsvOutcome outcome;
+    outcome.file = path;
+    const auto refuse = [&](CsvRemark fault) {
+        outcome.fault = std::move(fault);
+        return outcome;
+    };
+    std::string text;
+    if (const FileResult read = files.Read(path, text); !read.done)
+        return refuse({0, read.reason});
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+        return refuse({0, "the file is in UTF-16; save it in UTF-8"});
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(byteOrderMark))
+        text.erase(0, byteOrderMark.size());
+    if (!IsValidUtf8(text))
+        text = FromWindows1252(text);
+
+    CsvImport import(text, options);
+    if (auto fault = import.Run())
+        return refuse(std::move(*fault));
+    outcome.done = true;
+    outcome.warnings = import.Warnings();
+    outcome.summary = import.Summary();
+    dataset.options.N = std::to_string(import.cells.RowCount());
+    dataset.cells = std::move(import.cells);
+    session.CurrentDatasetName = path;
+    return outcome;
+}
+
+} // namespace corvane

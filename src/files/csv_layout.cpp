@@ -1,0 +1,204 @@
+#include "files/csv_layout.h"
+
+#include "core/format/numbers.h"
+#include "core/format/text_lists.h"
+#include "files/csv_reader.h"
+#include "files/csv_separator.h"
+#include "files/number_form.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace corvane {
+namespace {
+
+constexpr std::array<std::string_view, LastColumn + 1> datasetColumnNames = {
+    "", "X", "SD X", "Y", "SD Y", "Rank X", "Rank Y", "Exclude"};
+/// Ranks are a result and no input, so they have none.
+constexpr std::array<std::string_view, LastColumn + 1> columnOptions = {"",      "--x", "--sdx", "--y",
+                                                                        "--sdy", "",    "",      "--exclude"};
+
+/// "sd_x" and "SDX" are "SD X".
+std::string NameKey(std::string_view name) {
+    std::string key = UpperCase(name);
+    std::erase_if(key, [](char character) { return character == ' ' || character == '_'; });
+    return key;
+}
+
+int DatasetColumnOf(std::string_view name) {
+    // Names of columns that are meant otherwise may be of any length.
+    constexpr std::size_t longestName = 20;
+    const std::string key = NameKey(name.substr(0, std::min(name.find('('), longestName)));
+    for (int column = ColumnX; column <= LastColumn; ++column)
+        if (key == NameKey(DatasetColumnName(column)))
+            return column;
+    if (key == "PRED" || key == "PREDICTED")
+        return ColumnX;
+    return key == "OBS" || key == "OBSERVED" ? ColumnY : 0;
+}
+
+using Doubt = std::optional<std::string>;
+
+/// Whether a text can be nothing but a name: not "1'234", "<0.1", "-" or a number with signs from elsewhere.
+bool IsName(std::string_view text) {
+    const char first = text.front();
+    if (static_cast<unsigned char>(first) >= 0x80)
+        return text.find_first_of("0123456789") == std::string_view::npos;
+    return first == '_' || (first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z');
+}
+
+/// The first record is a header if it holds nothing but names, and data if it holds nothing but numbers.
+Doubt FindHeader(const CsvOptions& options, CsvLayout& layout) {
+    bool names = false, numbers = false, others = false;
+    for (const std::string& field : layout.fields)
+        if (!IsMissing(field))
+            (FormOf(field) != NumberForm::None ? numbers : IsName(field) ? names : others) = true;
+    layout.header = options.header.value_or(names);
+    if (!options.header && (others || (names && numbers)))
+        return "it may hold names or values; import with --header yes or --header no";
+    return std::nullopt;
+}
+
+std::string FieldsShown(const CsvLayout& layout) {
+    constexpr std::size_t mostShown = 8;
+    std::string text = "columns: ";
+    for (std::size_t i = 0; i < std::min(layout.fields.size(), mostShown); ++i)
+        text += (i > 0 ? ", " : "") + std::to_string(i + 1) +
+                (layout.header ? " " + QuotedForMessage(layout.fields[i]) : "");
+    return text + (layout.fields.size() > mostShown ? " to " + std::to_string(layout.fields.size()) : "");
+}
+
+/// The field that the user means by a number from 1, or by a name as it stands or, failing that, in any case.
+Doubt FieldMeant(const CsvLayout& layout, int column, const std::string& meant, std::size_t& field) {
+    const std::string option = std::string(ColumnOption(column)) + " " + QuotedForMessage(meant) + ": ";
+    std::size_t number = 0;
+    const char* const end = meant.data() + meant.size();
+    if (const auto read = std::from_chars(meant.data(), end, number); read.ptr == end && !meant.empty()) {
+        if (read.ec != std::errc() || number < 1 || number > layout.fields.size())
+            return option + "the table has " + std::to_string(layout.fields.size()) + " columns";
+        field = number - 1;
+        return std::nullopt;
+    }
+    if (!layout.header)
+        return option + "the table has no header, so columns are meant by number";
+    const auto find = [&](auto&& matches) {
+        const auto first = std::ranges::find_if(layout.fields, matches);
+        field = static_cast<std::size_t>(first - layout.fields.begin());
+        return std::count_if(first, layout.fields.end(), matches);
+    };
+    auto found = find([&](const std::string& name) { return name == meant; });
+    if (found == 0)
+        found = find([&](const std::string& name) { return EqualInAnyCase(name, meant); });
+    if (found == 0)
+        return option + "no column has that name; " + FieldsShown(layout);
+    if (found > 1)
+        return option + "several columns have that name; mean one by its number";
+    return std::nullopt;
+}
+
+Doubt FindColumns(const CsvOptions& options, CsvLayout& layout) {
+    layout.columns.assign(layout.fields.size(), 0);
+    std::array<bool, LastColumn + 1> found{};
+    for (std::size_t column = ColumnX; column <= LastColumn; ++column) {
+        if (options.columns[column].empty())
+            continue;
+        std::size_t field = 0;
+        if (auto doubt = FieldMeant(layout, static_cast<int>(column), options.columns[column], field))
+            return doubt;
+        if (const int taken = layout.columns[field]; taken != 0)
+            return layout.NameOf(field) + " cannot be both " + std::string(DatasetColumnName(taken)) +
+                   " and " + std::string(DatasetColumnName(static_cast<int>(column)));
+        layout.columns[field] = static_cast<int>(column);
+        found[column] = true;
+    }
+    const auto meantByOption = found;
+    for (std::size_t field = 0; layout.header && field < layout.fields.size(); ++field) {
+        const int column = DatasetColumnOf(layout.fields[field]);
+        const auto index = static_cast<std::size_t>(column);
+        if (column == 0 || layout.columns[field] != 0 || meantByOption[index])
+            continue;
+        if (found[index])
+            return "several columns have the name " + std::string(DatasetColumnName(column)) +
+                   (ColumnOption(column).empty()
+                        ? ""
+                        : "; import with " + std::string(ColumnOption(column)) + " and the number of one");
+        layout.columns[field] = column;
+        found[index] = true;
+    }
+    if (std::ranges::count(found, true) == 0 && layout.fields.size() == 2) {
+        layout.columns = {ColumnX, ColumnY};
+        return std::nullopt;
+    }
+    for (const int column : {ColumnX, ColumnY})
+        if (!found[static_cast<std::size_t>(column)])
+            return "which column is " + std::string(DatasetColumnName(column)) + "? Import with " +
+                   std::string(ColumnOption(column)) + " and its name or number; " + FieldsShown(layout);
+    return std::nullopt;
+}
+
+} // namespace
+
+std::string CsvLayout::NameOf(std::size_t field) const {
+    return "column " + std::to_string(field + 1) + (header ? " " + QuotedForMessage(fields[field]) : "");
+}
+
+bool IsMissing(std::string_view text) {
+    return text.empty() || (text.size() <= 3 && (EqualInAnyCase(text, "NA") || EqualInAnyCase(text, "NaN")));
+}
+
+std::string_view TrimWhiteSpace(std::string_view text) {
+    constexpr std::string_view whiteSpace = " \t";
+    const std::size_t first = text.find_first_not_of(whiteSpace);
+    return first == std::string_view::npos
+               ? std::string_view()
+               : text.substr(first, text.find_last_not_of(whiteSpace) + 1 - first);
+}
+
+std::string_view DatasetColumnName(int column) {
+    return datasetColumnNames[static_cast<std::size_t>(column)];
+}
+
+std::string_view ColumnOption(int column) {
+    return columnOptions[static_cast<std::size_t>(column)];
+}
+
+std::string_view SeparatorName(char separator) {
+    return separator == ',' ? "comma" : separator == ';' ? "semicolon" : "tab";
+}
+
+std::string ShownLine(std::string_view text) {
+    return "; the line is " + QuotedForMessage(text);
+}
+
+std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& options, CsvLayout& layout) {
+    CsvReader first(table, ',');
+    if (!first.NextRecord())
+        return CsvRemark{0, "the file is empty"};
+    const auto inFirstLine = [&](const std::string& text) {
+        return CsvRemark{first.Line(), text + ShownLine(first.LineText())};
+    };
+    layout.exported =
+        first.LineText() == ExportedHeader && !options.decimal && !options.separator && !options.header;
+    if (layout.exported)
+        layout.separator = ',';
+    else if (options.separator)
+        layout.separator = *options.separator;
+    else if (const auto doubt = FindSeparator(table, layout.separator))
+        return inFirstLine(*doubt);
+
+    CsvReader reader(table, layout.separator);
+    reader.NextRecord();
+    for (std::optional<CsvField> field; !field || !field->last;) {
+        field = reader.ReadField();
+        if (!field)
+            return CsvRemark{reader.Line(), reader.Fault() + ShownLine(reader.LineText())};
+        layout.fields.emplace_back(TrimWhiteSpace(field->text));
+    }
+    if (const auto doubt = FindHeader(options, layout))
+        return inFirstLine(*doubt);
+    if (const auto doubt = FindColumns(options, layout))
+        return inFirstLine(*doubt);
+    return std::nullopt;
+}
+
+} // namespace corvane

@@ -1,0 +1,102 @@
+#include "files/csv_reader.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvane {
+
+CsvReader::CsvReader(std::string_view tableText, char fieldSeparator)
+    : text(tableText), separator(fieldSeparator) {
+    for (const char end : {separator, '\r', '\n'})
+        endsField[static_cast<unsigned char>(end)] = true;
+}
+
+std::size_t CsvReader::BehindBlanks() const {
+    return std::min(text.find_first_not_of(' ', position), text.size());
+}
+
+void CsvReader::SkipLineEnd() {
+    if (text[position++] == '\r' && !AtEnd() && text[position] == '\n')
+        ++position;
+    ++line;
+}
+
+bool CsvReader::NextRecord() {
+    for (;;) {
+        recordStart = position;
+        position = BehindBlanks();
+        if (AtEnd())
+            return false;
+        if (!AtLineEnd())
+            break;
+        SkipLineEnd();
+    }
+    position = recordStart;
+    recordLine = line;
+    return true;
+}
+
+std::optional<CsvField> CsvReader::ReadField() {
+    CsvField field;
+    field.line = line;
+    if (const std::size_t start = BehindBlanks(); start < text.size() && text[start] == '"') {
+        position = start;
+        const auto quoted = ReadQuoted();
+        if (!quoted)
+            return std::nullopt;
+        field.text = *quoted;
+        field.quoted = true;
+    } else {
+        const std::size_t begin = position;
+        while (!AtEnd() && !endsField[static_cast<unsigned char>(text[position])])
+            ++position;
+        field.text = text.substr(begin, position - begin);
+    }
+    field.last = AtEnd() || text[position] != separator;
+    if (!field.last)
+        ++position;
+    else if (!AtEnd())
+        SkipLineEnd();
+    return field;
+}
+
+std::optional<std::string_view> CsvReader::ReadQuoted() {
+    const std::size_t opened = position++, openedLine = line;
+    std::size_t pieceStart = position;
+    bool doubled = false;
+    std::string_view content;
+    for (;;) {
+        const std::size_t quote = text.find('"', position);
+        if (quote == std::string_view::npos)
+            return Broken(opened, openedLine, "a quote opens and is never closed");
+        const std::string_view piece = text.substr(pieceStart, quote - pieceStart);
+        line += static_cast<std::size_t>(std::ranges::count(piece, '\n'));
+        position = quote + 1;
+        if (!AtEnd() && text[position] == '"') {
+            if (!std::exchange(doubled, true))
+                unquoted.clear();
+            unquoted.append(piece).push_back('"');
+            pieceStart = ++position;
+            continue;
+        }
+        content = doubled ? unquoted += piece : piece;
+        break;
+    }
+    position = BehindBlanks();
+    if (!AtEnd() && !endsField[static_cast<unsigned char>(text[position])])
+        return Broken(position, line, "text stands between a closing quote and the end of its field");
+    return content;
+}
+
+std::optional<std::string_view> CsvReader::Broken(std::size_t at, std::size_t atLine, std::string what) {
+    recordStart = at == 0 ? 0 : text.find_last_of("\r\n", at - 1) + 1;
+    recordLine = atLine;
+    fault = std::move(what);
+    return std::nullopt;
+}
+
+std::string_view CsvReader::LineText() const {
+    return text.substr(recordStart, text.find_first_of("\r\n", recordStart) - recordStart);
+}
+
+} // namespace corvane

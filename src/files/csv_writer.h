@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/data_matrix.h"
+
+#include <string>
+
+namespace corvane {
+
+/// The cells of a dataset as a table in text form (RFC 4180, in UTF-8): a header and a line for every data
+/// row. Texts that are no plain numbers stand in quotes, so that an import gives the same cells.
+std::string CsvText(const DataMatrix& cells);
+
+} // namespace corvane

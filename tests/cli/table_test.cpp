@@ -1,0 +1,81 @@
+#include "support/program.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using testing::Ran;
+
+class Tables : public ::testing::Test {
+protected:
+    Ran Run(const std::string& command) const { return folder.Run(command); }
+    /// Expects an exit code, nothing on standard output and this on standard error; any text for wrong usage.
+    void ExpectError(const std::string& command, int exit, const std::string& error) {
+        const Ran ran = Run(command);
+        EXPECT_EQ(ran.exit, exit) << command;
+        EXPECT_EQ(ran.out, "") << command;
+        EXPECT_EQ(exit == 2 ? "" : ran.err, error) << command;
+    }
+
+    testing::ProgramFolder folder;
+};
+
+TEST_F(Tables, AnExportImportedIsTheSameDataset) {
+    ExpectError("$corvane export $examples/pearson.KOV -o p.csv", 0, "");
+    EXPECT_EQ(Run("$corvane import p.csv -o q.KOV").exit, 0);
+    ExpectError("$corvane export q.KOV -o q.CSV && cmp p.csv q.CSV", 0, "");
+    const Ran table = Run("$corvane calc p.csv --set WLSM=True"),
+              dataset = Run("$corvane calc q.KOV --set WLSM=True");
+    EXPECT_EQ(table.exit, 0);
+    EXPECT_NE(table.out.find("[p.csv]"), std::string::npos);
+    EXPECT_EQ(table.out.substr(table.out.find("\n....")), dataset.out.substr(dataset.out.find("\n....")));
+    EXPECT_TRUE(table.err.starts_with("corvane: p.csv: 10 rows; X is column 1 'X'; SD X is")) << table.err;
+}
+
+TEST_F(Tables, OptionsReachTheImportAndWarningsTheUser) {
+    folder.Write("t.txt", "\"1,234\",a,x\n5,2,3\n7,8,\n\"2,5\",4,6\n");
+    const Ran ran =
+        Run("$corvane import t.txt --x 2 --y 1 --sdx 3 --decimal , --separator , --header no -o t.kov");
+    EXPECT_EQ(ran.exit, 0);
+    EXPECT_EQ(ran.out, "t.txt: 4 rows, no header; Y is column 1; X is column 2; SD X is column 3; parted by "
+                       "comma, decimal comma\n");
+    EXPECT_EQ(ran.err, "corvane: warning: t.txt:1: column 2: 'a' is no number; a run takes it for 0\n"
+                       "corvane: warning: t.txt:1: column 3: 'x' is no number; a run takes it for 0\n");
+    EXPECT_NE(folder.Read("t.kov").find("\"2\",\"3\",\"5\",\"\",\"\",\"\",\"\"\r\n"), std::string::npos);
+    folder.Write("n.csv", "x;y\n1,5;2\n2;\n3;5\n4;4\n");
+    const Ran calc = Run("$corvane calc n.csv --json -");
+    const std::string warning = "n.csv:3: X without Y; a run takes the Y for 0 unless the row is excluded";
+    EXPECT_TRUE(
+        calc.err.starts_with("corvane: warning: " + warning + "\ncorvane: n.csv: 4 rows; X is column 1 'x'"))
+        << calc.err;
+    EXPECT_NE(calc.out.find("\"messages\": [\n    \"" + warning + "\",\n    \"n.csv: 4 rows; X"),
+              std::string::npos)
+        << calc.out;
+}
+
+TEST_F(Tables, RefusalsLeaveEveryFileAsItWas) {
+    folder.Write("d.csv", "X;Y\n1.234;2\n3;4\n5;7\n");
+    const std::string doubt =
+        "corvane: d.csv:2: column 1 'X': '1.234' and all its like may be decimal or have a thousands "
+        "separator; if the point is decimal, import with --decimal .; the line is '1.234;2'\n";
+    ExpectError("$corvane calc d.csv", 1, doubt);
+    ExpectError("$corvane import d.csv -o d.KOV", 1, doubt);
+    EXPECT_FALSE(folder.Exists("d.KOV"));
+    EXPECT_EQ(Run("$corvane import d.csv --decimal . -o d.KOV").exit, 0);
+    ExpectError("$corvane import d.csv --decimal . -o d.KOV", 1,
+                "corvane: d.KOV exists; --force replaces it\n");
+    ExpectError("$corvane export d.KOV -o d.csv", 1, "corvane: d.csv exists; --force replaces it\n");
+    ExpectError(
+        "ln -s d.KOV e.csv; $corvane import d.KOV --force -o d.KOV 2>/dev/null; $corvane export d.KOV "
+        "--force -o e.csv",
+        1, "corvane: -o e.csv would replace the file that is read\n");
+    EXPECT_TRUE(folder.Read("d.KOV").starts_with("4,0,0"));
+    for (const char* usage : {"import d.csv", "import d.csv -o d", "import -o d.KOV", "export d.KOV -o d.KOV",
+                              "import d.csv -o e.KOV --decimal x", "import d.csv -o e.KOV --header perhaps"})
+        ExpectError(std::string("$corvane ") + usage, 2, "");
+}
+
+} // namespace
+} // namespace corvane
