@@ -48,7 +48,7 @@ public:
     void Take(std::string_view text) {
         const auto value = ReadNumber(text);
         if (!value) {
-            if (text.find_first_not_of(" ") != std::string_view::npos)
+            if (text.find_first_not_of(' ') != std::string_view::npos)
                 ++result.notNumbers;
             return;
         }

@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-PlotRequest PointPlot(PlotTitles titles, SharedColumn x, SharedColumn y, const SessionState& session) {
+PlotRequest PointPlot(PlotTitles titles, const SharedColumn& x, SharedColumn y, const SessionState& session) {
     constexpr std::size_t points = 3; // the chart column that is drawn
     PlotRequest request;
     request.PointCount = static_cast<std::int32_t>(y->size());

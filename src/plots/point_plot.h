@@ -16,6 +16,6 @@ struct PlotTitles {
 
 /// The request of the analyses: n points (x, y) in three chart columns, x twice, with axes of their own and
 /// no legend, blue; the footnote has their number.
-PlotRequest PointPlot(PlotTitles titles, SharedColumn x, SharedColumn y, const SessionState& session);
+PlotRequest PointPlot(PlotTitles titles, const SharedColumn& x, SharedColumn y, const SessionState& session);
 
 } // namespace corvane

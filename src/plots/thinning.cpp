@@ -2,6 +2,8 @@
 
 #include "plots/chart_operations.h"
 
+#include <cmath>
+
 namespace corvane {
 
 std::vector<std::size_t> VisiblePoints(const ChartSeries& series, const ChartScales& scales, int width,
@@ -14,7 +16,7 @@ std::vector<std::size_t> VisiblePoints(const ChartSeries& series, const ChartSca
         if (!within(across) || !within(up))
             continue;
         const auto dot = [](double share, int dots) {
-            return static_cast<std::size_t>(share * (dots - 1) + 0.5);
+            return static_cast<std::size_t>(std::lround(share * (dots - 1)));
         };
         const std::size_t at = dot(up, height) * static_cast<std::size_t>(width) + dot(across, width);
         if (taken[at])
