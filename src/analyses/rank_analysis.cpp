@@ -21,6 +21,10 @@ constexpr const char* comments[] = {
     "",
 };
 
+stats::SpearmanResult Spearman(const EvaluationArrays& arrays, const AnalysisOptions& options) {
+    return stats::SpearmanRank(arrays.X, arrays.Y, IsSet(options.InvertXRanks), IsSet(options.InvertYRanks));
+}
+
 void WriteRankColumns(DataMatrix& cells, const stats::SpearmanResult& ranks) {
     const std::size_t count = ranks.Order.size();
     std::vector<double> rankX(count), rankY(count);
@@ -46,9 +50,7 @@ void WriteRankColumns(DataMatrix& cells, const stats::SpearmanResult& ranks) {
 
 void WriteRankAnalysis(RunState& run) {
     const std::vector<double>&X = run.arrays.X, &Y = run.arrays.Y;
-    const AnalysisOptions& options = run.Options();
-    const stats::SpearmanResult spearman =
-        stats::SpearmanRank(X, Y, IsSet(options.InvertXRanks), IsSet(options.InvertYRanks));
+    const stats::SpearmanResult spearman = Spearman(run.arrays, run.Options());
     ReportSection& section =
         run.report.BeginSection("rank_analysis", "RANK ANALYSIS - NONPARAMETRICS (Agresti, 1996, 2002)");
     if (run.Comments())
@@ -85,6 +87,10 @@ void WriteRankAnalysis(RunState& run) {
                      FP(10, 5, whitney.OneSidedP).Named("OneSidedP_WD"), ")");
     });
     WriteRankColumns(run.dataset.cells, spearman);
+}
+
+void FillRanks(Dataset& dataset) {
+    WriteRankColumns(dataset.cells, Spearman(SelectRows(dataset.cells), dataset.options));
 }
 
 } // namespace corvane

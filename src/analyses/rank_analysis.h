@@ -10,4 +10,7 @@ namespace corvane {
 /// the one that takes the last rank keep what they hold.
 void WriteRankAnalysis(RunState& run);
 
+/// Writes the ranks alone.
+void FillRanks(Dataset& dataset);
+
 } // namespace corvane

@@ -3,10 +3,12 @@
 #include "charts/chart_painter.h"
 #include "charts/qt_environment.h"
 #include "core/format/text_lists.h"
+#include "plots/axis_scale.h"
 
 #include <QBuffer>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <qcustomplot.h>
 
 namespace corvane {
 namespace {
@@ -29,7 +31,7 @@ QByteArray Svg(const ChartModel& chart, QSize size) {
     generator.setResolution(static_cast<int>(pixelsPerInch));
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(), size));
-    generator.setTitle(QString::fromStdString(chart.title));
+    generator.setTitle(QString::fromStdString(chart.title).toHtmlEscaped()); // written as it stands
     PaintChartOn(generator, chart, size, 1);
     return bytes;
 }
@@ -64,6 +66,16 @@ QByteArray Bytes(const ChartModel& chart, ChartFormat format, QSize size) {
     return {};
 }
 
+/// Why the axes cannot be drawn, or "".
+std::string OutOfReach(const ChartModel& chart) {
+    const ChartScales scales = ScalesOf(chart);
+    for (const AxisScale* scale : {&scales.x, &scales.y})
+        if (!QCPRange::validRange(scale->minimum, scale->maximum) ||
+            (scale->logarithmic && scale->minimum <= 0))
+            return "its values are too large or too small a number to be drawn";
+    return {};
+}
+
 } // namespace
 
 std::optional<ChartFormat> ChartFormatOf(std::string_view path) {
@@ -82,6 +94,8 @@ std::optional<ChartFormat> ChartFormatOf(std::string_view path) {
 
 ChartPicture RenderChart(const ChartModel& chart, ChartFormat format, ChartSize size) {
     if (const std::string reason = PrepareQt(); !reason.empty())
+        return {{}, reason};
+    if (const std::string reason = OutOfReach(chart); !reason.empty())
         return {{}, reason};
     const QByteArray bytes = Bytes(chart, format, {size.width, size.height});
     if (bytes.isEmpty())

@@ -13,11 +13,6 @@ enum class ChartFormat { Svg, Png, Pdf, Bmp };
 /// The format that a file's name ends in.
 std::optional<ChartFormat> ChartFormatOf(std::string_view path);
 
-/// The size of a picture in pixels of 1/96 inch.
-struct ChartSize {
-    int width = 800, height = 600;
-};
-
 /// A chart as the bytes of a picture file, or why there is none. PNG and BMP have two dots a pixel.
 struct ChartPicture {
     std::string bytes;

@@ -4,13 +4,6 @@
 #include <numeric>
 
 namespace corvane {
-namespace {
-
-QString CategoryOf(const ChartModel& chart, std::size_t bin) {
-    return QString::fromStdString(chart.categories[bin]);
-}
-
-} // namespace
 
 QColor ColourOf(const Colour& colour) {
     return {colour.red, colour.green, colour.blue};
@@ -21,7 +14,8 @@ QColor SliceColour(int slice) {
                                      {0, 114, 178}, {213, 94, 0},   {204, 121, 167}, {153, 153, 153}};
     constexpr int count = static_cast<int>(std::size(colours));
     const int round = slice / count % 3;
-    return round == 0 ? colours[slice % count] : colours[slice % count].lighter(100 + 25 * round);
+    const QColor& colour = colours[slice % count];
+    return round == 0 ? colour : round == 1 ? colour.darker(150) : colour.lighter(140);
 }
 
 void PieItem::draw(QCPPainter* painter) {
@@ -32,46 +26,72 @@ void PieItem::draw(QCPPainter* painter) {
                 {area.left() + width * static_cast<double>(i), area.top(), width, area.height()});
 }
 
+QString PieItem::Label(const ChartSeries& series, std::size_t bin) const {
+    const double value = (*series.y)[bin];
+    return QString::fromStdString(model.categories[bin]) + "  " +
+           (model.yAxis.wholeNumbers ? QString::number(value, 'f', 0)
+                                     : QString("%1 %").arg(value, 0, 'f', 1));
+}
+
 void PieItem::DrawPie(QCPPainter* painter, const ChartSeries& series, const QRectF& place) const {
-    constexpr double labelRoom = 92, nameRoom = 24, degreesAround = 360, sixteenths = 16;
-    const double side = std::min(place.width() - 2 * labelRoom, place.height() - 4 * nameRoom);
-    const std::vector<double>& values = *series.y;
-    const double total = std::accumulate(values.begin(), values.end(), 0.0);
-    if (side <= 0 || total <= 0)
-        return;
-    const QPointF centre(place.center().x(), place.center().y() + nameRoom / 2);
-    const QRectF circle(centre.x() - side / 2, centre.y() - side / 2, side, side);
+    constexpr double nameRoom = 24, labelGap = 10, labelHeight = 16, degreesAround = 360, sixteenths = 16;
     QFont font(QString::fromStdString(model.font));
     font.setPixelSize(13);
     painter->setFont(font);
     painter->setAntialiasing(true);
+    const std::vector<double>& values = *series.y;
+    double labelRoom = 0;
+    for (std::size_t bin = 0; bin < values.size(); ++bin)
+        labelRoom = std::max(labelRoom, QFontMetricsF(font).horizontalAdvance(Label(series, bin)));
+    const double side =
+        std::min(place.width() - 2 * (labelRoom + labelGap + 2), place.height() - 4 * nameRoom);
+    const double total = std::accumulate(values.begin(), values.end(), 0.0);
+    if (side <= 0 || total <= 0)
+        return;
+    const QPointF centre = place.center();
+    const QRectF circle(centre.x() - side / 2, centre.y() - side / 2, side, side);
     double start = 0.25 * degreesAround; // at the top, clockwise
+    double lowest = place.top() - labelHeight, highest = place.bottom() + labelHeight; // of the labels so far
     for (std::size_t bin = 0; bin < values.size(); ++bin) {
         const double share = values[bin] / total, span = -share * degreesAround;
         if (share == 0)
             continue;
         painter->setPen(QPen(Qt::white, 1.5));
         painter->setBrush(SliceColour(static_cast<int>(bin)));
-        painter->drawPie(circle, qRound(start * sixteenths), qRound(span * sixteenths));
-        constexpr double leastLabelled = 0.02;
+        if (share == 1)
+            painter->drawEllipse(circle);
+        else
+            painter->drawPie(circle, qRound(start * sixteenths), qRound(span * sixteenths));
+        constexpr double leastLabelled = 0.01;
         if (share >= leastLabelled) {
-            const double angle = (start + span / 2) * M_PI / 180, reach = side / 2 + 10;
-            const QPointF at = centre + QPointF(reach * std::cos(angle), -reach * std::sin(angle));
-            const QString text = CategoryOf(model, bin) + QString(" %1 %").arg(100 * share, 0, 'f', 1);
+            const double angle = (start + span / 2) * M_PI / 180, reach = side / 2 + labelGap;
             const bool right = std::cos(angle) >= 0;
+            // Going round, labels come down on the right and go up on the left: none covers the one before,
+            // nor the pie.
+            double& edge = right ? lowest : highest;
+            const double wanted = centre.y() - reach * std::sin(angle);
+            edge = right ? std::max(wanted, edge + labelHeight) : std::min(wanted, edge - labelHeight);
+            const double up = edge - centre.y(), out = std::sqrt(std::max(0.0, reach * reach - up * up));
             painter->setPen(Qt::black);
-            painter->drawText(QRectF(right ? at.x() : at.x() - 120, at.y() - 10, 120, 20),
-                              (right ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, text);
+            painter->drawText(QRectF(right ? centre.x() + out : centre.x() - out - labelRoom,
+                                     edge - labelHeight / 2, labelRoom, labelHeight),
+                              (right ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter | Qt::TextDontClip,
+                              Label(series, bin));
         }
         start += span;
     }
     painter->setPen(Qt::black);
-    painter->drawText(QRectF(place.left(), circle.top() - 2 * nameRoom, place.width(), nameRoom),
-                      Qt::AlignCenter, QString::fromStdString(series.name));
+    const auto line = [&](double top, const std::string& text) {
+        painter->drawText(QRectF(place.left(), top, place.width(), nameRoom), Qt::AlignCenter,
+                          QString::fromStdString(text));
+    };
+    line(std::min(circle.top() - 2 * nameRoom, highest - 1.5 * nameRoom), series.name);
+    line(circle.bottom() + nameRoom, model.yAxis.title);
 }
 
 void SolidItem::DrawBox(QCPPainter* painter, const QRectF& front, const QColor& colour) const {
-    const QPointF depth = 0.5 * Depth();
+    // Of slim bars the depth is slim, too: it stands over the next bar's front.
+    const QPointF depth = std::min(0.5, 0.4 * front.width() / Depth().x()) * Depth();
     painter->setPen(QPen(colour.darker(150), 1));
     painter->setBrush(colour.lighter(125));
     painter->drawPolygon(
@@ -99,36 +119,44 @@ void SolidItem::DrawRibbon(QCPPainter* painter, const QPolygonF& top, double gro
     const QPointF right(top.last().x(), ground);
     painter->setBrush(colour.darker(125));
     painter->drawPolygon(QPolygonF({top.last(), top.last() + depth, right + depth, right}));
-    painter->setBrush(colour);
+    QColor face = colour; // which lets the series behind it shine through
+    face.setAlphaF(model.series.size() > 1 ? 0.55F : 1.0F);
+    painter->setBrush(face);
     painter->drawPolygon(front);
 }
 
 void SolidItem::draw(QCPPainter* painter) {
     const QCPAxis *across = mParentPlot->xAxis, *up = mParentPlot->yAxis;
-    const double ground = up->coordToPixel(std::max(0.0, up->range().lower));
-    const int count = static_cast<int>(model.series.size());
+    const auto heightOf = [up](double value) { return up->coordToPixel(std::max(value, up->range().lower)); };
+    const double ground = heightOf(0.0);
     painter->setAntialiasing(true);
-    for (int s = count - 1; s >= 0; --s) { // from the back
-        const ChartSeries& series = model.series[static_cast<std::size_t>(s)];
-        const QColor colour = ColourOf(series.colour);
-        const QPointF behind = count > 1 ? 0.5 * s * Depth() : QPointF();
-        QPolygonF top;
-        for (std::size_t k = 0; k < series.y->size(); ++k) {
-            const double centre = static_cast<double>(k + 1), height = up->coordToPixel((*series.y)[k]);
-            if (model.style == ChartStyle::Bar) {
-                constexpr double barWidth = 0.8;
-                const double each = barWidth / count, left = centre - barWidth / 2 + s * each;
-                const double from = across->coordToPixel(left), to = across->coordToPixel(left + 0.9 * each);
-                DrawBox(painter, QRectF(QPointF(from, height), QPointF(to, ground)), colour);
-            } else if (model.style == ChartStyle::Step) {
-                top << QPointF(across->coordToPixel(centre - 0.5), height) + behind
-                    << QPointF(across->coordToPixel(centre + 0.5), height) + behind;
-            } else {
-                top << QPointF(across->coordToPixel(centre), height) + behind;
+    const std::size_t count = model.series.size();
+    if (model.style == ChartStyle::Bar) {
+        constexpr double barWidth = 0.8;
+        const double each = barWidth / static_cast<double>(count);
+        for (std::size_t k = 0; k < model.categories.size();
+             ++k) // from left to right, so that fronts stay free
+            for (std::size_t s = 0; s < count; ++s) {
+                const double left = static_cast<double>(k + 1) - barWidth / 2 + static_cast<double>(s) * each;
+                DrawBox(painter,
+                        QRectF(QPointF(across->coordToPixel(left), heightOf((*model.series[s].y)[k])),
+                               QPointF(across->coordToPixel(left + 0.9 * each), ground)),
+                        ColourOf(model.series[s].colour));
             }
+        return;
+    }
+    for (std::size_t s = count; s-- > 0;) { // the first series in front; all stand on the axis's own plane
+        QPolygonF top;
+        for (std::size_t k = 0; k < model.categories.size(); ++k) {
+            const double centre = static_cast<double>(k + 1), height = heightOf((*model.series[s].y)[k]);
+            if (model.style == ChartStyle::Step)
+                top << QPointF(across->coordToPixel(centre - 0.5), height)
+                    << QPointF(across->coordToPixel(centre + 0.5), height);
+            else
+                top << QPointF(across->coordToPixel(centre), height);
         }
         if (!top.isEmpty())
-            DrawRibbon(painter, top, ground + behind.y(), colour);
+            DrawRibbon(painter, top, ground, ColourOf(model.series[s].colour));
     }
 }
 

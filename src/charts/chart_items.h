@@ -26,7 +26,7 @@ protected:
     ChartModel model;
 };
 
-/// A pie for each series, side by side, each slice with its category and share.
+/// A pie for each series, side by side, each slice with its category and value.
 class PieItem : public ChartItem {
 public:
     using ChartItem::ChartItem;
@@ -35,15 +35,17 @@ protected:
     void draw(QCPPainter* painter) override;
 
 private:
+    QString Label(const ChartSeries& series, std::size_t bin) const;
     void DrawPie(QCPPainter* painter, const ChartSeries& series, const QRectF& place) const;
 };
 
-/// A histogram's bars, ribbons, areas or steps with depth, one series behind the other.
+/// A histogram's bars, ribbons, areas or steps with depth, which all stand on the plane of the axis.
 class SolidItem : public ChartItem {
 public:
     using ChartItem::ChartItem;
 
-    /// How far the last series stands to the right of the first and above it, in pixels.
+    /// How far the back of the room lies to the right of its front and above it, in pixels; marks reach half
+    /// as deep.
     static QPointF Depth() { return {14, -10}; }
 
 protected:

@@ -11,7 +11,7 @@ namespace corvane {
 namespace {
 
 constexpr double pixelsPerInch = 96, pixelsPerPoint = pixelsPerInch / 72;
-const QColor ink(40, 40, 40), paleArea(244, 243, 238), palePlot(251, 250, 245), gridInk(222, 222, 222);
+const QColor ink(40, 40, 40), paleArea(244, 243, 238), palePlot(236, 243, 248), gridInk(222, 222, 222);
 
 QFont FontOf(const std::string& family, double points) {
     QFont font(QString::fromStdString(family));
@@ -22,8 +22,8 @@ QFont FontOf(const std::string& family, double points) {
 /// Ticks and labels of the chart's own scale, and of any other range when the axis is moved or zoomed.
 class ScaleTicker : public QCPAxisTicker {
 public:
-    ScaleTicker(AxisScale axisScale, ChartAxis chartAxis)
-        : scale(std::move(axisScale)), axis(std::move(chartAxis)) {}
+    ScaleTicker(const QCPAxis& drawnAxis, AxisScale axisScale, ChartAxis chartAxis)
+        : drawn(drawnAxis), scale(std::move(axisScale)), axis(std::move(chartAxis)) {}
 
 protected:
     void generate(const QCPRange& range, const QLocale&, QChar, int, QVector<double>& ticks,
@@ -38,9 +38,28 @@ protected:
         tickLabels->clear();
         for (const double place : shown.major)
             tickLabels->append(QString::fromStdString(TickLabel(shown, place)));
+        if (drawn.orientation() == Qt::Horizontal)
+            LeaveRoom(*tickLabels);
     }
 
 private:
+    /// Empties as many labels as are needed that no two overlap.
+    void LeaveRoom(QVector<QString>& labels) const {
+        const QFontMetrics metrics(drawn.tickLabelFont());
+        int widest = 0;
+        for (const QString& label : labels)
+            widest = std::max(widest, metrics.horizontalAdvance(label));
+        constexpr int gap = 12;
+        constexpr double besides = 100; // what stands left and right of the axis
+        const double room = drawn.parentPlot()->width() - besides;
+        const double wanted = static_cast<double>(labels.size()) * (widest + gap);
+        const auto every =
+            std::max<qsizetype>(1, static_cast<qsizetype>(std::ceil(wanted / std::max(1.0, room))));
+        for (qsizetype k = 0; k < labels.size(); ++k)
+            if (k % every != 0)
+                labels[k].clear();
+    }
+
     AxisScale Moved(const QCPRange& range) const {
         ChartAxis moved = axis;
         moved.automatic = false;
@@ -50,9 +69,59 @@ private:
         return ScaleOf(moved, {range.lower, range.upper});
     }
 
+    const QCPAxis& drawn;
     AxisScale scale;
     ChartAxis axis;
 };
+
+/// Points whose marks may reach over the frame that they lie on, and which the legend shows in full colour.
+class PointGraph : public QCPGraph {
+public:
+    PointGraph(QCPAxis* x, QCPAxis* y) : QCPGraph(x, y) {}
+
+    QCPScatterStyle legendStyle = QCPScatterStyle::ssDisc;
+
+protected:
+    QRect clipRect() const override {
+        constexpr int over = 8;
+        return QCPGraph::clipRect().adjusted(-over, -over, over, over);
+    }
+
+    void drawLegendIcon(QCPPainter* painter, const QRectF& place) const override {
+        applyScattersAntialiasingHint(painter);
+        legendStyle.applyTo(painter, pen());
+        legendStyle.drawShape(painter, place.center());
+    }
+};
+
+QCPScatterStyle StyleOf(Marker marker, const QColor& colour, double across) {
+    const auto filled = [&](QCPScatterStyle::ScatterShape shape) {
+        return QCPScatterStyle(shape, Qt::NoPen, QBrush(colour), across);
+    };
+    const auto drawn = [&](QCPScatterStyle::ScatterShape shape) {
+        return QCPScatterStyle(shape, QPen(colour, 1.6), Qt::NoBrush, across);
+    };
+    switch (marker) {
+    case Marker::Cross:
+        return drawn(QCPScatterStyle::ssCross);
+    case Marker::Circle:
+        return drawn(QCPScatterStyle::ssCircle);
+    case Marker::Plus:
+        return drawn(QCPScatterStyle::ssPlus);
+    case Marker::Star:
+        return drawn(QCPScatterStyle::ssStar);
+    case Marker::Square:
+        return filled(QCPScatterStyle::ssSquare);
+    case Marker::Diamond:
+        return filled(QCPScatterStyle::ssDiamond);
+    case Marker::Triangle:
+        return filled(QCPScatterStyle::ssTriangle);
+    case Marker::Dot:
+    case Marker::None:
+        break;
+    }
+    return filled(QCPScatterStyle::ssCircle);
+}
 
 /// The names of a histogram's bins, as many as there is room for.
 QSharedPointer<QCPAxisTicker> CategoryTicker(const ChartModel& chart) {
@@ -64,12 +133,12 @@ QSharedPointer<QCPAxisTicker> CategoryTicker(const ChartModel& chart) {
     return ticker;
 }
 
-void SetUpAxis(QCPAxis& axis, const ChartModel& chart, const ChartAxis& asked, const AxisScale& scale) {
+void SetUpAxis(QCPAxis& axis, const ChartAxis& asked, const AxisScale& scale) {
     axis.setScaleType(scale.logarithmic ? QCPAxis::stLogarithmic : QCPAxis::stLinear);
     axis.setRange(scale.minimum, scale.maximum);
     axis.setLabel(QString::fromStdString(asked.title));
-    axis.setLabelFont(FontOf(chart.font, asked.titleSize));
-    axis.setTickLabelFont(FontOf(chart.font, asked.labelSize));
+    axis.setLabelFont(FontOf(asked.titleFont, asked.titleSize));
+    axis.setTickLabelFont(FontOf(asked.labelFont, asked.labelSize));
     axis.setLabelColor(ink);
     axis.setTickLabelColor(ink);
     axis.grid()->setVisible(asked.gridlines);
@@ -80,11 +149,12 @@ void SetUpAxis(QCPAxis& axis, const ChartModel& chart, const ChartAxis& asked, c
 }
 
 void SetUpAxes(QCustomPlot& plot, const ChartModel& chart, const ChartScales& scales) {
-    SetUpAxis(*plot.xAxis, chart, chart.xAxis, scales.x);
-    SetUpAxis(*plot.yAxis, chart, chart.yAxis, scales.y);
-    plot.yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new ScaleTicker(scales.y, chart.yAxis)));
+    SetUpAxis(*plot.xAxis, chart.xAxis, scales.x);
+    SetUpAxis(*plot.yAxis, chart.yAxis, scales.y);
+    plot.yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new ScaleTicker(*plot.yAxis, scales.y, chart.yAxis)));
     if (chart.style == ChartStyle::Scatter)
-        plot.xAxis->setTicker(QSharedPointer<QCPAxisTicker>(new ScaleTicker(scales.x, chart.xAxis)));
+        plot.xAxis->setTicker(
+            QSharedPointer<QCPAxisTicker>(new ScaleTicker(*plot.xAxis, scales.x, chart.xAxis)));
     else
         plot.xAxis->setTicker(CategoryTicker(chart));
     // The frame: the far axes repeat the ticks of the near ones.
@@ -108,11 +178,23 @@ void SetUpAxes(QCustomPlot& plot, const ChartModel& chart, const ChartScales& sc
             axis->setVisible(false);
 }
 
-/// A curve through places along the whole axis, which a straight line is not on a logarithmic one.
+/// A curve through places along an axis, which a straight line is not on a logarithmic one. It ends where it
+/// leaves the frame: not every picture format cuts it off there.
 QCPGraph* AddLine(QCustomPlot& plot, const ChartScales& scales, double intercept, double slope, double from,
                   double to) {
     constexpr int places = 200;
     QCPGraph* graph = plot.addGraph();
+    const double bottom = scales.y.minimum - intercept, top = scales.y.maximum - intercept;
+    if (slope == 0 && (bottom > 0 || top < 0))
+        return graph;
+    from = std::max(from, scales.x.minimum);
+    to = std::min(to, scales.x.maximum);
+    if (slope != 0) {
+        from = std::max(from, (slope > 0 ? bottom : top) / slope);
+        to = std::min(to, (slope > 0 ? top : bottom) / slope);
+    }
+    if (from > to)
+        return graph;
     for (int i = 0; i <= places; ++i) {
         const double share = static_cast<double>(i) / places;
         const double x =
@@ -124,7 +206,7 @@ QCPGraph* AddLine(QCustomPlot& plot, const ChartScales& scales, double intercept
 
 void AddPoints(QCustomPlot& plot, const ChartSeries& series, const ChartScales& scales, QSize size) {
     constexpr double twentiethsPerPoint = 20;
-    QCPGraph* graph = plot.addGraph();
+    auto* graph = new PointGraph(plot.xAxis, plot.yAxis);
     // Crowds are painted on dots of two pixels, a few points on all the dots that there are.
     constexpr std::size_t crowd = 20'000;
     const double dots = series.y->size() > crowd ? 0.5 : 2;
@@ -145,49 +227,71 @@ void AddPoints(QCustomPlot& plot, const ChartSeries& series, const ChartScales& 
     const double across =
         std::max(3.0, std::sqrt(share) * pixelsPerPoint * series.markerSize / twentiethsPerPoint);
     QColor colour = ColourOf(series.colour);
+    constexpr double leastInLegend = 7;
+    graph->legendStyle = StyleOf(series.marker, colour, std::max(leastInLegend, across));
     graph->setPen(share < 1 ? QPen(Qt::NoPen) : QPen(Qt::white, 0.8));
-    if (series.marker == Marker::Cross) {
-        graph->setScatterStyle(
-            QCPScatterStyle(QCPScatterStyle::ssCross, QPen(colour, 1.6), Qt::NoBrush, across));
-        return;
+    colour.setAlphaF(static_cast<float>(std::clamp(share, 0.35, 1.0)));
+    graph->setScatterStyle(StyleOf(series.marker, colour, across));
+}
+
+void AddPointLabels(QCustomPlot& plot, const ChartModel& chart, const ChartSeries& series) {
+    for (const auto& [point, text] : series.labels) {
+        if (point >= series.y->size() || !series.x)
+            continue;
+        auto* label = new QCPItemText(&plot);
+        label->position->setCoords((*series.x)[point], (*series.y)[point]);
+        label->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        label->setPadding(QMargins(5, 0, 0, 3));
+        label->setFont(FontOf(chart.font, 9));
+        label->setColor(ink);
+        label->setText(QString::fromStdString(text));
     }
-    colour.setAlphaF(static_cast<float>(std::clamp(4 * share, 0.35, 1.0)));
-    graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCircle, Qt::NoPen, QBrush(colour), across));
 }
 
 void AddScatterSeries(QCustomPlot& plot, const ChartSeries& series, const ChartScales& scales, QSize size) {
     if (series.line) {
-        const auto extent = ExtentOf({series.x}, scales.x.logarithmic);
-        if (!extent)
+        const auto across = ExtentsOf(series, scales.x.logarithmic, scales.y.logarithmic).x;
+        if (!across)
             return;
-        AddLine(plot, scales, 0, 1, extent->minimum, extent->maximum)
+        AddLine(plot, scales, 0, 1, across->minimum, across->maximum)
             ->setPen(QPen(ColourOf(series.colour), 1.6));
     } else {
         AddPoints(plot, series, scales, size);
     }
 }
 
-void AddBars(QCustomPlot& plot, const ChartModel& chart) {
+/// A height on its axis; none where a logarithmic one cannot show it.
+double HeightOn(const AxisScale& scale, double value) {
+    return scale.logarithmic && value <= 0 ? std::nan("") : value;
+}
+
+void AddBars(QCustomPlot& plot, const ChartModel& chart, const AxisScale& heights, QSize size) {
     auto* group = new QCPBarsGroup(&plot);
     group->setSpacingType(QCPBarsGroup::stPlotCoords);
     group->setSpacing(0);
-    constexpr double together = 0.8;
+    constexpr double together = 0.8, fewestPixelsWithRim = 4;
+    const double across =
+        together * size.width() / static_cast<double>(chart.series.size() * chart.categories.size());
     for (const ChartSeries& series : chart.series) {
         auto* bars = new QCPBars(plot.xAxis, plot.yAxis);
         bars->setBarsGroup(group);
         bars->setWidth(together / static_cast<double>(chart.series.size()));
         bars->setBrush(ColourOf(series.colour));
-        bars->setPen(QPen(ColourOf(series.colour).darker(150), 1));
+        bars->setPen(across < fewestPixelsWithRim ? QPen(Qt::NoPen)
+                                                  : QPen(ColourOf(series.colour).darker(150), 1));
+        bars->setBaseValue(heights.logarithmic ? heights.minimum : 0);
         for (std::size_t k = 0; k < series.y->size(); ++k)
-            bars->addData(static_cast<double>(k + 1), (*series.y)[k]);
+            if (const double height = HeightOn(heights, (*series.y)[k]); !std::isnan(height))
+                bars->addData(static_cast<double>(k + 1), height);
     }
 }
 
-void AddCurve(QCustomPlot& plot, const ChartModel& chart, const ChartSeries& series) {
-    QCPGraph* graph = plot.addGraph();
+void AddCurve(QCustomPlot& plot, const ChartModel& chart, const ChartSeries& series,
+              const AxisScale& heights) {
+    auto* graph = new PointGraph(plot.xAxis, plot.yAxis);
     const bool steps = chart.style == ChartStyle::Step;
     for (std::size_t k = 0; k < series.y->size(); ++k) {
-        const double centre = static_cast<double>(k + 1), y = (*series.y)[k];
+        const double centre = static_cast<double>(k + 1), y = HeightOn(heights, (*series.y)[k]);
         if (steps)
             graph->addData(centre - 0.5, y);
         graph->addData(steps ? centre + 0.5 : centre, y);
@@ -220,13 +324,14 @@ void AddSeries(QCustomPlot& plot, const ChartModel& chart, const ChartScales& sc
         for (const ChartSeries& series : chart.series)
             AddLegendOnly(plot, series);
     } else if (chart.style == ChartStyle::Bar) {
-        AddBars(plot, chart);
+        AddBars(plot, chart, scales.y, size);
     } else {
         for (const ChartSeries& series : chart.series)
-            if (chart.style == ChartStyle::Scatter)
+            if (chart.style == ChartStyle::Scatter) {
                 AddScatterSeries(plot, series, scales, size);
-            else
-                AddCurve(plot, chart, series);
+                AddPointLabels(plot, chart, series);
+            } else
+                AddCurve(plot, chart, series, scales.y);
     }
 }
 
@@ -246,28 +351,31 @@ void AddStatisticLines(QCustomPlot& plot, const ChartModel& chart, const ChartSc
         for (const StatisticLine& line : StatisticLines(series, chart.statisticLines)) {
             QCPGraph* graph =
                 AddLine(plot, scales, line.intercept, line.slope, scales.x.minimum, scales.x.maximum);
-            graph->setPen(QPen(ColourOf(chart.statisticLines.colour), chart.statisticLines.width,
-                               line.dashed ? Qt::DashLine : Qt::SolidLine));
+            QPen pen(ColourOf(chart.statisticLines.colour), chart.statisticLines.width);
+            if (line.dashed)
+                pen.setDashPattern({6, 4});
+            graph->setPen(pen);
+            graph->setLayer("grid"); // below the points
             graph->removeFromLegend();
         }
 }
 
-/// A text broken at blanks so that it fits a width; what goes beyond the lines is cut with "...".
-QString Wrapped(const QString& text, const QFont& font, int width, int mostLines) {
+/// A text broken at gaps so that it fits a size; where it does not, the lines before the last are cut.
+QString Wrapped(const QString& text, const QString& gap, const QFont& font, QSize room) {
     const QFontMetrics metrics(font);
-    if (metrics.horizontalAdvance(text) <= width)
-        return text;
-    QStringList lines(QString{});
-    for (const QString& word : text.split(' ', Qt::SkipEmptyParts)) {
-        const QString longer = lines.last().isEmpty() ? word : lines.last() + ' ' + word;
-        if (metrics.horizontalAdvance(longer) <= width) {
+    const qsizetype mostLines = std::max(1, room.height() / metrics.lineSpacing());
+    const QStringList parts = text.split(gap);
+    QStringList lines(parts.first());
+    for (const QString& part : parts.mid(1)) {
+        const QString longer = lines.last() + gap + part;
+        if (metrics.horizontalAdvance(longer) <= room.width())
             lines.last() = longer;
-        } else if (lines.size() == mostLines) {
-            lines.last() += QStringLiteral(" ...");
-            break;
-        } else {
-            lines.append(word);
-        }
+        else
+            lines.append(part);
+    }
+    if (lines.size() > mostLines) {
+        lines.resize(mostLines);
+        lines.last() = QStringLiteral("...") + gap + parts.last();
     }
     return lines.join('\n');
 }
@@ -280,7 +388,7 @@ QCPTextElement* TextElement(QCustomPlot& plot, const QString& text, const QFont&
     return element;
 }
 
-void LayOut(QCustomPlot& plot, const ChartModel& chart, QSize size) {
+void LayOut(QCustomPlot& plot, const ChartModel& chart, const ChartScales& scales, QSize size) {
     QCPLayoutGrid& rows = *plot.plotLayout();
     rows.setRowSpacing(4);
     int row = 0;
@@ -288,8 +396,10 @@ void LayOut(QCustomPlot& plot, const ChartModel& chart, QSize size) {
         rows.insertRow(row);
         rows.addElement(row++, 0, element);
     };
-    insertAbove(TextElement(plot, QString::fromStdString(chart.title), FontOf(chart.font, chart.titleSize),
-                            Qt::AlignCenter));
+    const QFont large = FontOf(chart.titleFont, chart.titleSize);
+    const QString title =
+        Wrapped(QString::fromStdString(chart.title), " ", large, {size.width() - 40, size.height() / 8});
+    insertAbove(TextElement(plot, title, large, Qt::AlignCenter));
     if (chart.legend && plot.plottableCount() > 0) {
         auto* line = new QCPLayoutGrid;
         insertAbove(line);
@@ -301,20 +411,37 @@ void LayOut(QCustomPlot& plot, const ChartModel& chart, QSize size) {
         plot.legend->setBrush(Qt::NoBrush);
         plot.legend->setMargins(QMargins(0, 0, 0, 0));
         plot.legend->setColumnSpacing(16);
-        line->addElement(0, 0, plot.legend);
-        line->addElement(0, 1, new QCPLayoutElement);
-        line->setColumnStretchFactor(0, 0.001);
+        plot.legend->setIconTextPadding(12);
+        // What lies beside the legend takes the width that the legend leaves.
+        const int place = chart.legendPlace == LegendPlace::TopLeft ? 0 : 1;
+        line->addElement(0, place, plot.legend);
+        if (chart.legendPlace != LegendPlace::TopLeft)
+            line->addElement(0, 0, new QCPLayoutElement);
+        if (chart.legendPlace != LegendPlace::TopRight)
+            line->addElement(0, place + 1, new QCPLayoutElement);
+        line->setColumnStretchFactor(place, 0.001);
         rows.setRowStretchFactor(row - 1, 0.001);
     }
-    const QFont small = FontOf(chart.font, chart.footnoteSize);
-    int last = rows.rowCount();
-    for (const std::string& text : {FootnoteText(chart), chart.rangesText})
-        if (!text.empty())
-            rows.addElement(last++, 0,
-                            TextElement(plot,
-                                        Wrapped(QString::fromStdString(text), small, size.width() - 40, 3),
-                                        small, Qt::AlignLeft | Qt::AlignVCenter));
-    rows.setMargins(QMargins(10, 8, 14, 8));
+    const QFont small = FontOf(chart.footnoteFont, chart.footnoteSize);
+    const QSize room(size.width() - 40, size.height() / 4);
+    const auto addBelow = [&](const std::string& text, std::string_view gap) {
+        if (text.empty())
+            return;
+        const QString lines =
+            Wrapped(QString::fromStdString(text),
+                    QString::fromUtf8(gap.data(), static_cast<qsizetype>(gap.size())), small, room);
+        rows.addElement(rows.rowCount(), 0,
+                        TextElement(plot, lines, small, Qt::AlignLeft | Qt::AlignVCenter));
+    };
+    addBelow(FootnoteText(chart), " ");
+    addBelow(chart.rangesText, rangeGap);
+    // Half of the last label stands beyond its axis.
+    const QFontMetrics metrics(plot.xAxis->tickLabelFont());
+    const int lastLabel =
+        scales.x.major.empty()
+            ? 0
+            : metrics.horizontalAdvance(QString::fromStdString(TickLabel(scales.x, scales.x.major.back())));
+    rows.setMargins(QMargins(10, 8, std::max(14, lastLabel / 2 + 4), 8));
 }
 
 } // namespace
@@ -332,7 +459,7 @@ void PaintChart(QCustomPlot& plot, const ChartModel& chart, QSize size) {
     AddSeries(plot, chart, scales, size);
     NameSeries(plot, chart);
     AddStatisticLines(plot, chart, scales);
-    LayOut(plot, chart, size);
+    LayOut(plot, chart, scales, size);
 }
 
 QImage ChartImage(const ChartModel& chart, QSize size) {

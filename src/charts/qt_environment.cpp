@@ -1,7 +1,7 @@
 #include "charts/qt_environment.h"
 
 #include <QApplication>
-#include <QFontDatabase>
+#include <QFontMetrics>
 #include <clocale>
 #include <cstdio>
 
@@ -27,7 +27,8 @@ std::string PrepareQt() {
         new QApplication(argumentCount, arguments); // lives as long as the process; Qt wants no earlier end
         std::setlocale(LC_NUMERIC, "C");
     }
-    if (QFontDatabase::families().isEmpty())
+    // Without fonts there are still families, whose letters are empty boxes.
+    if (!QFontMetrics(QFont("Arial")).inFont(QLatin1Char('A')))
         return "no font was found, so a chart's texts cannot be painted; install one, for example "
                "fonts-liberation";
     return {};

@@ -32,8 +32,8 @@ bool IsPictureName(const std::string& path) {
     return ChartFormatOf(path).has_value();
 }
 
-FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files) {
-    const ChartPicture picture = RenderChart(chart, ChartFormatOf(path).value_or(ChartFormat::Svg));
+FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files, ChartSize size) {
+    const ChartPicture picture = RenderChart(chart, ChartFormatOf(path).value_or(ChartFormat::Svg), size);
     FileResult saved{false, picture.failure};
     if (picture.failure.empty())
         saved = files.Replace(path, picture.bytes);
@@ -52,7 +52,7 @@ bool IsPictureName(const std::string&) {
     return true;
 }
 
-FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&) {
+FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&, ChartSize) {
     return {false, path + ": this corvane was built without charts"};
 }
 

@@ -114,10 +114,38 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
     plot->add_option("--stats", request.statistics, "Statistic lines of each series: trend,max,min,sd,mean")
         ->delimiter(',')
         ->check(CLI::IsMember({"trend", "max", "min", "sd", "mean"}));
+    plot->add_option("--stat-width", request.statisticLines.width, "Width of the statistic lines, in pixels")
+        ->type_name("N")
+        ->check(CLI::Range(0.1, 20.0));
+    plot->add_option_function<std::vector<int>>(
+            "--stat-colour",
+            [&request](const std::vector<int>& parts) {
+                const auto part = [&](std::size_t i) { return static_cast<std::uint8_t>(parts[i]); };
+                request.statisticLines.colour = {part(0), part(1), part(2)};
+            },
+            "Colour of the statistic lines: red, green and blue, 0 to 255 each")
+        ->type_name("R,G,B")
+        ->delimiter(',')
+        ->expected(3)
+        ->check(CLI::Range(0, 255));
     plot->add_option("--format", request.labelFormat, "Number format of the axis labels, as 0.00")
         ->type_name("PICTURE");
     plot->add_flag("--grid", request.grid, "Draw grid lines");
     plot->add_flag("--no-legend", request.noLegend, "Leave the legend out");
+    plot->add_option("--look", request.looks,
+                     "Looks: no-frame, plot-shadow, area-shadow, plot-colour, area-colour")
+        ->delimiter(',')
+        ->check(CLI::IsMember(PlotLooks));
+    plot->add_option_function<std::vector<int>>(
+            "--size",
+            [&request](const std::vector<int>& size) {
+                request.size = {size[0], size[1]};
+            },
+            "Width and height of the picture in pixels of 1/96 inch; 800,600 without")
+        ->type_name("W,H")
+        ->delimiter(',')
+        ->expected(2)
+        ->check(CLI::Range(300, 4000));
 }
 
 /// -o with a name that ends so (in any case), and --force.

@@ -113,10 +113,10 @@ ExitCode RunCompare(const CompareRequest& request) {
 
     const ComparisonResult result =
         CompareModels(list, request.references, {messages, feedback, *clock, files});
-    if (!result.finished)
-        return result.fault.empty() ? ExitFailed : Fail(result.fault);
     for (const std::string& warning : result.warnings)
         messages.Warn("", warning);
+    if (!result.finished)
+        return result.fault.empty() ? ExitFailed : Fail(result.fault);
     if (!request.outFolder.empty()) {
         if (const std::string fault = MakeFolder(request.outFolder); !fault.empty())
             return Fail(fault);

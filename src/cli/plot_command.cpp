@@ -1,5 +1,6 @@
 #include "cli/plot_command.h"
 
+#include "analyses/rank_analysis.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
 #include "platform/native/native_file_store.h"
@@ -16,7 +17,7 @@ namespace corvane {
 namespace {
 
 /// The charts of the request. None: the message stands in their place.
-std::vector<ChartModel> Charts(const PlotCommandRequest& request, const Dataset& dataset,
+std::vector<ChartModel> Charts(const PlotCommandRequest& request, Dataset& dataset,
                                const SessionState& session, std::string& message) {
     std::vector<ChartModel> charts;
     if (request.kind == "histogram") {
@@ -25,6 +26,8 @@ std::vector<ChartModel> Charts(const PlotCommandRequest& request, const Dataset&
         for (const HistogramRequest& histogram : outcome.requests)
             charts.push_back(CreateHistogramPlot(histogram));
     } else {
+        if (request.kind == "ranks" && RowsBeforeEmpty(dataset.cells, ColumnRankX) == 0)
+            FillRanks(dataset);
         const PlotOutcome plot =
             request.kind == "ranks" ? RankPlot(dataset, session) : ScatterPlot(dataset, session);
         message = plot.message;
@@ -38,13 +41,26 @@ std::vector<ChartModel> Charts(const PlotCommandRequest& request, const Dataset&
 std::string Adjust(ChartModel& chart, const PlotCommandRequest& request) {
     for (const auto& [letter, direction] : {std::pair{'x', Direction::X}, {'y', Direction::Y}})
         if (request.logAxes.find(letter) != std::string::npos && !SetLogarithmic(chart, direction, true))
-            return std::string("no point is above zero, so axis ") + letter + " cannot be logarithmic";
+            return std::string(chart.style == ChartStyle::Scatter ? "no point is above zero"
+                                                                  : "it stands for bins") +
+                   ", so axis " + letter + " cannot be logarithmic";
     const auto asked = [&](const char* name) { return std::ranges::count(request.statistics, name) > 0; };
     chart.statistics = !request.statistics.empty();
-    chart.statisticLines = {asked("trend"), asked("max"), asked("min"), asked("sd"), asked("mean"), {}, 1};
+    chart.statisticLines = request.statisticLines;
+    chart.statisticLines.showTrend = asked("trend");
+    chart.statisticLines.showMax = asked("max");
+    chart.statisticLines.showMin = asked("min");
+    chart.statisticLines.showSD = asked("sd");
+    chart.statisticLines.showMean = asked("mean");
     chart.xAxis.labelFormat = chart.yAxis.labelFormat = request.labelFormat;
     chart.xAxis.gridlines = chart.yAxis.gridlines = request.grid;
     chart.legend = chart.legend && !request.noLegend;
+    const auto look = [&](const char* name) { return std::ranges::count(request.looks, name) > 0; };
+    chart.wallFrame = !look("no-frame");
+    chart.plotShadow = look("plot-shadow");
+    chart.areaShadow = look("area-shadow");
+    chart.plotColour = look("plot-colour");
+    chart.areaColour = look("area-colour");
     return {};
 }
 
@@ -79,7 +95,8 @@ ExitCode RunPlot(const PlotCommandRequest& request) {
             return Fail(path + " exists; --force replaces it");
     }
     for (std::size_t i = 0; i < charts.size(); ++i)
-        if (const FileResult saved = SaveChart(charts[i], Numbered(request.outputFile, i), files);
+        if (const FileResult saved =
+                SaveChart(charts[i], Numbered(request.outputFile, i), files, request.size);
             !saved.done)
             return Fail(saved.reason);
     return ExitDone;

@@ -47,8 +47,6 @@ public:
         const std::string text = DecodeText(bytes);
         TextReader reader(text);
         ReadHeader(reader, model);
-        if (!dataSeen) // nor in the files before this one
-            return;
         model.tag = std::to_string(position + 1);
         ReadRows(reader, model, position == 0);
     }
@@ -63,7 +61,7 @@ private:
             const std::size_t at = reader.LineNumber();
             const auto line = reader.ReadLine();
             if (!line)
-                return;
+                throw RunFailure(model.path + ": the file has no line \"DATA:\"");
             const CodeValue code = GetCodeValue(*line);
             if (EqualInAnyCase(code.key, "N")) {
                 const auto number = ReadNumber(code.value);
@@ -72,10 +70,8 @@ private:
                 if (*number > static_cast<double>(data.N))
                     Grow(*number, model, at);
             }
-            if (EqualInAnyCase(code.key, "DATA")) {
-                dataSeen = true;
+            if (EqualInAnyCase(code.key, "DATA"))
                 return;
-            }
         }
     }
 
@@ -151,7 +147,6 @@ private:
     }
 
     ComparisonData& data;
-    bool dataSeen = false; ///< A "DATA" line was seen, in this file or in one before it.
 };
 
 } // namespace
@@ -171,10 +166,8 @@ double ComparisonData::Predicted(std::size_t model, std::size_t row) const {
         return asked.X[row];
     if (const UnreadCell* cell = FindUnread(asked, row, 'X'))
         throw RunFailure(NotANumber(asked.path, *cell));
-    throw RunFailure(asked.path + ": " + RowName(row) + " has no prediction: " +
-                     (asked.discardedBy.empty()
-                          ? "the file has no line \"DATA:\""
-                          : "its rows were given up for the larger N of " + asked.discardedBy));
+    throw RunFailure(asked.path + ": " + RowName(row) +
+                     " has no prediction: its rows were given up for the larger N of " + asked.discardedBy);
 }
 
 ComparisonData LoadModels(const std::vector<ListedFile>& list, const FileStore& files, Feedback& feedback) {

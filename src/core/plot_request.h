@@ -22,7 +22,7 @@ struct PlotRequest {
     std::string XAxisTitle, YAxisTitle, AxisTitleFont = "Arial", AxisTitleSize = "10";
     std::string AxisLabelFont = "Arial", AxisLabelSize = "12";
     std::array<std::int32_t, 8> MarkerStyle{}, Red{}, Green{}, Blue{}; ///< By chart column; 0 is not used.
-    std::string LegendPosition = "0";
+    std::string LegendPosition = "0"; ///< "0" top left, "1" top, "2" top right.
     std::string WindowName;
 };
 
@@ -39,7 +39,6 @@ struct HistogramRequest {
     std::string title, windowTitle = "Histogram";
     std::int32_t bins = 10;
     SharedColumn x = {}, y = {}; ///< Null: not shown. Not empty otherwise.
-    std::string xName = "X";     ///< In the legend.
     bool accumulated = false, percentage = false, twoDimensional = true;
     ChartStyle style = ChartStyle::Bar;
     std::array<Colour, 2> colours{Colour{255, 128, 0}, Colour{0, 128, 192}};

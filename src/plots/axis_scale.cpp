@@ -32,11 +32,13 @@ std::vector<double> Multiples(double minimum, double maximum, double step) {
     return places;
 }
 
-void AddLinearTicks(AxisScale& scale) {
+void AddLinearTicks(AxisScale& scale, bool wholeNumbers) {
     scale.major = Multiples(scale.minimum, scale.maximum, scale.majorStep);
     // A step of 2 times a power of ten is halved twice, the others fall into five.
     const double digits = scale.majorStep / std::pow(10.0, std::floor(std::log10(scale.majorStep) + 1e-9));
-    const double parts = std::fabs(digits - 2) < 0.1 ? 4 : 5;
+    double parts = std::fabs(digits - 2) < 0.1 ? 4 : 5;
+    if (wholeNumbers)
+        parts = std::min(parts, scale.majorStep);
     for (const double place : Multiples(scale.minimum, scale.maximum, scale.majorStep / parts))
         if (std::ranges::none_of(scale.major,
                                  [&](double at) { return std::fabs(at - place) < 1e-6 * scale.majorStep; }))
@@ -48,8 +50,9 @@ void AddLogarithmicTicks(AxisScale& scale) {
     const int last = static_cast<int>(std::ceil(std::log10(scale.maximum) - 1e-9));
     const int every = std::max(1, (last - first) / 8);
     const bool narrow = last - first <= 2;
+    const int lastDigit = every == 1 ? 9 : 1; // over many decades the powers alone are dense enough
     for (int exponent = first; exponent <= last; ++exponent)
-        for (int digit = 1; digit <= 9; ++digit) {
+        for (int digit = 1; digit <= lastDigit; ++digit) {
             const double place = digit * std::pow(10.0, exponent);
             if (place < scale.minimum * (1 - 1e-9) || place > scale.maximum * (1 + 1e-9))
                 continue;
@@ -76,24 +79,23 @@ AxisScale LinearScale(const ChartAxis& axis, Extent extent, bool withZero) {
             high += half;
         }
         const double margin = room * (high - low);
-        scale.majorStep = NiceStep(high - low + 2 * margin);
+        scale.majorStep = std::max(NiceStep(high - low + 2 * margin), axis.wholeNumbers ? 1.0 : 0.0);
         scale.minimum =
             withZero && low == 0 ? 0.0 : scale.majorStep * std::floor((low - margin) / scale.majorStep);
         scale.maximum = scale.majorStep * std::ceil((high + margin) / scale.majorStep);
+        if (high <= axis.end)
+            scale.maximum = std::min(scale.maximum, axis.end);
     } else {
         scale.minimum = axis.minimum;
         scale.maximum = axis.maximum > axis.minimum ? axis.maximum : axis.minimum + 1;
         scale.majorStep = axis.majorStep > 0 ? axis.majorStep : NiceStep(scale.maximum - scale.minimum);
     }
-    AddLinearTicks(scale);
+    AddLinearTicks(scale, axis.wholeNumbers);
     return scale;
 }
 
-AxisScale LogarithmicScale(const ChartAxis& axis, const Extent& extent) {
-    AxisScale scale;
-    scale.logarithmic = true;
-    const double low = axis.automatic || axis.minimum <= 0 ? extent.minimum : axis.minimum;
-    const double high = axis.automatic || axis.maximum <= low ? extent.maximum : axis.maximum;
+/// The ends of an automatic logarithmic axis: 1, 2 or 5 times a power of ten.
+Extent LogarithmicEnds(const Extent& extent) {
     const auto atLeast = [](double value, bool up) {
         const double power = std::pow(10.0, std::floor(std::log10(value)));
         double best = up ? 10 * power : power;
@@ -104,26 +106,65 @@ AxisScale LogarithmicScale(const ChartAxis& axis, const Extent& extent) {
         }
         return best;
     };
-    scale.minimum = atLeast(low / 1.02, false);
-    scale.maximum = atLeast(high * 1.02, true);
+    return {atLeast(extent.minimum / 1.02, false), atLeast(extent.maximum * 1.02, true)};
+}
+
+AxisScale LogarithmicScale(const ChartAxis& axis, const Extent& extent) {
+    const bool fixed = !axis.automatic && axis.minimum > 0 && axis.maximum > axis.minimum;
+    const Extent shown = fixed ? Extent{axis.minimum, axis.maximum} : extent;
+    // Over less than half a decade, powers of ten would leave the points a corner: steps serve better.
+    constexpr double fewestTimes = 3;
+    if (shown.maximum < fewestTimes * shown.minimum) {
+        AxisScale scale = LinearScale(axis, extent, false);
+        scale.logarithmic = true;
+        if (scale.minimum > 0)
+            return scale;
+    }
+    const Extent ends = fixed ? shown : LogarithmicEnds(shown);
+    AxisScale scale;
+    scale.logarithmic = true;
+    scale.minimum = ends.minimum;
+    scale.maximum = ends.maximum;
     AddLogarithmicTicks(scale);
     return scale;
 }
 
+/// A number with one digit before its point, as "2.5E+07".
+std::string Scientific(double value) {
+    constexpr int digits = 10; // what k * step has behind its tenth digit is noise
+    char text[40];
+    const auto end =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, digits - 1).ptr;
+    const std::string_view whole(text, static_cast<std::size_t>(end - text));
+    const std::size_t exponent = whole.find('e');
+    std::string mantissa(whole.substr(0, exponent));
+    mantissa.erase(mantissa.find_last_not_of('0') + 1);
+    if (mantissa.back() == '.')
+        mantissa.pop_back();
+    return mantissa == "0" || value == 0 ? "0" : mantissa + "E" + std::string(whole.substr(exponent + 1));
+}
+
 } // namespace
 
-std::optional<Extent> ExtentOf(const std::vector<SharedColumn>& columns, bool logarithmic) {
-    std::optional<Extent> extent;
-    for (const SharedColumn& column : columns)
-        for (const double value : *column) {
-            if (!std::isfinite(value) || (logarithmic && value <= 0))
-                continue;
-            if (!extent)
-                extent = {value, value};
-            extent->minimum = std::min(extent->minimum, value);
-            extent->maximum = std::max(extent->maximum, value);
-        }
-    return extent;
+PointExtents ExtentsOf(const ChartSeries& series, bool logarithmicX, bool logarithmicY) {
+    PointExtents extents;
+    const auto grow = [](std::optional<Extent>& extent, double value) {
+        if (!extent)
+            extent = {value, value};
+        extent->minimum = std::min(extent->minimum, value);
+        extent->maximum = std::max(extent->maximum, value);
+    };
+    const auto stands = [](double value, bool logarithmic) {
+        return std::isfinite(value) && (!logarithmic || value > 0);
+    };
+    for (std::size_t i = 0; i < series.y->size(); ++i) {
+        const double x = series.x ? (*series.x)[i] : static_cast<double>(i + 1), y = (*series.y)[i];
+        if (!stands(x, logarithmicX) || !stands(y, logarithmicY))
+            continue;
+        grow(extents.x, x);
+        grow(extents.y, y);
+    }
+    return extents;
 }
 
 AxisScale ScaleOf(const ChartAxis& axis, const Extent& extent, bool withZero) {
@@ -137,16 +178,11 @@ std::string TickLabel(const AxisScale& scale, double value) {
     if (!scale.labelFormat.empty())
         if (const auto text = FormatPicture(CellValue(value), scale.labelFormat))
             return *text;
-    const double size = std::fabs(value);
-    const auto shortNumber = [](double number) {
-        char digits[32];
-        // What k * step has behind its tenth digit is noise.
-        const auto end =
-            std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 10).ptr;
-        return NumberText(LeadingNumber({digits, end}));
-    };
-    if (scale.logarithmic || size >= 1e7 || scale.majorStep < 1e-5)
-        return shortNumber(value);
+    if (scale.logarithmic ? scale.maximum >= 1e7 || scale.minimum < 1e-4
+                          : scale.majorStep < 1e-5 || std::max(-scale.minimum, scale.maximum) >= 1e7)
+        return Scientific(value);
+    if (scale.majorStep == 0)
+        return NumberText(value);
     const int decimals = std::max(0, static_cast<int>(-std::floor(std::log10(scale.majorStep) + 1e-9)));
     const std::string picture =
         decimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(decimals), '0');
@@ -154,17 +190,24 @@ std::string TickLabel(const AxisScale& scale, double value) {
 }
 
 ChartScales ScalesOf(const ChartModel& chart) {
-    std::vector<SharedColumn> xs, ys;
+    std::optional<Extent> across, up;
+    const auto join = [](std::optional<Extent>& all, const std::optional<Extent>& one) {
+        if (all && one)
+            all = {std::min(all->minimum, one->minimum), std::max(all->maximum, one->maximum)};
+        else if (one)
+            all = one;
+    };
+    const bool points = chart.style == ChartStyle::Scatter;
     for (const ChartSeries& series : chart.series) {
-        if (series.x)
-            xs.push_back(series.x);
-        ys.push_back(series.y);
+        const PointExtents extents =
+            ExtentsOf(series, points && chart.xAxis.logarithmic, chart.yAxis.logarithmic);
+        join(across, extents.x);
+        join(up, extents.y);
     }
     ChartScales scales;
-    scales.y = ScaleOf(chart.yAxis, ExtentOf(ys, chart.yAxis.logarithmic).value_or(Extent{0, 1}),
-                       chart.style != ChartStyle::Scatter);
-    if (chart.style == ChartStyle::Scatter) {
-        scales.x = ScaleOf(chart.xAxis, ExtentOf(xs, chart.xAxis.logarithmic).value_or(Extent{0, 1}));
+    scales.y = ScaleOf(chart.yAxis, up.value_or(Extent{0, 1}), !points);
+    if (points) {
+        scales.x = ScaleOf(chart.xAxis, across.value_or(Extent{0, 1}));
     } else {
         const double count = static_cast<double>(chart.categories.size());
         scales.x.minimum = 0.5;
@@ -175,11 +218,21 @@ ChartScales ScalesOf(const ChartModel& chart) {
 }
 
 void ShareScale(ChartModel& chart) {
+    chart.sharedScale = true;
+    chart.xAxis.automatic = chart.yAxis.automatic = true;
     const ChartScales scales = ScalesOf(chart);
+    const double minimum = std::min(scales.x.minimum, scales.y.minimum);
+    const double maximum = std::max(scales.x.maximum, scales.y.maximum);
+    if ((scales.x.logarithmic || scales.y.logarithmic) && minimum <= 0)
+        return;
+    constexpr double mostSteps = 12; // beyond that the labels of two ranges far apart would overlap
+    double step = std::max(scales.x.majorStep, scales.y.majorStep);
+    if (maximum - minimum > mostSteps * step)
+        step = NiceStep(maximum - minimum);
     for (ChartAxis* axis : {&chart.xAxis, &chart.yAxis}) {
-        axis->minimum = std::min(scales.x.minimum, scales.y.minimum);
-        axis->maximum = std::max(scales.x.maximum, scales.y.maximum);
-        axis->majorStep = std::max(scales.x.majorStep, scales.y.majorStep);
+        axis->minimum = minimum;
+        axis->maximum = maximum;
+        axis->majorStep = step;
         axis->automatic = false;
     }
 }

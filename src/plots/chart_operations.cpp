@@ -44,20 +44,18 @@ std::size_t AllPoints(const ChartModel& chart) {
 } // namespace
 
 bool SetLogarithmic(ChartModel& chart, Direction direction, bool on) {
+    const bool scatter = chart.style == ChartStyle::Scatter;
+    if (on && !scatter && (direction == Direction::X || chart.style == ChartStyle::Pie))
+        return false;
     ChartAxis& axis = direction == Direction::X ? chart.xAxis : chart.yAxis;
     const bool before = axis.logarithmic;
     axis.logarithmic = on;
-    if (on && chart.style == ChartStyle::Scatter && HiddenPoints(chart) == AllPoints(chart)) {
+    if (on && scatter && HiddenPoints(chart) == AllPoints(chart)) {
         axis.logarithmic = before;
         return false;
     }
-    const bool shared = !chart.xAxis.automatic && !chart.yAxis.automatic &&
-                        chart.xAxis.minimum == chart.yAxis.minimum &&
-                        chart.xAxis.maximum == chart.yAxis.maximum;
-    if (shared) {
-        chart.xAxis.automatic = chart.yAxis.automatic = true;
+    if (chart.sharedScale)
         ShareScale(chart);
-    }
     return true;
 }
 
@@ -108,7 +106,18 @@ std::optional<ChartPoint> NearestPoint(const ChartModel& chart, const ChartScale
     double least = reach * reach;
     for (std::size_t s = 0; s < chart.series.size(); ++s) {
         const ChartSeries& series = chart.series[s];
-        if (!series.x || series.marker == Marker::None)
+        if (!series.x) { // a bin, from its left end to its right one and up to its height
+            const double place = scales.x.minimum + x * (scales.x.maximum - scales.x.minimum);
+            const auto bin = static_cast<std::size_t>(std::max(0.0, std::round(place) - 1));
+            // Of two series, the bars stand left and right of the bin's middle.
+            if (chart.style == ChartStyle::Bar && chart.series.size() == 2 &&
+                (place > static_cast<double>(bin + 1)) != (s == 1))
+                continue;
+            if (bin < series.y->size() && y >= 0 && y <= Position(scales.y, (*series.y)[bin]))
+                return ChartPoint{s, bin};
+            continue;
+        }
+        if (series.marker == Marker::None)
             continue;
         for (std::size_t i = 0; i < series.y->size(); ++i) {
             const double across = Position(scales.x, (*series.x)[i]) - x;
@@ -125,8 +134,8 @@ std::optional<ChartPoint> NearestPoint(const ChartModel& chart, const ChartScale
 
 std::string PointMessage(const ChartModel& chart, ChartPoint point) {
     const ChartSeries& series = chart.series[point.series];
-    return "Datapoint" + PlainNumber(static_cast<double>(point.index + 1)) +
-           "\r\nPred (X) = " + NumberText((*series.x)[point.index]) +
+    return "Datapoint" + PlainNumber(static_cast<double>(point.index + 1)) + "\r\nPred (X) = " +
+           (series.x ? NumberText((*series.x)[point.index]) : chart.categories[point.index]) +
            "\r\nObs (Y) = " + NumberText((*series.y)[point.index]);
 }
 

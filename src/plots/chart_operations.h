@@ -13,8 +13,9 @@ namespace corvane {
 enum class Direction { X, Y };
 
 /// Makes an axis logarithmic or linear again. Points at or below zero are left out then, and the footnote
-/// says ", k not shown". False, and nothing changed, where no point would be left. Axes that share one fixed
-/// scale go on sharing it, by the smaller minimum and the larger maximum.
+/// says ", k not shown". False, and nothing changed, where no point would be left, and for bins and pies,
+/// which have no such axis. Axes that share one scale go on sharing it, by the smaller minimum and the larger
+/// maximum, as far as they can.
 bool SetLogarithmic(ChartModel& chart, Direction direction, bool on);
 
 /// The footnote as it stands, with the number of points that a logarithmic axis cannot show.
@@ -35,7 +36,8 @@ struct ChartPoint {
     std::size_t series = 0, index = 0;
 };
 
-/// The point nearest to a place, both axes in shares of their range, that lies within `reach` of it.
+/// The point nearest to a place, both axes in shares of their range, that lies within `reach` of it; of a
+/// histogram, the bin below whose height the place is.
 std::optional<ChartPoint> NearestPoint(const ChartModel& chart, const ChartScales& scales, double x, double y,
                                        double reach);
 

@@ -81,15 +81,16 @@ PlotOutcome ScatterPlot(const Dataset& dataset, const SessionState& session) {
 
 PlotOutcome RankPlot(const Dataset& dataset, const SessionState& session) {
     const std::int32_t rows = RowsBeforeEmpty(dataset.cells, ColumnRankX);
-    PlotOutcome outcome;
-    if (rows >= fewestPoints)
-        outcome.request = DatasetPlot(dataset, session, ColumnRankX, ColumnRankY, rows, true);
-    if (!outcome.request || outcome.request->PointCount < fewestPoints)
+    std::int32_t ranked = 0; // a row that Calculate left out has "." for a rank
+    for (std::int32_t row = 1; row <= rows; ++row)
+        ranked += CellNumber(dataset.cells.At(ColumnRankX, row)).has_value();
+    if (ranked < fewestPoints)
         return {{}, "Not enough rank points to generate a plot"};
-    outcome.request->YAxisTitle = "Rank of Y";
-    outcome.request->XAxisTitle = "Rank of X";
-    outcome.request->Title = "Rank of Observed vs Rank of Model-Predicted";
-    return outcome;
+    PlotRequest request = DatasetPlot(dataset, session, ColumnRankX, ColumnRankY, rows, true);
+    request.YAxisTitle = "Rank of Y";
+    request.XAxisTitle = "Rank of X";
+    request.Title = "Rank of Observed vs Rank of Model-Predicted";
+    return {std::move(request), {}};
 }
 
 } // namespace corvane

@@ -27,7 +27,7 @@ std::string RangesText(double lo, double W, std::int32_t bins) {
     std::string text = "Histogram Range:";
     for (std::int32_t k = 1; k <= bins; ++k)
         text += BinLabel(k, bins) + " = [" + Picture(lo + (k - 1) * W, "#0.00") + ", " +
-                Picture(lo + k * W, "#0.00") + (k < bins ? "[;     " : "]");
+                Picture(lo + k * W, "#0.00") + (k < bins ? "[;" + std::string(rangeGap) : "]");
     return text;
 }
 
@@ -90,6 +90,9 @@ ChartModel CreateHistogramPlot(const HistogramRequest& request) {
         chart.categories.push_back(BinLabel(k, request.bins));
     chart.rangesText = RangesText(lo, W, request.bins);
     chart.xAxis.title = "Bins";
+    chart.yAxis.wholeNumbers = !request.percentage;
+    if (request.percentage)
+        chart.yAxis.end = 100;
     chart.yAxis.title = std::string(request.accumulated ? "Accumulated " : "") + "Frequency" +
                         (request.percentage ? ", %" : ", #");
     chart.legend = true;
@@ -104,7 +107,7 @@ ChartModel CreateHistogramPlot(const HistogramRequest& request) {
         if (request.percentage)
             for (double& count : counts)
                 count = count * 100 / static_cast<double>(sorted[i].size());
-        chart.series.push_back({.name = i == 0 ? request.xName : "Y",
+        chart.series.push_back({.name = i == 0 ? "X" : "Y",
                                 .y = ShareColumn(std::move(counts)),
                                 .line = chart.style != ChartStyle::Bar && chart.style != ChartStyle::Pie,
                                 .colour = request.colours[i]});
@@ -142,25 +145,24 @@ HistogramOutcome HistogramPlots(const Dataset& dataset) {
     common.twoDimensional = IsSet(options.HIST_2D);
     common.style = StyleOf(options);
     HistogramOutcome outcome;
-    const auto add = [&](const char* title, SharedColumn x, SharedColumn y, const char* xName) {
+    const auto add = [&](const char* title, SharedColumn x, SharedColumn y) {
         HistogramRequest request = common;
         request.title = title;
         request.x = std::move(x);
         request.y = std::move(y);
-        request.xName = xName;
         outcome.requests.push_back(std::move(request));
     };
     if (IsSet(options.HIST_PLOT_XY)) {
         const SharedColumn x = ShareColumn(std::move(xs)), y = ShareColumn(std::move(ys));
         if (options.HIST_PLOT_TOGETHER) {
-            add("Histogram of X and Y", x, y, "X");
+            add("Histogram of X and Y", x, y);
         } else {
-            add("Histogram of X", x, nullptr, "X");
-            add("Histogram of Y", nullptr, y, "X");
+            add("Histogram of X", x, nullptr);
+            add("Histogram of Y", nullptr, y);
         }
     }
     if (IsSet(options.HIST_PLOT_DIFFERENCE))
-        add("Histogram of X - Y", ShareColumn(std::move(differences)), nullptr, "X - Y");
+        add("Histogram of X - Y", ShareColumn(std::move(differences)), nullptr);
     return outcome;
 }
 

@@ -19,6 +19,11 @@ Marker MarkerOf(std::int32_t style) {
     return style == cross ? Marker::Cross : Marker::Dot;
 }
 
+LegendPlace LegendPlaceOf(const std::string& position) {
+    const double number = LeadingNumber(position);
+    return number == 1 ? LegendPlace::Top : number == 2 ? LegendPlace::TopRight : LegendPlace::TopLeft;
+}
+
 bool HasValues(const SharedColumn& column) {
     return column && std::ranges::any_of(*column, [](double value) { return std::isfinite(value); });
 }
@@ -26,6 +31,8 @@ bool HasValues(const SharedColumn& column) {
 ChartAxis Axis(const PlotRequest& request, const std::string& title) {
     ChartAxis axis;
     axis.title = title;
+    axis.titleFont = request.AxisTitleFont;
+    axis.labelFont = request.AxisLabelFont;
     axis.titleSize = LeadingNumber(request.AxisTitleSize);
     axis.labelSize = LeadingNumber(request.AxisLabelSize);
     return axis;
@@ -57,11 +64,13 @@ ChartModel CreateXYPlot(const PlotRequest& request) {
     chart.windowCaption = "Plot - " + request.WindowName;
     chart.title = request.Title;
     chart.titleSize = LeadingNumber(request.TitleSize);
-    chart.font = request.TitleFont;
+    chart.titleFont = request.TitleFont;
     chart.footnote = request.Footnote;
+    chart.footnoteFont = request.FootnoteFont;
     chart.footnoteSize = LeadingNumber(request.FootnoteSize);
     chart.xAxis = Axis(request, request.XAxisTitle);
     chart.yAxis = Axis(request, request.YAxisTitle);
+    chart.legendPlace = LegendPlaceOf(request.LegendPosition);
     chart.legend = request.ColumnCount > static_cast<std::int32_t>(points);
     chart.series.push_back(pointSeries(chart.legend ? "Obs" : "", 1, points));
     if (HasValues(column(equality)))

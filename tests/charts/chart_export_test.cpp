@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
+#include <sstream>
 
 namespace corvane {
 namespace {
@@ -68,6 +69,32 @@ TEST(ChartExport, ScatterHasItsMarksAndTexts) {
     plain.legend = false;
     SetLogarithmic(plain, Direction::X, true);
     EXPECT_EQ(Count(Rendered(plain), ">Obs<"), 0u);
+    plain.series[0].labels[0] = "first & <last>";
+    plain.title = "a < b & c";
+    EXPECT_EQ(Count(Rendered(plain), "first &amp; &lt;last&gt;"), 1u);
+    EXPECT_EQ(Count(Rendered(plain), "a < b"), 0u);
+    ChartModel far = Scatter();
+    far.series[0].y = ShareColumn({1e300, 2, 3, 4, 5});
+    far.sharedScale = false;
+    EXPECT_NE(RenderChart(far, ChartFormat::Svg).failure, "");
+}
+
+/// Every number of the points of a picture's lines, from which nothing is cut off that lies outside.
+TEST(ChartExport, NothingReachesOverTheFrame) {
+    ChartModel chart = Scatter();
+    chart.statistics = true;
+    chart.statisticLines.showTrend = true;
+    SetLogarithmic(chart, Direction::Y, true);
+    const std::string svg = Rendered(chart);
+    double highest = 0;
+    for (std::size_t at = 0; (at = svg.find("<polyline", at)) != std::string::npos; ++at) {
+        std::istringstream places(svg.substr(svg.find("points=\"", at) + 8));
+        double x = 0, y = 0;
+        for (char comma; places >> x >> comma >> y;)
+            highest = std::max(highest, y);
+    }
+    EXPECT_GT(highest, 300);
+    EXPECT_LT(highest, 525); // where the axis's labels are
 }
 
 TEST(ChartExport, EveryHistogramIsPainted) {
@@ -108,7 +135,8 @@ TEST(ChartExport, AllFormatsShowTheSame) {
     testing::WriteBytes(folder / "chart.pdf", Rendered(chart, ChartFormat::Pdf));
     ASSERT_EQ(std::system((std::string(PDFTOTEXT) + " -layout '" + (folder / "chart.pdf") + "'").c_str()), 0);
     const std::string text = testing::ReadBytes(folder / "chart.txt");
-    for (const char* words : {"Observed vs Model-Predicted", "Model-Predicted (X)", "Excluded", "Observed (Y)"})
+    for (const char* words :
+         {"Observed vs Model-Predicted", "Model-Predicted (X)", "Excluded", "Observed (Y)"})
         EXPECT_NE(text.find(words), std::string::npos) << words << "\n" << text;
 }
 

@@ -29,8 +29,8 @@ TEST(AxisScale, EndsAtRoundNumbersAroundTheData) {
     EXPECT_EQ(Labels(ScaleOf({}, {3.1, 48.2})), "0 10 20 30 40 50 ");
     EXPECT_EQ(Labels(ScaleOf({}, {-0.26, 0.31})), "-0.3 -0.2 -0.1 0.0 0.1 0.2 0.3 0.4 ");
     EXPECT_EQ(Labels(ScaleOf({}, {0, 7}, true)), "0 1 2 3 4 5 6 7 8 ");
-    EXPECT_EQ(Labels(ScaleOf({}, {2.1e7, 2.9e7})), "20000000 22000000 24000000 26000000 28000000 30000000 ");
-    EXPECT_EQ(Labels(ScaleOf({}, {1e-6, 9e-6})), "0 2E-06 4E-06 6E-06 8E-06 0.00001 ");
+    EXPECT_EQ(Labels(ScaleOf({}, {2.1e7, 2.9e7})), "2E+07 2.2E+07 2.4E+07 2.6E+07 2.8E+07 3E+07 ");
+    EXPECT_EQ(Labels(ScaleOf({}, {1e-6, 9e-6})), "0 2E-06 4E-06 6E-06 8E-06 1E-05 ");
     ChartAxis pictured;
     pictured.labelFormat = "0.00";
     EXPECT_EQ(Labels(ScaleOf(pictured, {1, 3})).substr(0, 10), "0.50 1.00 ");
@@ -59,6 +59,17 @@ TEST(AxisScale, IsSharedByTheSmallerMinimumAndTheLargerMaximum) {
     EXPECT_EQ(scales.x.minimum, scales.y.minimum);
     EXPECT_EQ(Labels(scales.x), Labels(scales.y));
     EXPECT_EQ(Labels(scales.x), "-50 -40 -30 -20 -10 0 10 20 30 40 ");
+    // What has no Y stretches no axis; and the steps fit both ranges together.
+    ChartModel apart = Points({10, 50, 9000}, {1001, 1005, std::nan("")});
+    ShareScale(apart);
+    EXPECT_EQ(Labels(ScalesOf(apart).x), "0 200 400 600 800 1000 ");
+    // Counts have no tick between whole numbers, percentages none beyond 100.
+    ChartAxis counts, percentages;
+    counts.wholeNumbers = true;
+    percentages.end = 100;
+    EXPECT_EQ(Labels(ScaleOf(counts, {0, 2}, true)), "0 1 2 3 ");
+    EXPECT_TRUE(ScaleOf(counts, {0, 2}, true).minor.empty());
+    EXPECT_EQ(Labels(ScaleOf(percentages, {0, 100}, true)), "0 20 40 60 80 100 ");
 }
 
 TEST(ChartOperations, LogarithmicAxesLeaveOutWhatTheyCannotShow) {
@@ -71,9 +82,24 @@ TEST(ChartOperations, LogarithmicAxesLeaveOutWhatTheyCannotShow) {
     ChartModel negative = Points({-1, -2}, {1, 2});
     EXPECT_FALSE(SetLogarithmic(negative, Direction::X, true));
     EXPECT_FALSE(negative.xAxis.logarithmic);
-    ShareScale(chart);
-    ASSERT_TRUE(SetLogarithmic(chart, Direction::Y, true));
-    EXPECT_EQ(chart.xAxis.minimum, chart.yAxis.minimum);
+    // Shared axes stay so in every state; where one would have to show a zero on a logarithmic axis, each has
+    // its own range until then.
+    ChartModel shared = Points({9, 34}, {12, 30});
+    ShareScale(shared);
+    for (const auto& [direction, on] :
+         {std::pair{Direction::X, true}, {Direction::Y, true}, {Direction::X, false}}) {
+        ASSERT_TRUE(SetLogarithmic(shared, direction, on));
+        EXPECT_EQ(ScalesOf(shared).x.minimum, 5);
+        EXPECT_EQ(ScalesOf(shared).x.maximum, ScalesOf(shared).y.maximum);
+        EXPECT_EQ(ScalesOf(shared).x.minimum, ScalesOf(shared).y.minimum);
+    }
+    ChartModel mixed = Points({1, 10}, {-5, 5});
+    ShareScale(mixed);
+    ASSERT_TRUE(SetLogarithmic(mixed, Direction::X, true));
+    EXPECT_GT(ScalesOf(mixed).x.minimum, 0);
+    EXPECT_LT(ScalesOf(mixed).y.minimum, -5);
+    ASSERT_TRUE(SetLogarithmic(mixed, Direction::X, false));
+    EXPECT_EQ(ScalesOf(mixed).x.minimum, ScalesOf(mixed).y.minimum);
 }
 
 TEST(ChartOperations, StatisticLinesComeFromAllPoints) {
