@@ -1,19 +1,32 @@
 #include "stats/degenerate_samples.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <source_location>
+#include <string>
 
 #include <gtest/gtest.h>
 
 #include "stats/correlation.h"
+#include "stats/distances.h"
+#include "stats/edf_normality.h"
 #include "stats/error_measures.h"
+#include "stats/generalized_concordance.h"
 #include "stats/intercept_slope_test.h"
+#include "stats/kendall.h"
 #include "stats/line_family.h"
 #include "stats/line_fits.h"
 #include "stats/median_fit.h"
+#include "stats/moment_statistics.h"
 #include "stats/moments.h"
+#include "stats/normality.h"
 #include "stats/pair_statistics.h"
+#include "stats/ranks.h"
 #include "stats/residual_statistics.h"
+#include "stats/robust_scale.h"
+#include "stats/two_sample_ranks.h"
+#include "stats/two_sample_tests.h"
 
 namespace corvane::stats::test {
 
@@ -62,19 +75,81 @@ Values EveryResult(const Values& x, const Values& y, const Values& sdx, const Va
     return all;
 }
 
+void ExpectWithin(double low, double high, std::initializer_list<double> values,
+                  std::source_location where = std::source_location::current()) {
+    for (const double value : values)
+        ASSERT_TRUE(value >= low && value <= high) << value << " of line " << where.line();
+}
+
+void CheckSample(const Values& s) {
+    const auto [low, high] = std::minmax_element(s.begin(), s.end());
+    const bool spread = !s.empty() && *low < *high;
+    const MomentStatisticsResult m = MomentStatistics(s);
+    ExpectWithin(-largest, largest, {m.Median, m.Skewness, m.Kurtosis});
+    ExpectWithin(m.Min, m.Max, {m.Mean});
+    ExpectWithin(0, largest, {m.SD, m.Variance, RobustSn(s), RobustQn(s)});
+    ExpectWithin(std::fabs(m.Mean) / (1 + 1e-15), largest, {m.AbsMean}); // two roundings apart
+    const ShapiroWilkResult w = ShapiroWilk(s);
+    const EDFResult e = EDFNormalityStatistics(s);
+    ExpectWithin(0, 1 + 1e-15, {w.W, w.P, e.D, e.V, e.PW2, e.PU2, e.PA2});
+    ExpectWithin(0, 1e3, {e.W2, e.U2, e.A2});
+    if (std::ranges::all_of(s, [](double value) { return std::isfinite(value); })) {
+        ASSERT_EQ(w.W > 0, spread && s.size() > 2);
+        ASSERT_EQ(e.D > 0, spread);
+        ExpectWithin(w.W > 0 ? 0 : 1, 1, {w.P});
+        ExpectWithin(spread ? 0 : 1, 1, {e.PW2, e.PU2, e.PA2});
+    }
+}
+
+void CheckPair(const Values& x, const Values& y, double order) {
+    const SpearmanResult s = SpearmanRank(x, y, x.size() % 2 != 0);
+    const KendallResult k = KendallTau(x, y);
+    const KolmogorovSmirnovResult ks = KolmogorovSmirnov2(x, y);
+    const MannWhitneyResult mw = MannWhitney(x, y);
+    ExpectWithin(-largest, largest, {s.D, s.Z, s.T, k.Z, mw.Z});
+    ExpectWithin(-1, 1, {s.rs, k.Tau, mw.WD});
+    ExpectWithin(0, 1, {s.P, s.P2, k.P, ks.D, ks.P, 2 * mw.OneSidedP});
+    for (const auto test : {TTestEqualVariance, TTestUnequalVariance, TTestPairedCovariance,
+                            TTestPairedDifference, FTestVariance}) {
+        const TestResult result = test(y, x), swapped = test(x, y);
+        ExpectWithin(-largest, largest, {result.Statistic});
+        ExpectWithin(0, 1, {result.P});
+        ASSERT_TRUE(test == FTestVariance || result.Statistic == -swapped.Statistic);
+    }
+    const Distances d = DistanceMeasures(x, y, order);
+    ExpectWithin(0, largest, {d.Euclidean, d.Minkowski, d.KullbackLeibler});
+    ExpectWithin(0, 1 + 1e-15, {d.Czekanowski, d.Canberra / (1.0 + static_cast<double>(x.size()))});
+    for (const double power : {1.5, 0.01, 3.0, -1.0, std::nan("")}) {
+        const GeneralizedConcordanceResult g = GeneralizedConcordance(x, y, power);
+        for (std::size_t i = 0; i < 7; ++i)
+            ExpectWithin(-largest, largest, {g.Rg[i], g.SE[i], g.Lower[i], g.Upper[i]});
+    }
+}
+
 TEST(DegenerateSamples, GiveFiniteResults) {
     ForDegenerateSamples([](const DegenerateSample& sample) {
+        SCOPED_TRACE("round " + std::to_string(sample.Round));
         const Values all = EveryResult(sample.X, sample.Y, sample.SDX, sample.SDY);
         for (std::size_t k = 0; k < all.size(); ++k)
-            ASSERT_TRUE(std::isfinite(all[k])) << "round " << sample.Round << " result " << k;
+            ASSERT_TRUE(std::isfinite(all[k])) << "result " << k;
+        Values longer = sample.X;
+        longer.insert(longer.end(), sample.SDX.begin(), sample.SDX.end());
+        CheckSample(sample.X);
+        CheckSample(sample.Y);
+        CheckPair(sample.X, sample.Y, sample.Round % 8 == 0 ? 1e-3 : sample.Round % 8);
+        CheckPair(longer, sample.SDY, 3);
     });
 }
 
 TEST(DegenerateSamples, WithoutDefiniteNumbersGiveFiniteResultsToo) {
     const double infinity = std::numeric_limits<double>::infinity(), none = std::nan("");
-    for (double result :
-         EveryResult({1, none, infinity, 4}, {-infinity, 2, 3, none}, {none, 1, 0, -1}, {1, infinity, 1, 1}))
+    const Values x = {1, none, infinity, 4}, y = {-infinity, 2, 3, none};
+    for (double result : EveryResult(x, y, {none, 1, 0, -1}, {1, infinity, 1, 1}))
         EXPECT_TRUE(std::isfinite(result));
+    CheckSample(x);
+    CheckSample(y);
+    for (const double order : {0.3, 7.0, 1e-300, 1e300, infinity})
+        CheckPair(x, y, order);
 }
 
 TEST(DegenerateSamples, SaturateByOneRule) {
