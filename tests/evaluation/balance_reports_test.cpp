@@ -1,49 +1,19 @@
 #include "analyses/balance_tables.h"
 #include "report_of.h"
-#include "support/golden.h"
 
 namespace corvane {
 namespace {
 
 using Options = AnalysisOptions;
-constexpr std::int16_t off = 0, on = 1;
+constexpr std::int16_t off = 0;
 const testing::Gates both = {&Options::BALANCE_ANALYSIS, &Options::ORTHOGONAL_BALANCE};
-
-RunResult PairsReport(testing::TextPairs pairs) {
-    return testing::RunOfPairs("pairs.KOV", pairs, both, {{&Options::ADD_COMMENT, off}});
-}
-
-TEST(BalanceReports, RegularLeastSquares) {
-    testing::ExpectGolden("balance_mtcars.txt", testing::RunOfExample("mtcars.KOV", both).report.Text());
-}
-
-TEST(BalanceReports, SwappedWithoutComments) {
-    testing::ExpectGolden(
-        "balance_mtcars_swapped.txt",
-        testing::RunOfExample("mtcars.KOV", both, {{&Options::SwapXY, on}, {&Options::ADD_COMMENT, off}})
-            .report.Text());
-}
-
-TEST(BalanceReports, OrthogonalAloneWithAFallingLine) {
-    testing::ExpectGolden("balance_pearson.txt",
-                          testing::RunOfExample("pearson.KOV", {&Options::ORTHOGONAL_BALANCE}).report.Text());
-}
-
-TEST(BalanceReports, SlopeOfExactlyZero) {
-    testing::ExpectGolden(
-        "balance_level.txt",
-        PairsReport({{"1", "1"}, {"2", "3"}, {"3", "2"}, {"4", "3"}, {"5", "1"}}).report.Text());
-}
-
-TEST(BalanceReports, AllPairsTied) {
-    testing::ExpectGolden("balance_tied.txt",
-                          PairsReport({{"2", "3"}, {"2", "3"}, {"2", "3"}, {"2", "3"}}).report.Text());
-}
 
 TEST(BalanceReports, AFailedAllocationShowsTheTableOfBalanceAnalysis) {
     // Mean X + mean Y overflows, which only the line Y = X needs: its half has old cells and no results.
-    const RunResult result = PairsReport(
-        {{".80e308", "1.00e308"}, {".84e308", ".94e308"}, {".88e308", ".93e308"}, {".92e308", ".90e308"}});
+    const RunResult result = testing::RunOfPairs(
+        "pairs.KOV",
+        {{".80e308", "1.00e308"}, {".84e308", ".94e308"}, {".88e308", ".93e308"}, {".92e308", ".90e308"}},
+        both, {{&Options::ADD_COMMENT, off}});
     const ReportSection& orthogonal = result.report.Sections().back();
     EXPECT_EQ(orthogonal.failures.size(), 1U);
     EXPECT_EQ(orthogonal.lines[4].Text(),

@@ -111,18 +111,14 @@ TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
 
 TEST_F(CalculateRun, TheDeviationConfidenceIsPerCentOrAFraction) {
     Put({{"1", "", "2", ""}, {"2", "", "3.5", ""}, {"4", "", "4", ""}});
-    const auto probabilityOf = [&](const char* text) {
+    // Without a text it is what the last run left.
+    for (const auto& [text, probability] :
+         {std::pair{"95", 0.95}, {"0.95", 0.95}, {"0", 0.95}, {"x", 0.95}, {"1", 0.01}, {"", 0.5}}) {
         session.DeviationCIProb = 0.5;
         dataset.options.DEVIATION_CI_PROB = text;
         Run();
-        return session.DeviationCIProb;
-    };
-    EXPECT_EQ(probabilityOf("95"), 0.95);
-    EXPECT_EQ(probabilityOf("0.95"), 0.95);
-    EXPECT_EQ(probabilityOf("0"), 0.95);
-    EXPECT_EQ(probabilityOf("x"), 0.95);
-    EXPECT_EQ(probabilityOf("1"), 0.01);
-    EXPECT_EQ(probabilityOf(""), 0.5); // what the last run left
+        EXPECT_EQ(session.DeviationCIProb, probability) << text;
+    }
     EXPECT_EQ(session.MeanY, 9.5 / 3);
 }
 

@@ -10,6 +10,7 @@ namespace {
 using Options = AnalysisOptions;
 using Strings = std::vector<std::string>;
 using testing::Gates;
+using testing::Has;
 using testing::Settings;
 
 const Gates all{&Options::RANK_ANALYSIS, &Options::THRESHOLD_ANALYSIS, &Options::DISTANCE_ANALYSIS};
@@ -32,37 +33,28 @@ std::string Ranks(const DataMatrix& cells) {
     return text;
 }
 
-bool Has(const RunResult& run, const char* lines) {
-    return run.report.Text().find(lines) != std::string::npos;
-}
-
-TEST(RankReports, AllThreeSectionsWithComments) {
-    const RunResult run = testing::RunOfExample(
-        "mtcars.KOV", all, {{&Options::TRESHOLD_RANK, "15.5"}, {&Options::TRESHOLD_XY, "21"}});
-    testing::ExpectGolden("ranks_mtcars.txt", run.report.Text());
-    EXPECT_EQ(run.warnings, Strings());
-}
-
 TEST(RankReports, SwappedWithInvertedRanksAndTheTitlelessTable) {
     const std::string path = std::string(CORVANE_EXAMPLES) + "/mtcars.KOV";
+    const Settings swapped = {{&Options::SwapXY, std::int16_t{1}},
+                              {&Options::ADD_COMMENT, std::int16_t{0}},
+                              {&Options::TRESHOLD_XY, "20.5"}};
+    const auto run = [&](Dataset& dataset, OptionRow::Member inverted) {
+        Settings settings = swapped;
+        settings.emplace_back(inverted, std::int16_t{1});
+        return testing::RunOf(dataset, path, all, settings);
+    };
     Dataset plain, invertedX, invertedY;
-    testing::RunOf(plain, path, all, {{&Options::SwapXY, std::int16_t{1}}});
-    testing::RunOf(invertedY, path, all,
-                   {{&Options::SwapXY, std::int16_t{1}}, {&Options::InvertYRanks, std::int16_t{1}}});
-    const RunResult run = testing::RunOf(invertedX, path, all,
-                                         {{&Options::SwapXY, std::int16_t{1}},
-                                          {&Options::InvertXRanks, std::int16_t{1}},
-                                          {&Options::ADD_COMMENT, std::int16_t{0}},
-                                          {&Options::TRESHOLD_XY, "20.5"}});
-    testing::ExpectGolden("ranks_mtcars_swapped.txt", run.report.Text());
+    testing::RunOf(plain, path, all, swapped);
+    run(invertedY, &Options::InvertYRanks);
+    testing::ExpectGolden("ranks_mtcars_swapped.txt", run(invertedX, &Options::InvertXRanks).report.Text());
     for (std::int32_t row = 1; row <= 32; ++row) {
-        const auto at = [&](const Dataset& dataset, Column column) {
-            return CellNumber(dataset.cells.At(column, row)).value_or(-1);
+        const auto ranks = [&](const Dataset& dataset) {
+            return std::pair(CellNumber(dataset.cells.At(ColumnRankX, row)).value_or(-1),
+                             CellNumber(dataset.cells.At(ColumnRankY, row)).value_or(-1));
         };
-        EXPECT_EQ(at(invertedX, ColumnRankX), 33 - at(plain, ColumnRankX)) << row;
-        EXPECT_EQ(at(invertedX, ColumnRankY), at(plain, ColumnRankY)) << row;
-        EXPECT_EQ(at(invertedY, ColumnRankX), at(plain, ColumnRankX)) << row;
-        EXPECT_EQ(at(invertedY, ColumnRankY), 33 - at(plain, ColumnRankY)) << row;
+        const auto [x, y] = ranks(plain);
+        EXPECT_EQ(ranks(invertedX), std::pair(33 - x, y)) << row;
+        EXPECT_EQ(ranks(invertedY), std::pair(x, 33 - y)) << row;
     }
 }
 

@@ -10,23 +10,16 @@ namespace {
 
 const ClockTime time = testing::FixedClock().Now();
 
-TEST(ReportHeader, CentresAShortName) {
-    EXPECT_EQ(HeaderLine("d.KOV", time), "KOV v. 4.0.0" + std::string(37, ' ') + "[d.KOV]" +
-                                             std::string(37, ' ') + "09-Mar-2026 07:05:04");
-    const std::string of77 = Repeat("é", 77);
-    EXPECT_EQ(HeaderLine(of77, time), "KOV v. 4.0.0 [" + of77 + "] 09-Mar-2026 07:05:04");
-}
-
-TEST(ReportHeader, CutsALongNameByCharacters) {
-    for (const std::size_t length : {78U, 90U}) {
-        const std::string name = Repeat("x", length - 73) + Repeat("é", 73);
-        EXPECT_EQ(HeaderLine(name, time), "KOV v. 4.0.0 [..." + Repeat("é", 73) + "] 09-Mar-2026 07:05:04");
-    }
-}
-
-TEST(ReportHeader, AnUnnamedDatasetIsUntitled) {
-    EXPECT_EQ(HeaderLine("", time), "KOV v. 4.0.0" + std::string(36, ' ') + "[UNTITLED]" +
-                                        std::string(36, ' ') + "09-Mar-2026 07:05:04");
+TEST(ReportHeader, CentresTheNameAndCutsALongOneByCharacters) {
+    const auto line = [](const std::string& before, const std::string& name, const std::string& behind) {
+        return "KOV v. 4.0.0" + before + "[" + name + "]" + behind + "09-Mar-2026 07:05:04";
+    };
+    const std::string of36(36, ' '), of37(37, ' '), last73 = Repeat("é", 73), of77 = Repeat("é", 77);
+    EXPECT_EQ(HeaderLine("d.KOV", time), line(of37, "d.KOV", of37));
+    EXPECT_EQ(HeaderLine("", time), line(of36, "UNTITLED", of36));
+    EXPECT_EQ(HeaderLine(of77, time), line(" ", of77, " "));
+    for (const std::size_t cut : {5U, 17U})
+        EXPECT_EQ(HeaderLine(Repeat("x", cut) + last73, time), line(" ", "..." + last73, " "));
 }
 
 } // namespace

@@ -8,18 +8,18 @@
 #include "support/run_fakes.h"
 
 #include <gtest/gtest.h>
-#include <initializer_list>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace corvane::testing {
 
-using Gates = std::initializer_list<OptionRow::Member>;
-using Settings = std::initializer_list<std::pair<OptionRow::Member, OptionValue>>;
+using Gates = std::vector<OptionRow::Member>;
+using Settings = std::vector<std::pair<OptionRow::Member, OptionValue>>;
 
 /// The run of a dataset file with only the given sections ticked, and then the given settings.
-inline RunResult RunOf(Dataset& dataset, const std::string& path, Gates gates, Settings settings = {},
-                       const FileStore& files = NativeFileStore()) {
+inline RunResult RunOf(Dataset& dataset, const std::string& path, const Gates& gates,
+                       const Settings& settings = {}, const FileStore& files = NativeFileStore()) {
     SessionState session;
     const LoadOutcome loaded = LoadFile(path, dataset, session, files);
     EXPECT_TRUE(loaded.Complete()) << loaded.Error();
@@ -34,25 +34,30 @@ inline RunResult RunOf(Dataset& dataset, const std::string& path, Gates gates, S
     return Calculate(dataset, session, fakes.Services());
 }
 
-inline RunResult RunOf(const std::string& path, Gates gates, Settings settings = {},
+inline RunResult RunOf(const std::string& path, const Gates& gates, const Settings& settings = {},
                        const FileStore& files = NativeFileStore()) {
     Dataset dataset;
     return RunOf(dataset, path, gates, settings, files);
 }
 
-inline RunResult RunOfExample(const std::string& example, Gates gates, Settings settings = {}) {
+inline RunResult RunOfExample(const std::string& example, const Gates& gates, const Settings& settings = {}) {
     return RunOf(std::string(CORVANE_EXAMPLES) + "/" + example, gates, settings);
 }
 
 /// The same with pairs of X and Y in memory, under the name of a dataset file.
-using TextPairs = std::initializer_list<std::pair<const char*, const char*>>;
-inline RunResult RunOfPairs(const std::string& name, TextPairs pairs, Gates gates, Settings settings = {}) {
+using TextPairs = std::vector<std::pair<const char*, const char*>>;
+inline RunResult RunOfPairs(const std::string& name, const TextPairs& pairs, const Gates& gates,
+                            const Settings& settings = {}) {
     MemoryFiles files;
     std::string& text = files.files["/data/" + name];
     text = "4,0,0\nN=" + std::to_string(pairs.size()) + "\nDATA:\n";
     for (const auto& [x, y] : pairs)
         text += std::string(x) + ",," + y + ",,,,\n";
     return RunOf("/data/" + name, gates, settings, files);
+}
+
+inline bool Has(const RunResult& run, const std::string& part) {
+    return run.report.Text().find(part) != std::string::npos;
 }
 
 /// The XY plots that a run asked for, in their order.
