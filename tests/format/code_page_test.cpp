@@ -21,9 +21,8 @@ TEST(CodePage, KnowsUtf8) {
 
 TEST(CodePage, MapsEveryByteToOneCharacter) {
     std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) {
+    for (int byte = 0; byte < 256; ++byte)
         bytes += static_cast<char>(byte);
-    }
     const std::string text = FromWindows1252(bytes);
     EXPECT_TRUE(IsValidUtf8(text));
     EXPECT_EQ(ToWindows1252(text), bytes);

@@ -18,9 +18,8 @@ using Readings = std::vector<std::pair<const char*, double>>;
 TEST(ReadNumber, ReadsSignsPointsAndExponents) {
     const Readings readings{{" \t-12.5\t ", -12.5}, {".5", 0.5},      {"+5.", 5},    {"1e3", 1000},
                             {"1.5D-2", 0.015},      {"-2.E+2", -200}, {"12d01", 120}};
-    for (const auto& [text, value] : readings) {
+    for (const auto& [text, value] : readings)
         EXPECT_EQ(ReadNumber(text), value) << text;
-    }
 }
 
 TEST(ReadNumber, RefusesEverythingElse) {
@@ -50,9 +49,8 @@ TEST(LeadingNumber, TakesTheLongestNumericBeginning) {
     const Readings readings{
         {"\t 12.5 rows", 12.5}, {"1e", 1}, {"1d+x", 1}, {"2d1%", 20}, {"3.4.5", 3.4}, {"-.5-", -0.5}, {"", 0},
         {"rows 12", 0},         {".", 0},  {"inf", 0},  {"1e999", 0}};
-    for (const auto& [text, value] : readings) {
+    for (const auto& [text, value] : readings)
         EXPECT_EQ(LeadingNumber(text), value) << text;
-    }
 }
 
 TEST(NumberText, IsShortAndPlainInTheUsualRange) {
@@ -67,9 +65,8 @@ TEST(NumberText, IsShortAndPlainInTheUsualRange) {
                             {"-1E+300", -1e300},
                             {"0", -0.0},
                             {"Infinity", HUGE_VAL}};
-    for (const auto& [text, value] : readings) {
+    for (const auto& [text, value] : readings)
         EXPECT_EQ(NumberText(value), text);
-    }
     EXPECT_EQ(NumberText(9.1F), "9.1");
     EXPECT_EQ(PlainNumber(1.0) + PlainNumber(-0.0) + PlainNumber(-1.0) + PlainNumber(9.75F), " 1 0-1 9.75");
 }
@@ -93,15 +90,12 @@ TEST(NumberText, ReadsBack) {
 }
 
 TEST(ToInteger, RoundsHalvesToEvenWithinTheRange) {
-    EXPECT_EQ(ToInteger16(2.5), 2);
-    EXPECT_EQ(ToInteger16(-3.5), -4);
-    EXPECT_EQ(ToInteger16(32767.4), 32767);
-    EXPECT_EQ(ToInteger16(-32768.5), -32768);
+    for (const auto& [value, whole] : {std::pair{2.5, 2}, {-3.5, -4}, {32767.4, 32767}, {-32768.5, -32768}})
+        EXPECT_EQ(ToInteger16(value), whole);
     EXPECT_FALSE(ToInteger16(32767.5));
     EXPECT_EQ(ToInteger32(2147483647.4), 2147483647);
-    EXPECT_FALSE(ToInteger32(2147483647.5));
-    EXPECT_FALSE(ToInteger32(-2147483648.6));
-    EXPECT_FALSE(ToInteger32(std::nan("")));
+    for (const double value : {2147483647.5, -2147483648.6, std::nan("")})
+        EXPECT_FALSE(ToInteger32(value));
 }
 
 TEST(ToBoolean, TakesWordsAndNumbers) {
