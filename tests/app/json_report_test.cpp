@@ -4,8 +4,8 @@
 #include "core/option_changes.h"
 #include "files/dataset_reader.h"
 #include "platform/native/native_file_store.h"
+#include "support/fakes.h"
 #include "support/golden.h"
-#include "support/run_fakes.h"
 
 #include <algorithm>
 #include <bit>
