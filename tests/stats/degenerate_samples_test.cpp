@@ -197,9 +197,8 @@ TEST(DegenerateSamples, HaveResidualsOfTheirOwn) {
         const LineFit lever = FitLine(stack, over);
         const Residuals alone = ResidualStatistics(lever.a, lever.b, stack, over, 0, 0, 0);
         EXPECT_EQ(alone.Leverage[0], 1.0);
-        EXPECT_EQ(alone.SERes[0], 0.0);
-        EXPECT_EQ(alone.StdtRes[0], 0.0);
-        EXPECT_EQ(alone.CookD[0], 0.0);
+        for (const double value : {alone.SERes[0], alone.StdtRes[0], alone.CookD[0]})
+            EXPECT_EQ(value, 0.0);
     }
     // One pair off a line through all others: nothing is left when it is taken out.
     const Values x = {1, 2, 3, 4, 5, 6}, y = {1, 2, 3, 10, 5, 6};
