@@ -1,5 +1,7 @@
 #include "evaluation/calculate.h"
 
+#include "core/format/text_lists.h"
+#include "evaluation/report_header.h"
 #include "evaluation/report_of.h"
 
 #include <gtest/gtest.h>
@@ -105,6 +107,19 @@ TEST_F(CalculateRun, AParameterWithoutSDHasNoTestAndNThreeHasOneDegreeOfFreedom)
     Put({{"1", "", "1.1", ""}, {"2", "", "2.3", ""}, {"4", "", "3.7", ""}});
     // R 4.2.2, lm(y ~ x): t of the slope 6.81273, P 0.092783 with 1 degree of freedom.
     EXPECT_TRUE(Has(Evaluate(), "H0: b = 0            T-value (P-value):    6.81273 (0.09278)\r\n"));
+}
+
+TEST(ReportHeader, CentresTheNameAndCutsALongOneByCharacters) {
+    const ClockTime time = FixedClock().Now();
+    const auto line = [](const std::string& before, const std::string& name, const std::string& behind) {
+        return "KOV v. 4.0.0" + before + "[" + name + "]" + behind + "09-Mar-2026 07:05:04";
+    };
+    const std::string of36(36, ' '), of37(37, ' '), last73 = Repeat("é", 73), of77 = Repeat("é", 77);
+    EXPECT_EQ(HeaderLine("d.KOV", time), line(of37, "d.KOV", of37));
+    EXPECT_EQ(HeaderLine("", time), line(of36, "UNTITLED", of36));
+    EXPECT_EQ(HeaderLine(of77, time), line(" ", of77, " "));
+    for (const std::size_t cut : {5U, 17U})
+        EXPECT_EQ(HeaderLine(Repeat("x", cut) + last73, time), line(" ", "..." + last73, " "));
 }
 
 } // namespace

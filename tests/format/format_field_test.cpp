@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <random>
+#include <tuple>
 
 namespace corvane {
 namespace {
@@ -40,18 +41,21 @@ TEST(FormatField, RaisesProbabilitiesThatWouldPrintAsZero) {
         const std::string text = FormatField(field).value_or("refused");
         return std::string(TrimBlanks(text)) + "|" + CellText(field.value);
     };
-    EXPECT_EQ(raised(0.0, 4), "0.0001|0.0001");
-    EXPECT_EQ(raised(0.00001, 4), "0.0001|0.00011");
-    EXPECT_EQ(raised(0.00005, 4), "0.0002|" + NumberText(0.00005 + 0.0001)); // no double is 0.00015
-    EXPECT_EQ(raised(0.05, 4), "0.0500|0.05");
-    EXPECT_EQ(raised(0.0001, 4), "0.0001|0.0001"); // one unit exactly stays
-    EXPECT_EQ(raised(-3.0, 4), "0.0001|0.0001");
-    EXPECT_EQ(raised(0.5, 0), "2|1.5");
-    EXPECT_EQ(raised("-0.5", 2), "0.01|0.01");
-    EXPECT_EQ(raised(" 0.50", 2), "0.50| 0.50"); // text that needs no raising stays text
-    EXPECT_EQ(raised("", 2), "|");
-    EXPECT_EQ(raised("word", 2), "refused|word");
-    EXPECT_EQ(raised(".", 2), "refused|.");
+    const std::tuple<CellValue, int, std::string> fields[] = {
+        {0.0, 4, "0.0001|0.0001"},
+        {0.00001, 4, "0.0001|0.00011"},
+        {0.05, 4, "0.0500|0.05"},
+        {-3.0, 4, "0.0001|0.0001"},
+        {0.5, 0, "2|1.5"},
+        {"-0.5", 2, "0.01|0.01"},
+        {"", 2, "|"},
+        {"word", 2, "refused|word"},
+        {".", 2, "refused|."},
+        {0.00005, 4, "0.0002|" + NumberText(0.00005 + 0.0001)}, // no double is 0.00015
+        {0.0001, 4, "0.0001|0.0001"},                           // one unit exactly stays
+        {" 0.50", 2, "0.50| 0.50"}};                            // and text that needs no raising stays text
+    for (const auto& [value, decimals, text] : fields)
+        EXPECT_EQ(raised(value, decimals), text);
 }
 
 TEST(FormatField, RefusesWhatNoPictureCanShow) {
@@ -64,9 +68,8 @@ TEST(FormatField, RefusesWhatNoPictureCanShow) {
     EXPECT_EQ(Shown({.value = 5.0, .width = 5, .decimals = -1}), "refused");
     EXPECT_EQ(Shown({.value = 5.0, .width = -1}), "refused");
     EXPECT_EQ(Shown({.width = -1}), "refused");
-    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL})
         EXPECT_EQ(Shown({.value = value, .width = 9, .probability = true}), "refused");
-    }
     EXPECT_EQ(Shown({.value = 0.5, .width = 9, .decimals = 400, .probability = true}), "refused");
     EXPECT_EQ(Shown({.value = 0.5, .width = 9, .decimals = 2147483647}), "      n/a");
 }
@@ -81,15 +84,18 @@ TEST(FormatField, ShowsTextByItsCharacters) {
 }
 
 TEST(AlignField, CutsAndPads) {
-    EXPECT_EQ(AlignField("", 5, AlignLeft), "");
-    EXPECT_EQ(AlignField("éèêë", 2, AlignRight), "éè");
-    EXPECT_EQ(AlignField("éè", 5, AlignCentre), " éè  ");
-    // The blanks to add are counted before the text's own are dropped.
-    EXPECT_EQ(AlignField("  a", 5, AlignRight), "  a");
-    EXPECT_EQ(AlignField("  a", 5, AlignLeft), "a  ");
-    EXPECT_EQ(AlignField("  a", 5, AlignCentre), "   a ");
-    EXPECT_EQ(AlignField("   ", 5, AlignLeft), "  ");
-    EXPECT_EQ(AlignField("a", -1, AlignLeft), "");
+    const std::tuple<const char*, int, std::int16_t, const char*> fields[] = {
+        {"", 5, AlignLeft, ""},
+        {"éèêë", 2, AlignRight, "éè"},
+        {"éè", 5, AlignCentre, " éè  "},
+        {"   ", 5, AlignLeft, "  "},
+        {"a", -1, AlignLeft, ""},
+        // The blanks to add are counted before the text's own are dropped.
+        {"  a", 5, AlignRight, "  a"},
+        {"  a", 5, AlignLeft, "a  "},
+        {"  a", 5, AlignCentre, "   a "}};
+    for (const auto& [text, width, alignment, aligned] : fields)
+        EXPECT_EQ(AlignField(text, width, alignment), aligned) << text;
 }
 
 // The field by its pictures, step for step, for a number without the probability flag.

@@ -39,17 +39,20 @@ TEST(FormatPicture, PlaceholdersDecideWhichDigitsPrint) {
 }
 
 TEST(FormatPicture, RoundsTheDecimalExpansionHalfAway) {
-    EXPECT_EQ(Shown(2.5, "0"), "3");
-    EXPECT_EQ(Shown(2.675, "0.00"), "2.68"); // the double lies below 2.675
-    EXPECT_EQ(Shown(1.005, "0.00"), "1.01");
-    EXPECT_EQ(Shown(0.5 - 1e-15, "0"), "0"); // 0.499999999999999 has 15 digits
-    EXPECT_EQ(Shown(0.5 - 1e-16, "0"), "1"); // 0.4999999999999999 is 0.500000000000000
-    EXPECT_EQ(Shown(9.9995, "0.000"), "10.000");
-    EXPECT_EQ(Shown(0.1, "0.00000000000000000000"), "0.10000000000000000000");
-    EXPECT_EQ(Shown(std::ldexp(1.0, 70), "0.0"), "1180591620717410000000.0");
-    EXPECT_EQ(Shown(-0.00001, "0.00"), "-0.00");
-    EXPECT_EQ(Shown(-0.2, "#"), "-");
-    EXPECT_EQ(Shown(-0.0, "0.0"), "0.0");
+    const std::tuple<double, const char*, const char*> pictures[] = {
+        {2.5, "0", "3"},
+        {9.9995, "0.000", "10.000"},
+        {0.1, "0.00000000000000000000", "0.10000000000000000000"},
+        {std::ldexp(1.0, 70), "0.0", "1180591620717410000000.0"},
+        {-0.00001, "0.00", "-0.00"},
+        {-0.2, "#", "-"},
+        {-0.0, "0.0", "0.0"},
+        {1.005, "0.00", "1.01"},
+        {2.675, "0.00", "2.68"},  // the double lies below 2.675
+        {0.5 - 1e-15, "0", "0"},  // 0.499999999999999 has 15 digits
+        {0.5 - 1e-16, "0", "1"}}; // 0.4999999999999999 is 0.500000000000000
+    for (const auto& [value, picture, text] : pictures)
+        EXPECT_EQ(Shown(value, picture), text);
 }
 
 TEST(FormatPicture, TakesTextAndEmptyValues) {

@@ -133,6 +133,23 @@ TEST(FitMedian, TakesThePlainCasesExactly) {
     expect({{0, 0, 1, 1}, {0, 1, 0, 1}}, 0.5, 0, 0.5); // every line between the corners: the middle one
 }
 
+TEST(FitMedian, FollowsPowersOfTwo) {
+    std::mt19937_64 generator(11);
+    const Sample sample = Random(0, 50, generator);
+    const MedianFit fit = FitMedian(sample.X, sample.Y);
+    for (const auto& [powerX, powerY] : {std::pair{900, 850}, {-900, -850}, {300, -600}, {-300, 500}}) {
+        Sample scaled = sample;
+        for (double& x : scaled.X)
+            x = std::ldexp(x, powerX);
+        for (double& y : scaled.Y)
+            y = std::ldexp(y, powerY);
+        const MedianFit other = FitMedian(scaled.X, scaled.Y);
+        EXPECT_EQ(other.a, std::ldexp(fit.a, powerY));
+        EXPECT_EQ(other.b, std::ldexp(fit.b, powerY - powerX));
+        EXPECT_EQ(other.AbsDev, std::ldexp(fit.AbsDev, powerY));
+    }
+}
+
 } // namespace
 
 } // namespace corvane::stats::test
