@@ -85,15 +85,9 @@ TEST(DeviationReports, TheWindowIsTheTextOfTheIntervals) {
     // Ties out of order, a number too wide, a zero with a sign, a decimal that rounds by its digits.
     const std::vector<double> X = {3, -2, 3, 1234567, 0.000005, -0.000001, -0.0},
                               Y = {1, 5, 2, 4, 0, 7, 1.000005};
-    const RunResult run = RunOfPairs("hostile.KOV",
-                                     {{"3", "1"},
-                                      {"-2", "5"},
-                                      {"3", "2"},
-                                      {"1234567", "4"},
-                                      {"0.000005", "0"},
-                                      {"-0.000001", "7"},
-                                      {"-0.0", "1.000005"}},
-                                     deviationGates);
+    const TextPairs texts = {{"3", "1"},        {"-2", "5"},        {"3", "2"},          {"1234567", "4"},
+                             {"0.000005", "0"}, {"-0.000001", "7"}, {"-0.0", "1.000005"}};
+    const RunResult run = RunOfPairs("hostile.KOV", texts, deviationGates);
     std::vector<double> D;
     for (std::size_t i = 0; i < X.size(); ++i)
         D.push_back(Y[i] - X[i]);

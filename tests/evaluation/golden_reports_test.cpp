@@ -32,6 +32,17 @@ const char* const bootstrap = "BOOTSTRAP ANALYSIS OF MSEP";
 const TextPairs constantY = {{"1", "3.5"}, {"2.5", "3.5"}, {"3", "3.5"},
                              {"4", "3.5"}, {"6.5", "3.5"}, {"7", "3.5"}};
 
+// Means below zero and no bias at all, a slope of exactly zero, a mean of Y of zero, a constant ratio.
+const TextPairs belowZero = {{"-5", "-4.25"}, {"-3.5", "-4.5"},  {"-1.5", "-1"},
+                             {"0.5", "1.5"},  {"-2.5", "-3.25"}, {"0", "-0.5"}};
+const TextPairs level = {{"1", "1"}, {"2", "3"}, {"3", "2"}, {"4", "3"}, {"5", "1"}};
+const TextPairs tied = {{"2", "3"}, {"2", "3"}, {"2", "3"}, {"2", "3"}};
+const TextPairs zeros = {{"1.2", "0"}, {"0", "1.5"}, {"3.1", "3"}, {"4.4", "0"},
+                         {"5", "5.5"}, {"6.3", "6"}, {"7.7", "8"}};
+const TextPairs meanZero = {{"-3.2", "-3"}, {"-1.5", "-2"}, {"-0.4", "-0.5"},
+                            {"0.9", "0.5"}, {"2.8", "1.5"}, {"3.1", "3.5"}};
+const TextPairs sameRatio = {{"2", "1"}, {"4", "2"}, {"7", "3.5"}};
+
 Settings Bootstrap(const char* percentage, Settings settings = {}) {
     settings.emplace_back(&Options::MSPE_BOOTSTRAP_SIZE, std::string(percentage));
     return settings;
@@ -47,26 +58,13 @@ std::vector<GoldenReport> Reports() {
         {"constant_y", "constant.KOV", constantY, regression},
         {"adequacy_mtcars", "mtcars.KOV", {}, adequacy},
         {"adequacy_swapped", "mtcars.KOV", {}, adequacy, swapped},
-        // Means below zero and no bias at all.
-        {"adequacy_negative",
-         "negative.KOV",
-         {{"-5", "-4.25"},
-          {"-3.5", "-4.5"},
-          {"-1.5", "-1"},
-          {"0.5", "1.5"},
-          {"-2.5", "-3.25"},
-          {"0", "-0.5"}},
-         adequacy},
+        {"adequacy_negative", "negative.KOV", belowZero, adequacy},
         {"adequacy_constant_y", "constant.KOV", constantY, adequacy},
         {"balance_mtcars", "mtcars.KOV", {}, balance},
         {"balance_mtcars_swapped", "mtcars.KOV", {}, balance, swapped},
         {"balance_pearson", "pearson.KOV", {}, {&Options::ORTHOGONAL_BALANCE}}, // a falling line
-        {"balance_level",
-         "pairs.KOV",
-         {{"1", "1"}, {"2", "3"}, {"3", "2"}, {"4", "3"}, {"5", "1"}},
-         balance,
-         quiet}, // a slope of exactly zero
-        {"balance_tied", "pairs.KOV", {{"2", "3"}, {"2", "3"}, {"2", "3"}, {"2", "3"}}, balance, quiet},
+        {"balance_level", "pairs.KOV", level, balance, quiet},
+        {"balance_tied", "pairs.KOV", tied, balance, quiet},
         {"ranks_mtcars",
          "mtcars.KOV",
          {},
@@ -74,26 +72,10 @@ std::vector<GoldenReport> Reports() {
          {{&Options::TRESHOLD_RANK, "15.5"}, {&Options::TRESHOLD_XY, "21"}}},
         {"samples_mtcars", "mtcars.KOV", {}, samples, {}, distribution},
         {"samples_mtcars_swapped", "mtcars.KOV", {}, samples, swapped, distribution},
-        {"samples_zeros",
-         "pairs.KOV",
-         {{"1.2", "0"}, {"0", "1.5"}, {"3.1", "3"}, {"4.4", "0"}, {"5", "5.5"}, {"6.3", "6"}, {"7.7", "8"}},
-         samples,
-         quiet,
-         distribution},
-        // The mean of Y is zero.
-        {"samples_negative",
-         "pairs.KOV",
-         {{"-3.2", "-3"}, {"-1.5", "-2"}, {"-0.4", "-0.5"}, {"0.9", "0.5"}, {"2.8", "1.5"}, {"3.1", "3.5"}},
-         samples,
-         quiet,
-         distribution},
+        {"samples_zeros", "pairs.KOV", zeros, samples, quiet, distribution},
+        {"samples_negative", "pairs.KOV", meanZero, samples, quiet, distribution},
         {"samples_constant_y", "pairs.KOV", constantY, samples, quiet, distribution},
-        {"samples_constant_ratio",
-         "pairs.KOV",
-         {{"2", "1"}, {"4", "2"}, {"7", "3.5"}},
-         samples,
-         quiet,
-         distribution},
+        {"samples_constant_ratio", "pairs.KOV", sameRatio, samples, quiet, distribution},
         {"difference_cars", "cars.KOV", {}, difference, Bootstrap("100"), bootstrap},
         // 32767.5 is a half that goes to the even 32768.
         {"difference_pearson", "pearson.KOV", {}, difference, Bootstrap("327675"), bootstrap}};

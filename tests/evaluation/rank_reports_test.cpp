@@ -103,14 +103,10 @@ TEST(RankReports, ARowWithoutXTakesTheNextRankAndRowsBehindTheLastKeepTheirs) {
 /// another.
 TEST(RankReports, PointsOnTheThresholdFallBelow) {
     Strings rows;
-    for (const auto& [count, row] : {std::pair{1U, "2,,2,,1,1,"},
-                                     {2U, "2,,1,,1,1,"},
-                                     {3U, "1,,2,,1,1,"},
-                                     {4U, "2,,3,,1,1,"},
-                                     {5U, "3,,2,,1,1,"},
-                                     {6U, "3,,3,,1,1,"},
-                                     {7U, "1,,1,,1,1,"},
-                                     {9U, "9,,9,,,,"}}) // the last without a rank
+    const std::pair<std::size_t, const char*> places[] = {
+        {1, "2,,2,,1,1,"}, {2, "2,,1,,1,1,"}, {3, "1,,2,,1,1,"}, {4, "2,,3,,1,1,"},
+        {5, "3,,2,,1,1,"}, {6, "3,,3,,1,1,"}, {7, "1,,1,,1,1,"}, {9, "9,,9,,,,"}}; // the last without a rank
+    for (const auto& [count, row] : places)
         rows.insert(rows.end(), count, row);
     const RunResult run = Workbench()
                               .OpenRows("rows.KOV", rows)
