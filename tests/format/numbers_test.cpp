@@ -24,21 +24,18 @@ TEST(ReadNumber, ReadsSignsPointsAndExponents) {
 
 TEST(ReadNumber, RefusesEverythingElse) {
     for (const char* text : {"",    " ",   ".",   "+",   "-.",  "e5",   "1e", "1e+", "1 2", "1,5",  "1.2.3",
-                             "--1", "+-1", "- 1", "inf", "nan", "0x10", "1f", "\n1", "1_0", "1e5.", "١"}) {
+                             "--1", "+-1", "- 1", "inf", "nan", "0x10", "1f", "\n1", "1_0", "1e5.", "١"})
         EXPECT_FALSE(ReadNumber(text)) << text;
-    }
     EXPECT_FALSE(ReadNumber(std::string_view("1\0", 2)));
 }
 
 TEST(ReadNumber, TellsOverflowFromUnderflow) {
-    for (const char* text : {"1e309", "-1.8E308", "1e99999999999999999999", "1000e306"}) {
+    for (const char* text : {"1e309", "-1.8E308", "1e99999999999999999999", "1000e306"})
         EXPECT_FALSE(ReadNumber(text)) << text;
-    }
     EXPECT_FALSE(ReadNumber(std::string(400, '9')));
     for (const char* text :
-         {"1e-400", "0.0001D-330", "1e-99999999999999999999", "0e99999999999999999999", "0e999"}) {
+         {"1e-400", "0.0001D-330", "1e-99999999999999999999", "0e99999999999999999999", "0e999"})
         EXPECT_EQ(ReadNumber(text), 0.0) << text;
-    }
     EXPECT_EQ(ReadNumber("0." + std::string(400, '0') + "1"), 0.0);
     EXPECT_EQ(ReadNumber("0." + std::string(400, '0') + "1e401"), 1.0);
     EXPECT_EQ(ReadNumber("5e-324"), std::numeric_limits<double>::denorm_min());
