@@ -1,11 +1,8 @@
 #include "app/json_report.h"
 
 #include "core/format/text_lists.h"
-#include "core/option_changes.h"
-#include "files/dataset_reader.h"
-#include "platform/native/native_file_store.h"
+#include "evaluation/report_of.h"
 #include "support/golden.h"
-#include "support/run_fakes.h"
 
 #include <algorithm>
 #include <bit>
@@ -26,42 +23,35 @@ using Json = nlohmann::ordered_json;
 using Strings = std::vector<std::string>;
 
 /// A run with every gate ticked, and its JSON.
-struct FullRun {
-    explicit FullRun(const std::string& path, const FileStore& files = NativeFileStore()) {
-        const LoadOutcome loaded = LoadFile(path, dataset, session, files);
-        EXPECT_TRUE(loaded.Complete()) << loaded.Error();
+struct FullRun : testing::Workbench {
+    explicit FullRun(const Workbench& opened) : Workbench(opened) {
         TickAllGates(dataset, session);
-        testing::RunFakes fakes;
-        result = Calculate(dataset, session, fakes.Services());
+        result = Evaluate();
         EXPECT_EQ(result.end, RunEnd::Finished);
-        json = Json::parse(JsonReport({dataset, session, result, path, fakes.dialogs.messages}));
+        json = Json::parse(JsonReport({dataset, session, result, "file", fakes.dialogs.messages}));
     }
     const Json& Section(const char* id) const { return json.at("sections").at(id); }
 
-    Dataset dataset;
-    SessionState session;
     RunResult result;
     Json json;
 };
 
 FullRun Example(const char* name) {
-    return FullRun(std::string(CORVANE_EXAMPLES) + "/" + name);
+    return FullRun(testing::Workbench().OpenExample(name));
 }
 
-FullRun FourPoints(const std::string& rows) {
-    testing::MemoryFiles files;
-    files.files["/d/points.KOV"] = "4,0,0\nN=4\nDATA:\n" + rows;
-    return FullRun("/d/points.KOV", files);
+FullRun FourPoints(const testing::TextPairs& pairs) {
+    return FullRun(testing::Workbench().OpenPairs("points.KOV", pairs));
 }
 
 /// Points exactly on y = 1.5 + x / 2: statistics saturate and print as "n/a", whole lines fail.
 FullRun ExactLine() {
-    return FourPoints("1,,2,,,,\n2,,2.5,,,,\n4,,3.5,,,,\n8,,5.5,,,,\n");
+    return FourPoints({{"1", "2"}, {"2", "2.5"}, {"4", "3.5"}, {"8", "5.5"}});
 }
 
 /// Y = 6 - X about the same mean: concordance limits saturate, in places without blanks.
 FullRun PerfectDisagreement() {
-    return FourPoints("1,,5,,,,\n2,,4,,,,\n4,,2,,,,\n5,,1,,,,\n");
+    return FourPoints({{"1", "5"}, {"2", "4"}, {"4", "2"}, {"5", "1"}});
 }
 
 /// What the published schema finds wrong; empty for a valid document.
@@ -77,6 +67,12 @@ Strings SchemaErrors(const Json& document) {
     for (const auto& error : results)
         errors.push_back(error.description);
     return errors;
+}
+
+/// The schema finds something wrong after each of these changes to a document.
+void ExpectRefused(const Json& document, std::initializer_list<const char*> changes) {
+    for (const char* change : changes)
+        EXPECT_NE(SchemaErrors(document.patch(Json::array({Json::parse(change)}))), Strings{}) << change;
 }
 
 /// What the text says of a number must be within half a unit of its last place.
@@ -165,11 +161,10 @@ TEST(JsonReport, HoldsEveryNumberOfAComparison) {
               R"({"ordinal":2,"tag":"2","path":"/d/b.KOV"})");
     EXPECT_EQ(json.at("sections").at("correlations").at("not_shown").size(), 6U);
     EXPECT_EQ(json.at("settings").at("probability"), 9);
-    for (const char* change :
-         {R"({"op": "remove", "path": "/settings"})", R"({"op": "remove", "path": "/sections/adequacy"})",
-          R"({"op": "add", "path": "/options", "value": {"LSM": true}})",
-          R"({"op": "replace", "path": "/comparison/models/0/ordinal", "value": "1"})"})
-        EXPECT_NE(SchemaErrors(json.patch(Json::array({Json::parse(change)}))), Strings{}) << change;
+    ExpectRefused(json, {R"({"op": "remove", "path": "/settings"})",
+                         R"({"op": "remove", "path": "/sections/adequacy"})",
+                         R"({"op": "add", "path": "/options", "value": {"LSM": true}})",
+                         R"({"op": "replace", "path": "/comparison/models/0/ordinal", "value": "1"})"});
 }
 
 TEST(JsonReport, TellsNotShownFromFailedAndKeepsTheSizeOfATail) {
@@ -186,16 +181,15 @@ TEST(JsonReport, TellsNotShownFromFailedAndKeepsTheSizeOfATail) {
 }
 
 TEST(JsonReport, TheSchemaRefusesBrokenDocuments) {
-    const Json document = Example("mtcars.KOV").json;
-    for (const char* change :
-         {R"({"op": "remove", "path": "/version"})", R"({"op": "replace", "path": "/format", "value": 2})",
-          R"({"op": "add", "path": "/extra", "value": 1})",
-          R"({"op": "replace", "path": "/dataset/rows", "value": 32.5})",
-          R"({"op": "replace", "path": "/options/LSM", "value": null})",
-          R"({"op": "remove", "path": "/sections/header/failures"})",
-          R"({"op": "replace", "path": "/sections/regression/values/a", "value": true})",
-          R"({"op": "add", "path": "/sections/header/failures/0", "value": {}})"})
-        EXPECT_NE(SchemaErrors(document.patch(Json::array({Json::parse(change)}))), Strings{}) << change;
+    ExpectRefused(Example("mtcars.KOV").json,
+                  {R"({"op": "remove", "path": "/version"})",
+                   R"({"op": "replace", "path": "/format", "value": 2})",
+                   R"({"op": "add", "path": "/extra", "value": 1})",
+                   R"({"op": "replace", "path": "/dataset/rows", "value": 32.5})",
+                   R"({"op": "replace", "path": "/options/LSM", "value": null})",
+                   R"({"op": "remove", "path": "/sections/header/failures"})",
+                   R"({"op": "replace", "path": "/sections/regression/values/a", "value": true})",
+                   R"({"op": "add", "path": "/sections/header/failures/0", "value": {}})"});
 }
 
 TEST(JsonReport, OptionsKeepTheirTypes) {

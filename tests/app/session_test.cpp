@@ -38,34 +38,24 @@ TEST(ReadSwitches, TheFirstLetterInAnyCaseDecides) {
     EXPECT_FALSE(line.save || line.print || line.show || line.stayHidden);
 }
 
-struct LoggedFiles : NativeFileStore {
-    explicit LoggedFiles(Strings& l) : log(l) {}
+/// Writes down, in order, what is saved, printed and opened.
+struct LoggedServices : NativeFileStore, Printer, TextEditor {
     FileResult Create(const std::string& path, const std::string& bytes) override {
         log.push_back("save " + path.substr(path.rfind('/') + 1));
         return NativeFileStore::Create(path, bytes);
     }
-    Strings& log;
-};
-
-struct LoggedPrinter : Printer {
-    explicit LoggedPrinter(Strings& l) : log(l) {}
     FileResult Print(const std::string& text, const std::string& title) override {
         log.push_back("print " + title);
         printed = text;
-        return result;
+        return printResult;
     }
-    Strings& log;
-    std::string printed;
-    FileResult result{true, {}};
-};
-
-struct LoggedEditor : TextEditor {
-    explicit LoggedEditor(Strings& l) : log(l) {}
     bool Open(const std::string& path) override {
         log.push_back("edit " + path.substr(path.rfind('/') + 1));
         return true;
     }
-    Strings& log;
+    Strings log;
+    std::string printed;
+    FileResult printResult{true, {}};
 };
 
 struct FixedFolders : Folders {
@@ -111,17 +101,15 @@ protected:
     const AnalysisOptions& Options() const { return session.CurrentDataset().options; }
 
     TemporaryFolder folder;
-    Strings log;
-    LoggedFiles files{log};
-    LoggedPrinter printer{log};
-    LoggedEditor editor{log};
+    LoggedServices logged;
+    Strings& log = logged.log;
     FixedFolders folders{folder.Path()};
     MemorySettings settings;
     RecordingDialogs dialogs;
     RecordingFeedback feedback;
     FixedClock clock;
     FixedRandom random;
-    Session session{{files, folders, settings, dialogs, feedback, clock, random, printer, editor}};
+    Session session{{logged, folders, settings, dialogs, feedback, clock, random, logged, logged}};
 };
 
 TEST_F(SessionRun, SavesBeforeItPrintsAndThenCloses) {
@@ -133,7 +121,7 @@ TEST_F(SessionRun, SavesBeforeItPrintsAndThenCloses) {
     ASSERT_EQ(session.Windows().size(), 1U);
     EXPECT_FALSE(session.Windows().front().open);
     EXPECT_EQ(ReadBytes(path), session.Windows().front().text);
-    EXPECT_EQ(printer.printed, WithLineFeeds(session.Windows().front().text));
+    EXPECT_EQ(logged.printed, WithLineFeeds(session.Windows().front().text));
 
     log.clear(); // /S and /L stay for the session, and the counter skips what exists
     WriteBytes(folder / "out/Notes0003.TXT", "mine");
@@ -163,7 +151,7 @@ TEST_F(SessionRun, SomeMessagesAreShown) {
                "4,0,0\nTHRESHOLD_ANALYSIS= 1\nTRESHOLD_XY=many\nN=3\nDATA:\n1,,2,,,,\n2,,3,,,,\n3,,5,,,,\n");
     Dispatch(R"(/F"$\w.KOV")");
     EXPECT_NE(dialogs.messages.back().find("many"), std::string::npos) << dialogs.messages.back();
-    printer.result = {false, "no spooler"};
+    logged.printResult = {false, "no spooler"};
     Dispatch(R"(/F"$\d.KOV" /P)");
     EXPECT_EQ(dialogs.messages.back(), "Source: Print\r\nDescription: no spooler\r\nCode: 1");
     Dispatch(R"(/F"$\old.KOV")"); // leaves no name over an empty dataset
@@ -225,7 +213,7 @@ TEST_F(SessionRun, DropsFilesAndClears) {
 TEST_F(SessionRun, ResultsGoToTheWorkingFolderAndToTheEditor) {
     Dispatch(R"(/F"$\d.KOV" /S)");
     EXPECT_TRUE(std::filesystem::exists(folder / "ORRL/KOV Files/Notes0001.TXT"));
-    const ResultsServices services{files, folders, dialogs, printer, editor};
+    const ResultsServices services{logged, folders, dialogs, logged, logged};
     EditResults(session.Windows().front(), services);
     EditResults(session.Windows().front(), services);
     EXPECT_EQ(log.back(), "edit Results0002.TXT");

@@ -13,12 +13,9 @@ void Put(DataMatrix& cells, std::int32_t row, const char* x, const char* y, cons
 
 TEST(Selection, OnlyTheXCellAndTheFirstLetterOfExcludeDecide) {
     DataMatrix cells;
-    Put(cells, 1, "1", "2", "y");
-    Put(cells, 2, "1", "2", "Yes, a spike");
-    Put(cells, 3, "1", "2", "0");
-    Put(cells, 4, "1", "2", "N");
-    Put(cells, 5, "1", "2", "1");
-    Put(cells, 6, "1", "2", " Y");
+    const char* const excludes[] = {"y", "Yes, a spike", "0", "N", "1", " Y"};
+    for (std::int32_t row = 1; row <= 6; ++row)
+        Put(cells, row, "1", "2", excludes[row - 1]);
     Put(cells, 7, "", "2");
     Put(cells, 8, "3", "");
     Put(cells, 9, "4.5", "4.5");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <random>
+#include <tuple>
 
 namespace corvane {
 namespace {
@@ -70,25 +71,6 @@ TEST(GridOperations, RemoveEmptyRowsIsTheSlowWalkInOnePass) {
     }
 }
 
-TEST(GridOperations, ASingleGapClosesUpAndALongerOneCutsTheTable) {
-    Dataset single = WithRows({{"1", "1"}, {"", "2"}, {"3", "3"}, {"4", "4"}});
-    RemoveEmptyRows(single);
-    EXPECT_EQ(single.options.N, "3");
-    EXPECT_EQ(CellText(single.cells.At(ColumnX, 2)), "3");
-
-    Dataset longer = WithRows({{"1", "1"},
-                               {"2", "2"},
-                               {"3", "3"},
-                               {"", ""},
-                               {"", ""},
-                               {"6", "6"},
-                               {"7", "7"},
-                               {"8", "8"},
-                               {"9", "9"}});
-    RemoveEmptyRows(longer);
-    EXPECT_EQ(longer.cells.RowCount(), 3);
-}
-
 TEST(GridOperations, TheRowBehindTheLastComesBackWhenTheTableGrowsAgain) {
     Dataset dataset = WithRows({{"1", "1"}, {"2", "2"}, {"3", "3"}, {"4", "4"}, {"5", "5"}});
     dataset.options.N = "3";
@@ -115,15 +97,15 @@ TEST(GridOperations, SwappingTwiceIsTheIdentityAndLeavesExcludeAndTheHiddenRow) 
     dataset.cells.Set(ColumnSDX, 1, std::string("0.1"));
     dataset.cells.Set(ColumnRankY, 2, 4.5);
     dataset.cells.Set(ColumnX, 4, std::string("hidden"));
+    const auto expect = [&](std::initializer_list<std::tuple<Column, std::int32_t, const char*>> cells) {
+        for (const auto& [column, row, text] : cells)
+            EXPECT_EQ(CellText(dataset.cells.At(column, row)), text) << column << " " << row;
+    };
     SwapXAndY(dataset.cells);
-    EXPECT_EQ(CellText(dataset.cells.At(ColumnX, 3)), "30");
-    EXPECT_EQ(CellText(dataset.cells.At(ColumnY, 2)), "2");
-    EXPECT_EQ(CellText(dataset.cells.At(ColumnSDY, 1)), "0.1");
-    EXPECT_EQ(CellText(dataset.cells.At(ColumnRankX, 2)), "4.5");
-    EXPECT_EQ(CellText(dataset.cells.At(ColumnX, 4)), "hidden");
+    expect({{ColumnX, 3, "30"}, {ColumnY, 2, "2"}, {ColumnSDY, 1, "0.1"}, {ColumnRankX, 2, "4.5"}});
+    expect({{ColumnX, 4, "hidden"}, {ColumnExclude, 1, "mark 1"}});
     SwapXAndY(dataset.cells);
-    EXPECT_EQ(CellText(dataset.cells.At(ColumnX, 3)), "3");
-    EXPECT_EQ(CellText(dataset.cells.At(ColumnY, 1)), "10");
+    expect({{ColumnX, 3, "3"}, {ColumnY, 1, "10"}});
 }
 
 TEST(GridOperations, CellsShowThroughTheirPictures) {
@@ -131,13 +113,11 @@ TEST(GridOperations, CellsShowThroughTheirPictures) {
     dataset.cells.Set(ColumnSDY, 1, std::string("1"));
     dataset.cells.Set(ColumnRankX, 1, 3.5);
     dataset.cells.Set(ColumnRankY, 1, 0.0);
-    EXPECT_EQ(MatrixTOGrid(dataset, 1, ColumnX), "12.3457");
-    EXPECT_EQ(MatrixTOGrid(dataset, 1, ColumnY), ".5000");
-    EXPECT_EQ(MatrixTOGrid(dataset, 1, ColumnSDY), "1.00000");
-    EXPECT_EQ(MatrixTOGrid(dataset, 1, ColumnRankX), "4");
-    EXPECT_EQ(MatrixTOGrid(dataset, 1, ColumnRankY), "");
-    EXPECT_EQ(MatrixTOGrid(dataset, 2, ColumnX), "n.d.");
-    EXPECT_EQ(MatrixTOGrid(dataset, 2, ColumnY), "");
+    std::string shown;
+    for (const int column : {ColumnX, ColumnY, ColumnSDY, ColumnRankX, ColumnRankY})
+        shown += MatrixTOGrid(dataset, 1, column) + "|";
+    EXPECT_EQ(shown, "12.3457|.5000|1.00000|4||");
+    EXPECT_EQ(MatrixTOGrid(dataset, 2, ColumnX) + MatrixTOGrid(dataset, 2, ColumnY), "n.d.");
 }
 
 } // namespace

@@ -1,6 +1,4 @@
-#include "core/format/text_lists.h"
 #include "evaluation/report_of.h"
-#include "support/golden.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -10,7 +8,6 @@ namespace corvane {
 namespace {
 
 using Options = AnalysisOptions;
-using testing::ExpectGolden;
 
 const testing::Gates gates = {&Options::DIVERSE_MEASURES, &Options::CONCORDANCE_TEST, &Options::GENERAL_CCC,
                               &Options::MSEP_ANALYSIS};
@@ -22,14 +19,6 @@ const ReportSection& Section(const RunResult& run, const char* id) {
     throw std::logic_error(std::string("no section ") + id);
 }
 
-const ReportField& Field(const ReportSection& section, const std::string& name) {
-    for (const ReportLine& line : section.lines)
-        for (const ReportPiece& piece : line.pieces)
-            if (piece.isField && piece.field.name == name)
-                return piece.field;
-    throw std::logic_error("no field " + name);
-}
-
 std::vector<std::string> Lines(const ReportSection& section) {
     std::vector<std::string> lines;
     for (const ReportLine& line : section.lines)
@@ -37,35 +26,13 @@ std::vector<std::string> Lines(const ReportSection& section) {
     return lines;
 }
 
-TEST(AdequacyReports, WithComments) {
-    ExpectGolden("adequacy_mtcars.txt", testing::RunOfExample("mtcars.KOV", gates).report.Text());
-}
-
-TEST(AdequacyReports, SwappedWithoutComments) {
-    const RunResult run = testing::RunOfExample(
-        "mtcars.KOV", gates, {{&Options::SwapXY, std::int16_t{1}}, {&Options::ADD_COMMENT, std::int16_t{0}}});
-    ExpectGolden("adequacy_swapped.txt", run.report.Text());
-}
-
-TEST(AdequacyReports, NegativeMeansAndNoBiasAtAll) {
-    const RunResult run = testing::RunOfPairs(
-        "negative.KOV",
-        {{"-5", "-4.25"}, {"-3.5", "-4.5"}, {"-1.5", "-1"}, {"0.5", "1.5"}, {"-2.5", "-3.25"}, {"0", "-0.5"}},
-        gates);
-    ExpectGolden("adequacy_negative.txt", run.report.Text());
-}
-
-TEST(AdequacyReports, ConstantY) {
-    const RunResult run = testing::RunOfPairs(
-        "constant.KOV",
-        {{"1", "3.5"}, {"2.5", "3.5"}, {"3", "3.5"}, {"4", "3.5"}, {"6.5", "3.5"}, {"7", "3.5"}}, gates);
-    ExpectGolden("adequacy_constant_y.txt", run.report.Text());
-    // Nor is there a NaN, which would lose its line, where X is constant, too.
-    const RunResult both =
+TEST(AdequacyReports, ConstantSamplesLoseNoLine) {
+    const RunResult run =
         testing::RunOfPairs("both.KOV", {{"1", "2"}, {"1", "2"}, {"1", "2"}, {"1", "2"}}, gates);
+    const RunResult usual = testing::RunOfExample("mtcars.KOV", gates);
     for (const char* id : {"diverse_measures", "concordance", "generalized_concordance", "msep"}) {
-        EXPECT_TRUE(Section(both, id).failures.empty()) << id;
-        EXPECT_EQ(Section(both, id).lines.size(), Section(run, id).lines.size()) << id;
+        EXPECT_TRUE(Section(run, id).failures.empty()) << id;
+        EXPECT_EQ(Section(run, id).lines.size(), Section(usual, id).lines.size()) << id;
     }
 }
 
@@ -100,31 +67,6 @@ TEST(AdequacyReports, AMeanOfZeroHasNoPercentages) {
     EXPECT_EQ(lines.at(5), "RMSEP, % of mean Y                  :   124.89996");
     EXPECT_EQ(lines.at(7), "MSEP Decomposition I:");
     EXPECT_EQ(lines.size(), 16U);
-}
-
-TEST(AdequacyReports, ThePartsAddUpAndTheSquaredDistanceIsLins) {
-    for (const char* example : {"mtcars.KOV", "cars.KOV", "faithful.KOV", "pearson.KOV"}) {
-        SCOPED_TRACE(example);
-        const RunResult run = testing::RunOfExample(example, gates);
-        const ReportField& rc = Field(Section(run, "concordance"), "rc");
-        const ReportField& Rg = Field(Section(run, "generalized_concordance"), "Squared.Rg");
-        EXPECT_EQ(rc.text, Rg.text);
-
-        const auto number = [&](const std::string& name) {
-            return std::get<double>(Field(Section(run, "msep"), name).field.value);
-        };
-        const auto expectSum = [&](std::initializer_list<std::string> parts) {
-            double sum = 0, percent = 0;
-            for (const std::string& part : parts) {
-                sum += number(part);
-                percent += number(part + "Percent");
-            }
-            EXPECT_NEAR(sum / number("MSEP"), 1, 1e-13);
-            EXPECT_NEAR(percent, 100, 1e-11);
-        };
-        expectSum({"I.MeanBias", "I.UnequalVariances", "I.IncompleteCovariation"});
-        expectSum({"II.MeanBias", "II.SystematicBias", "II.RandomErrors"});
-    }
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "analyses/balance.h"
 
-#include <cmath>
+#include "analyses/balance_tables.h"
+#include "evaluation/report_of.h"
+
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -14,30 +16,10 @@ struct Harlow {
     Allocation A{cellsA}, B{cellsB};
     bool perpendicular = false;
 
-    void Run(const Values& X, const Values& Y, double a, double b, double p = 0) {
-        STAT_Harlow(X, Y, a, b, A, B, p, perpendicular);
+    void Run(const Values& X, const Values& Y, double a, double b) {
+        STAT_Harlow(X, Y, a, b, A, B, 0, perpendicular);
     }
 };
-
-TEST(StatHarlow, TestsEqualSharesOrAssociation) {
-    Harlow harlow;
-    harlow.Run({1, 1, 3, 3}, {0, 2, 2, 4}, 0, 1, 0.25);
-    EXPECT_EQ(harlow.cellsA, (AllocationTable{{{1, 1}, {1, 1}}}));
-    EXPECT_EQ(harlow.A.X2, 0);
-    EXPECT_EQ(harlow.A.OddsRatio, 1);
-    EXPECT_EQ(harlow.A.LnOddsRatio, 0);
-    EXPECT_EQ(harlow.A.ProbZ, 1);
-
-    EXPECT_EQ(harlow.cellsB, (AllocationTable{{{1, 1}, {0, 2}}}));
-    EXPECT_DOUBLE_EQ(harlow.B.X2, 2);
-    EXPECT_DOUBLE_EQ(harlow.B.OddsRatio, 5);
-    EXPECT_DOUBLE_EQ(harlow.B.z, std::log(5) / std::sqrt(56.0 / 15));
-    EXPECT_DOUBLE_EQ(harlow.B.ProbZ, std::erfc(harlow.B.z / std::sqrt(2)));
-
-    harlow.Run({1, 1, 3, 3}, {0, 2, 2, 4}, 0, 1);
-    EXPECT_EQ(harlow.cellsB, (AllocationTable{{{1, 1}, {0, 2}}})); // counted afresh
-    EXPECT_DOUBLE_EQ(harlow.B.X2, 4.0 / 3);
-}
 
 TEST(StatHarlow, TiesOnTheMeansAreAboveAndTiesOfXAndYAreOverpredicted) {
     Harlow harlow;
@@ -45,10 +27,6 @@ TEST(StatHarlow, TiesOnTheMeansAreAboveAndTiesOfXAndYAreOverpredicted) {
     EXPECT_EQ(harlow.cellsA, (AllocationTable{{{0, 5}, {0, 2}}}));
     EXPECT_EQ(harlow.cellsB, (AllocationTable{{{2, 3}, {0, 2}}}));
     EXPECT_DOUBLE_EQ(harlow.A.OddsRatio, 2.5 / 5.5); // the empty column counts one half twice
-
-    harlow.Run({1, 2, 3}, {1, 2, 3}, 0, 1);
-    EXPECT_EQ(harlow.cellsA, (AllocationTable{{{1, 2}, {0, 0}}}));
-    EXPECT_EQ(harlow.cellsB, harlow.cellsA);
 }
 
 TEST(StatHarlow, TiesOnThePerpendicularLinesAreLopsided) {
@@ -89,6 +67,39 @@ TEST(StatHarlow, AFailureKeepsWhatWasWrittenAndWhatWasThere) {
     EXPECT_EQ(difference.cellsA, (AllocationTable{{{0, 1}, {0, 1}}}));
     EXPECT_EQ(difference.cellsB, (AllocationTable{{{1, 0}, {1, 0}}}));
     EXPECT_EQ(difference.A.X2, 7);
+}
+
+TEST(BalanceReports, AFailedAllocationShowsTheTableOfBalanceAnalysis) {
+    // Mean X + mean Y overflows, which only the line Y = X needs: its half has old cells and no results.
+    const RunResult result = testing::RunOfPairs(
+        "pairs.KOV",
+        {{".80e308", "1.00e308"}, {".84e308", ".94e308"}, {".88e308", ".93e308"}, {".92e308", ".90e308"}},
+        {&AnalysisOptions::BALANCE_ANALYSIS, &AnalysisOptions::ORTHOGONAL_BALANCE},
+        {{&AnalysisOptions::ADD_COMMENT, std::int16_t{0}}});
+    const ReportSection& orthogonal = result.report.Sections().back();
+    EXPECT_EQ(orthogonal.failures.size(), 1U);
+    EXPECT_EQ(orthogonal.lines[4].Text(),
+              "         Overpredicted  :      ( 0.00%)     1 (25.00%)        1 (25.00%)       ( 0.00%)");
+    EXPECT_EQ(orthogonal.lines[5].Text(),
+              "         Underpredicted :    2 (50.00%)     1 (25.00%)        1 (25.00%)     2 (50.00%)");
+    EXPECT_EQ(orthogonal.lines[7].Text(),
+              "      X² (Prob(X²=0))   :   0.00000 (0.00001)                1.33333 (0.24821)");
+}
+
+TEST(BalanceReports, ACellWhoseHundredfoldIsTooLargeTakesItsLineAway) {
+    testing::Workbench bench;
+    const RunServices services = bench.fakes.Services();
+    RunState run{bench.dataset, bench.session, services};
+    run.arrays.X = {1, 2, 4};
+    run.arrays.Y = {2, 1, 3};
+    run.b = 1e-310; // no allocation: the tables stay as they are
+    run.BalanceTableX = {{{1, 1}, {21474836, 1}}};
+    run.BalanceTableY = {{{1, 21474837}, {1, 1}}};
+    WriteBalance(run);
+    EXPECT_EQ(run.report.Current().failures.size(), 3U); // both allocations, and the line
+    const std::string text = run.report.Text();
+    EXPECT_EQ(text.find("Overpredicted"), std::string::npos);
+    EXPECT_NE(text.find("Underpredicted :  n/a (  n/a%)     1 (33.33%)        1"), std::string::npos) << text;
 }
 
 } // namespace

@@ -7,22 +7,12 @@
 namespace corvane {
 namespace {
 
+using namespace testing;
 using Options = AnalysisOptions;
 using Strings = std::vector<std::string>;
-using testing::Gates;
-using testing::Settings;
 
+constexpr std::int16_t off = 0, on = 1;
 const Gates all{&Options::RANK_ANALYSIS, &Options::THRESHOLD_ANALYSIS, &Options::DISTANCE_ANALYSIS};
-
-/// The run of rows as a dataset file has them.
-RunResult RunOfRows(Dataset& dataset, const Strings& rows, Gates gates, Settings settings) {
-    testing::MemoryFiles files;
-    std::string& text = files.files["/data/rows.KOV"];
-    text = "4,0,0\nN=" + std::to_string(rows.size()) + "\nDATA:\n";
-    for (const std::string& row : rows)
-        text += row + "\n";
-    return testing::RunOf(dataset, "/data/rows.KOV", gates, settings, files);
-}
 
 /// The rank columns, a line for each row.
 std::string Ranks(const DataMatrix& cells) {
@@ -32,44 +22,32 @@ std::string Ranks(const DataMatrix& cells) {
     return text;
 }
 
-bool Has(const RunResult& run, const char* lines) {
-    return run.report.Text().find(lines) != std::string::npos;
-}
-
-TEST(RankReports, AllThreeSectionsWithComments) {
-    const RunResult run = testing::RunOfExample(
-        "mtcars.KOV", all, {{&Options::TRESHOLD_RANK, "15.5"}, {&Options::TRESHOLD_XY, "21"}});
-    testing::ExpectGolden("ranks_mtcars.txt", run.report.Text());
-    EXPECT_EQ(run.warnings, Strings());
-}
-
 TEST(RankReports, SwappedWithInvertedRanksAndTheTitlelessTable) {
-    const std::string path = std::string(CORVANE_EXAMPLES) + "/mtcars.KOV";
-    Dataset plain, invertedX, invertedY;
-    testing::RunOf(plain, path, all, {{&Options::SwapXY, std::int16_t{1}}});
-    testing::RunOf(invertedY, path, all,
-                   {{&Options::SwapXY, std::int16_t{1}}, {&Options::InvertYRanks, std::int16_t{1}}});
-    const RunResult run = testing::RunOf(invertedX, path, all,
-                                         {{&Options::SwapXY, std::int16_t{1}},
-                                          {&Options::InvertXRanks, std::int16_t{1}},
-                                          {&Options::ADD_COMMENT, std::int16_t{0}},
-                                          {&Options::TRESHOLD_XY, "20.5"}});
-    testing::ExpectGolden("ranks_mtcars_swapped.txt", run.report.Text());
+    const auto run = [](Workbench& bench, const Settings& settings) {
+        bench.OpenExample("mtcars.KOV").Only(all).Set(settings);
+        return bench
+            .Set({{&Options::SwapXY, on}, {&Options::ADD_COMMENT, off}, {&Options::TRESHOLD_XY, "20.5"}})
+            .Evaluate();
+    };
+    Workbench plain, invertedX, invertedY;
+    run(plain, {});
+    run(invertedY, {{&Options::InvertYRanks, on}});
+    ExpectGolden("ranks_mtcars_swapped.txt", run(invertedX, {{&Options::InvertXRanks, on}}).report.Text());
     for (std::int32_t row = 1; row <= 32; ++row) {
-        const auto at = [&](const Dataset& dataset, Column column) {
-            return CellNumber(dataset.cells.At(column, row)).value_or(-1);
+        const auto ranks = [&](const Workbench& bench) {
+            return std::pair(CellNumber(bench.dataset.cells.At(ColumnRankX, row)).value_or(-1),
+                             CellNumber(bench.dataset.cells.At(ColumnRankY, row)).value_or(-1));
         };
-        EXPECT_EQ(at(invertedX, ColumnRankX), 33 - at(plain, ColumnRankX)) << row;
-        EXPECT_EQ(at(invertedX, ColumnRankY), at(plain, ColumnRankY)) << row;
-        EXPECT_EQ(at(invertedY, ColumnRankX), at(plain, ColumnRankX)) << row;
-        EXPECT_EQ(at(invertedY, ColumnRankY), 33 - at(plain, ColumnRankY)) << row;
+        const auto [x, y] = ranks(plain);
+        EXPECT_EQ(ranks(invertedX), std::pair(33 - x, y)) << row;
+        EXPECT_EQ(ranks(invertedY), std::pair(x, 33 - y)) << row;
     }
 }
 
 /// Forty rows of tied whole numbers, every fifth excluded, the last row among them.
 TEST(RankReports, TiesAndExcludedRows) {
     const Strings marks{"y", "0", "Yes", "0.5"};
-    std::istringstream table(testing::ReadBytes(std::string(CORVANE_TEST_DATA) + "/datasets/ties.csv"));
+    std::istringstream table(ReadBytes(std::string(CORVANE_TEST_DATA) + "/datasets/ties.csv"));
     Strings rows;
     std::string line;
     std::getline(table, line); // the header
@@ -78,23 +56,24 @@ TEST(RankReports, TiesAndExcludedRows) {
         rows.push_back(line + ",,," + (row % 5 == 0 ? marks[row / 5 % marks.size()] : row == 1 ? "No" : ""));
     }
     ASSERT_EQ(rows.size(), 40U);
-    Dataset dataset;
+    Workbench bench;
+    bench.OpenRows("rows.KOV", rows).Only(all);
     const RunResult run =
-        RunOfRows(dataset, rows, all, {{&Options::TRESHOLD_RANK, "12.5"}, {&Options::TRESHOLD_XY, "3.5"}});
-    testing::ExpectGolden("ranks_ties.txt", run.report.Text());
-    testing::ExpectGolden("ranks_ties_columns.txt", Ranks(dataset.cells));
+        bench.Set({{&Options::TRESHOLD_RANK, "12.5"}, {&Options::TRESHOLD_XY, "3.5"}}).Evaluate();
+    ExpectGolden("ranks_ties.txt", run.report.Text());
+    ExpectGolden("ranks_ties_columns.txt", Ranks(bench.dataset.cells));
     EXPECT_EQ(run.warnings, Strings{"threshold table by ranks: row 5: Rank X is '.', not a number; counting "
                                     "ended there, with a total of 4"});
 }
 
 TEST(RankReports, UnreadThresholdsAndNoRanks) {
     const auto runWith = [](const char* rank, const char* values) {
-        return testing::RunOfExample(
+        return RunOfExample(
             "pearson.KOV", {&Options::THRESHOLD_ANALYSIS},
             {{&Options::TRESHOLD_RANK, std::string(rank)}, {&Options::TRESHOLD_XY, std::string(values)}});
     };
     const RunResult both = runWith("-4.5", "4 mm");
-    testing::ExpectGolden("ranks_missing.txt", both.report.Text());
+    ExpectGolden("ranks_missing.txt", both.report.Text());
     EXPECT_EQ(both.warnings,
               Strings{"threshold table by X and Y: '4 mm' is not a number; the threshold is -4"});
 
@@ -108,11 +87,12 @@ TEST(RankReports, UnreadThresholdsAndNoRanks) {
 }
 
 TEST(RankReports, ARowWithoutXTakesTheNextRankAndRowsBehindTheLastKeepTheirs) {
-    Dataset dataset;
-    const RunResult run =
-        RunOfRows(dataset, {"3,,1,,,,", ",,9,,,,", "1,,2,,7,8,0", "2,,4,,,,", "5,,3,,5,6,", "6,,6,,7,8,y"},
-                  {&Options::RANK_ANALYSIS, &Options::THRESHOLD_ANALYSIS}, {{&Options::TRESHOLD_XY, "3"}});
-    EXPECT_EQ(Ranks(dataset.cells), "2 1\r\n1 3\r\n. .\r\n3 2\r\n5 6\r\n7 8\r\n");
+    Workbench bench;
+    bench.OpenRows("rows.KOV",
+                   {"3,,1,,,,", ",,9,,,,", "1,,2,,7,8,0", "2,,4,,,,", "5,,3,,5,6,", "6,,6,,7,8,y"});
+    bench.Only({&Options::RANK_ANALYSIS, &Options::THRESHOLD_ANALYSIS});
+    const RunResult run = bench.Set({{&Options::TRESHOLD_XY, "3"}}).Evaluate();
+    EXPECT_EQ(Ranks(bench.dataset.cells), "2 1\r\n1 3\r\n. .\r\n3 2\r\n5 6\r\n7 8\r\n");
     EXPECT_EQ(run.warnings, Strings{"threshold table by X and Y: row 2: X is '', not a number; counting "
                                     "ended there, with a total of 1"});
     // The share of the only row is one digit too long for its field.
@@ -123,18 +103,16 @@ TEST(RankReports, ARowWithoutXTakesTheNextRankAndRowsBehindTheLastKeepTheirs) {
 /// another.
 TEST(RankReports, PointsOnTheThresholdFallBelow) {
     Strings rows;
-    const auto add = [&](std::size_t count, const char* row) { rows.insert(rows.end(), count, row); };
-    add(1, "2,,2,,1,1,");
-    add(2, "2,,1,,1,1,");
-    add(3, "1,,2,,1,1,");
-    add(4, "2,,3,,1,1,");
-    add(5, "3,,2,,1,1,");
-    add(6, "3,,3,,1,1,");
-    add(7, "1,,1,,1,1,");
-    add(9, "9,,9,,,,"); // without a rank
-    Dataset dataset;
-    const RunResult run =
-        RunOfRows(dataset, rows, {&Options::THRESHOLD_ANALYSIS}, {{&Options::TRESHOLD_XY, "2"}});
+    const std::pair<std::size_t, const char*> places[] = {
+        {1, "2,,2,,1,1,"}, {2, "2,,1,,1,1,"}, {3, "1,,2,,1,1,"}, {4, "2,,3,,1,1,"},
+        {5, "3,,2,,1,1,"}, {6, "3,,3,,1,1,"}, {7, "1,,1,,1,1,"}, {9, "9,,9,,,,"}}; // the last without a rank
+    for (const auto& [count, row] : places)
+        rows.insert(rows.end(), count, row);
+    const RunResult run = Workbench()
+                              .OpenRows("rows.KOV", rows)
+                              .Only({&Options::THRESHOLD_ANALYSIS})
+                              .Set({{&Options::TRESHOLD_XY, "2"}})
+                              .Evaluate();
     EXPECT_TRUE(Has(run, "Below         12 (42.86)      5 (17.86)\r\n"
                          "Above          4 (14.29)      6 (21.43)\r\n"))
         << run.report.Text();

@@ -8,22 +8,19 @@ namespace corvane {
 namespace {
 
 TEST(CodePage, KnowsUtf8) {
-    for (const char* text : {"", "abc", "é", "€", "😀", "\xED\x9F\xBF", "\xF4\x8F\xBF\xBF"}) {
+    for (const char* text : {"", "abc", "é", "€", "😀", "\xED\x9F\xBF", "\xF4\x8F\xBF\xBF"})
         EXPECT_TRUE(IsValidUtf8(text)) << text;
-    }
     // Stray, missing and cut tails, overlong forms, surrogates, numbers beyond the last character.
     for (const char* text :
          {"\x80", "a\xC3", "\xC3(", "\xE2\x82", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF",
-          "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF"}) {
+          "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF"})
         EXPECT_FALSE(IsValidUtf8(text)) << testing::PrintToString(text);
-    }
 }
 
 TEST(CodePage, MapsEveryByteToOneCharacter) {
     std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) {
+    for (int byte = 0; byte < 256; ++byte)
         bytes += static_cast<char>(byte);
-    }
     const std::string text = FromWindows1252(bytes);
     EXPECT_TRUE(IsValidUtf8(text));
     EXPECT_EQ(ToWindows1252(text), bytes);
@@ -41,9 +38,8 @@ TEST(CodePage, TextFilesComeBackAsTheyWere) {
     EXPECT_EQ(DecodeText("na\xEFve"), "naïve");
     EXPECT_EQ(EncodeText("\xE9"), "\xE9");
     // "Ã©" would be C3 A9 in the code page, which reads as "é"; the next ones as a byte order mark.
-    for (const char* text : {"Ã©", "ï»¿", "ï»¿a", "\uFEFF", "\uFEFFa", "", "plain"}) {
+    for (const char* text : {"Ã©", "ï»¿", "ï»¿a", "\uFEFF", "\uFEFFa", "", "plain"})
         EXPECT_EQ(DecodeText(EncodeText(text)), text);
-    }
     std::mt19937 random(3);
     for (int i = 0; i < 100000; ++i) {
         std::string text;

@@ -81,21 +81,16 @@ TEST(Distributions, ComplementsAddUpToOne) {
 }
 
 TEST(Distributions, SaturateAndNeverFail) {
-    EXPECT_EQ(InverseNormal(0.0), -largest);
-    EXPECT_EQ(InverseNormal(1.0), largest);
-    EXPECT_EQ(InverseT(-0.1, 3), -largest);
-    EXPECT_EQ(InverseT(1.5, 3), largest);
-    EXPECT_EQ(InverseT(0.5, 3), 0.0);
-    EXPECT_EQ(InverseChiSquare(0.0, 3), 0.0);
-    EXPECT_EQ(InverseChiSquare(1.0, 3), largest);
-    EXPECT_EQ(InverseChiSquare(0.5, 0), 0.0);
-    EXPECT_EQ(TailT(largest, 1e6), 0.0);
-    EXPECT_EQ(ProbT(infinity, 1), 1.0);
-    EXPECT_EQ(GammaQ(0.0, 1.0), 0.0);
-    EXPECT_EQ(ProbT(notANumber, 1), 0.0);
-    EXPECT_EQ(TailT(1.0, -1.0), 1.0);
-    EXPECT_EQ(TailF(notANumber, 1, 1), 1.0);
-    EXPECT_EQ(InverseNormal(notANumber), 0.0);
+    for (const double value : {InverseNormal(1.0), InverseT(1.5, 3), InverseChiSquare(1.0, 3)})
+        EXPECT_EQ(value, largest);
+    for (const double value : {InverseNormal(0.0), InverseT(-0.1, 3)})
+        EXPECT_EQ(value, -largest);
+    for (const double value :
+         {InverseT(0.5, 3), InverseChiSquare(0.0, 3), InverseChiSquare(0.5, 0), TailT(largest, 1e6),
+          GammaQ(0.0, 1.0), ProbT(notANumber, 1), InverseNormal(notANumber)})
+        EXPECT_EQ(value, 0.0);
+    for (const double value : {ProbT(infinity, 1), TailT(1.0, -1.0), TailF(notANumber, 1, 1)})
+        EXPECT_EQ(value, 1.0);
     const double odd[] = {notANumber, -infinity, -largest, -1.0,   -1e-310,    0.0, 1e-310,
                           1e-300,     0.5,       1.0,      1e-5,   3.0,        1e6, 1e12,
                           1e300,      largest,   infinity, 0.9999, 1.0 - 1e-16};

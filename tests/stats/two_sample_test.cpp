@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "degenerate_samples.h"
-#include "reference_data.h"
 #include "stats/two_sample_ranks.h"
 #include "stats/two_sample_tests.h"
 
@@ -19,30 +17,6 @@ constexpr std::pair<const char*, Test> tests[] = {{"TTestEqualVariance", TTestEq
                                                   {"TTestPairedDifference", TTestPairedDifference},
                                                   {"FTestVariance", FTestVariance}};
 
-TEST(TwoSamples, ReferenceValues) {
-    for (const ReferenceSet& set : ReferenceSets()) {
-        if (!set.Has("TTestEqualVariance"))
-            continue;
-        for (const auto& [name, test] : tests) {
-            const nlohmann::json& expected = set.Values.at(name);
-            const TestResult result = test(set.Y, set.X);
-            const bool t = name[0] == 'T';
-            ExpectClose(result.Statistic, expected["Statistic"], {1e-11, t ? 1e-12 : 0}, set.Name + name);
-            ExpectClose(result.P, expected["P"], {1e-11, 0}, set.Name + name + " P");
-        }
-        const nlohmann::json& ks = set.Values.at("KolmogorovSmirnov2");
-        const KolmogorovSmirnovResult kolmogorov = KolmogorovSmirnov2(set.X, set.Y);
-        ExpectClose(kolmogorov.D, ks["D"], {1e-12, 0}, set.Name + " D");
-        ExpectClose(kolmogorov.NValue, ks["NValue"], {1e-12, 0}, set.Name + " NValue");
-        ExpectClose(kolmogorov.P, ks["P"], {1e-11, 0}, set.Name + " KS P");
-        const nlohmann::json& mw = set.Values.at("MannWhitney");
-        const MannWhitneyResult mann = MannWhitney(set.X, set.Y);
-        ExpectClose(mann.WD, mw["WD"], {1e-12, 1e-13}, set.Name + " WD");
-        ExpectClose(mann.Z, mw["Z"], {1e-12, 1e-13}, set.Name + " Z");
-        ExpectClose(mann.OneSidedP, mw["OneSidedP"], {1e-11, 0}, set.Name + " MW P");
-    }
-}
-
 // R 4.2.2: t.test, var.test, ks.test, wilcox.test(correct = FALSE, exact = FALSE); P of KolmogorovSmirnov2
 // from the alternating series in mpmath 1.2.1.
 TEST(TwoSamples, LengthsMayDiffer) {
@@ -50,19 +24,18 @@ TEST(TwoSamples, LengthsMayDiffer) {
     const std::vector<double> x{1, 2, 2, 4, 3.25, 0.5, 1, 6, 2.75, 4, 1.5};
     const TestResult pooled = TTestEqualVariance(y, x), welch = TTestUnequalVariance(y, x),
                      f = FTestVariance(y, x);
-    EXPECT_NEAR(pooled.Statistic, 1.860148154765057793, 1e-14);
-    EXPECT_NEAR(pooled.P, 0.081348115982227118, 1e-14);
-    EXPECT_NEAR(welch.Statistic, 1.637611399981278693, 1e-14);
-    EXPECT_NEAR(welch.P, 0.138488942022327449, 1e-14);
-    EXPECT_NEAR(f.Statistic, 3.280610125229983964, 1e-14);
-    EXPECT_NEAR(f.P, 0.094693989002350154, 1e-14);
     const KolmogorovSmirnovResult kolmogorov = KolmogorovSmirnov2(x, y);
-    EXPECT_NEAR(kolmogorov.D, 34.0 / 77.0, 1e-15);
-    EXPECT_NEAR(kolmogorov.P, 0.281163988728535197, 1e-14);
     const MannWhitneyResult mann = MannWhitney(x, y);
+    const std::pair<double, double> results[] = {
+        {pooled.Statistic, 1.860148154765057793}, {pooled.P, 0.081348115982227118},
+        {welch.Statistic, 1.637611399981278693},  {welch.P, 0.138488942022327449},
+        {f.Statistic, 3.280610125229983964},      {f.P, 0.094693989002350154},
+        {kolmogorov.P, 0.281163988728535197},     {mann.OneSidedP, 0.055096263150159593}};
+    for (const auto& [actual, expected] : results)
+        EXPECT_NEAR(actual, expected, 1e-14);
+    EXPECT_NEAR(kolmogorov.D, 34.0 / 77.0, 1e-15);
     EXPECT_NEAR(mann.WD, 2.0 * 56.0 / 77.0 - 1.0, 1e-15);
     EXPECT_NEAR(mann.Z, 1.5973283870219912, 1e-13);
-    EXPECT_NEAR(mann.OneSidedP, 0.055096263150159593, 1e-14);
     EXPECT_EQ(mann.TwoSidedP, 2.0 * mann.OneSidedP);
 }
 
@@ -86,6 +59,7 @@ TEST(TwoSamples, RanksAgreeWithTheDefinition) {
             D = std::max(D, std::fabs(fx - fy));
         }
         ASSERT_NEAR(MannWhitney(x, y).WD, balance / (nx * ny), 1e-15) << round;
+        ASSERT_EQ(MannWhitney(x, y).Z, -MannWhitney(y, x).Z) << round;
         ASSERT_NEAR(KolmogorovSmirnov2(x, y).D, D, 1e-15) << round;
     }
 }
@@ -117,29 +91,6 @@ TEST(TwoSamples, DegenerateSamplesSaturate) {
               largest);
     const std::vector<double> x{1e9, 2e9, 3e9}, y{1e9 + 1, 2e9 + 2, 3e9 + 3};
     EXPECT_NEAR(TTestPairedCovariance(y, x).Statistic, std::sqrt(12.0), 1e-14);
-}
-
-TEST(TwoSamples, ExtremesStayFinite) {
-    ForDegenerateSamples([](const DegenerateSample& sample) {
-        std::vector<double> longer = sample.X;
-        longer.insert(longer.end(), sample.SDX.begin(), sample.SDX.end());
-        for (const std::vector<double>& x : {sample.X, longer}) {
-            for (const auto& [name, test] : tests) {
-                const TestResult result = test(sample.Y, x), swapped = test(x, sample.Y);
-                ASSERT_TRUE(std::isfinite(result.Statistic)) << sample.Round << name;
-                ASSERT_TRUE(result.P >= 0.0 && result.P <= 1.0) << sample.Round << name;
-                if (test != FTestVariance) {
-                    ASSERT_EQ(result.Statistic, -swapped.Statistic) << sample.Round << name;
-                }
-            }
-            const KolmogorovSmirnovResult ks = KolmogorovSmirnov2(x, sample.Y);
-            ASSERT_TRUE(ks.D >= 0.0 && ks.D <= 1.0 && ks.P >= 0.0 && ks.P <= 1.0) << sample.Round;
-            const MannWhitneyResult mw = MannWhitney(x, sample.Y), back = MannWhitney(sample.Y, x);
-            ASSERT_TRUE(std::fabs(mw.WD) <= 1.0 && std::isfinite(mw.Z)) << sample.Round;
-            ASSERT_EQ(mw.Z, -back.Z) << sample.Round;
-            ASSERT_TRUE(mw.OneSidedP >= 0.0 && mw.OneSidedP <= 0.5) << sample.Round;
-        }
-    });
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/run_services.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/feedback.h"
@@ -65,6 +66,19 @@ public:
     }
 
     std::map<std::string, std::string> files;
+};
+
+/// The services of a run, all of them fakes.
+struct RunFakes {
+    RecordingDialogs dialogs;
+    RecordingFeedback feedback;
+    FixedClock clock;
+    FixedRandom random;
+    MemoryFiles files;
+
+    RunServices Services(const std::string& residueFolder = "") {
+        return {dialogs, feedback, clock, random, files, residueFolder};
+    }
 };
 
 } // namespace corvane::testing
