@@ -74,12 +74,13 @@ private:
     ChartAxis axis;
 };
 
-/// Points whose marks may reach over the frame that they lie on, and which the legend shows in full colour.
+/// Points or curves whose marks may reach over the frame that they lie on; points stand in the legend in full
+/// colour.
 class PointGraph : public QCPGraph {
 public:
     PointGraph(QCPAxis* x, QCPAxis* y) : QCPGraph(x, y) {}
 
-    QCPScatterStyle legendStyle = QCPScatterStyle::ssDisc;
+    QCPScatterStyle legendStyle; ///< Of points; without one the legend shows what the plot does.
 
 protected:
     QRect clipRect() const override {
@@ -88,6 +89,10 @@ protected:
     }
 
     void drawLegendIcon(QCPPainter* painter, const QRectF& place) const override {
+        if (legendStyle.isNone()) {
+            QCPGraph::drawLegendIcon(painter, place);
+            return;
+        }
         applyScattersAntialiasingHint(painter);
         legendStyle.applyTo(painter, pen());
         legendStyle.drawShape(painter, place.center());
