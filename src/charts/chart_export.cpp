@@ -1,5 +1,6 @@
 #include "charts/chart_export.h"
 
+#include "charts/chart_look.h"
 #include "charts/chart_painter.h"
 #include "charts/qt_environment.h"
 #include "core/format/text_lists.h"
@@ -12,8 +13,6 @@
 
 namespace corvane {
 namespace {
-
-constexpr double pixelsPerInch = 96;
 
 QByteArray Raster(const ChartModel& chart, QSize size, const char* format) {
     QByteArray bytes;
