@@ -146,9 +146,9 @@ void WriteDeviationAnalysis(RunState& run) {
     section.Line("Mean deviation                   : ", F(10, 5, mean).Named("MeanDeviation"),
                  " (P = ", FP(7, 5, stats::TailT(t, n - 1)).Named("P_MeanDeviation"), ")");
     const std::string percent = ToFifteenDigits(confidence);
-    const auto around = [&](double spread) {
+    const auto around = [&, centre = mean](double spread) {
         const double half = stats::InverseT(1 - alpha / 2, n - 1) * SquareRoot(spread);
-        return Limits{mean - half, mean + half};
+        return Limits{centre - half, centre + half};
     };
     WriteLimits(section, "Confidence interval (" + percent + "%)        : ", "CI", around(variance / n));
     WriteLimits(section, "Prediction interval (" + percent + "%)        : ", "PI",
