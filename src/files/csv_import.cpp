@@ -66,7 +66,7 @@ std::optional<CsvRemark> CsvImport::Run() {
     if (auto doubt = FindLayout(table, options, layout))
         return doubt;
     cells.SetRowCount(mostRows);
-    CsvReader reader(table, layout.separator);
+    CsvReader reader(table.substr(layout.start), layout.separator, layout.firstLine);
     if (layout.header)
         for (reader.NextRecord(); !reader.ReadField()->last;) {
         }

@@ -1,5 +1,6 @@
 #include "files/csv_separator.h"
 
+#include "core/format/text_lists.h"
 #include "files/csv_reader.h"
 #include "files/number_form.h"
 
@@ -70,6 +71,18 @@ bool Explains(const Look& look, const Look& other) {
 }
 
 } // namespace
+
+std::size_t BehindStatement(std::string_view table, char& said) {
+    const std::size_t end = std::min(table.find_first_of("\r\n"), table.size());
+    std::string_view line = table.substr(0, end);
+    if (line.starts_with('"') && line.ends_with('"') && line.size() > 1)
+        line = line.substr(1, line.size() - 2);
+    constexpr std::string_view statement = "sep=";
+    if (line.size() != statement.size() + 1 || !EqualInAnyCase(line.substr(0, statement.size()), statement))
+        return 0;
+    said = line.back();
+    return std::min(end + (table.substr(end).starts_with("\r\n") ? 2 : 1), table.size());
+}
 
 std::optional<std::string> FindSeparator(std::string_view table, char& separator) {
     std::vector<Look> looks, others; // that part the first record, and that do not

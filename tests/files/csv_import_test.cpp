@@ -64,7 +64,9 @@ TEST(ImportCsv, TheSameTableInManyForms) {
          {"X,Y\n1.5,2.25\n-3,4e2\n", "x;y\r\n1,5;2,25\r\n-3;4e2", "X\tY\r1.5\t2.25\r\r-3\t4e2\r",
           "\xEF\xBB\xBF\"X\",\"Y\"\n\"1.5\" , \"2.25\"\n\n   \n-3,\"4e2\"\n", "Y;x;\n2,25;1,5;\n4e2;-3;\n",
           "1.5,2.25\n-3,4e2", "name;Y;X\n\"a;\nb \"\"c\"\"\";2,25;1,5\nM\xFCller;4e2;-3\n",
-          "1,5;2,25\n-3;4e2\n", "one, two;three\n1,5;2,25\n-3;4e2\n", "x, y\n 1.5,2.25 \n-3,4e2"})
+          "1,5;2,25\n-3;4e2\n", "one, two;three\n1,5;2,25\n-3;4e2\n", "x, y\n 1.5,2.25 \n-3,4e2",
+          "sep=;\r\nX;Y\r\n1,5;2,25\r\n-3;4e2\r\n", "\"SEP=,\"\nX;1,Y\n1.5,2.25\n-3,4e2\n",
+          "X,Y\n\t\"1.5\",\"2.25\"\t\n\t\n-3,4e2\n", "y_obs\ty_pred\n2.25\t1.5\n4e2\t-3"})
         EXPECT_EQ(Import(text).Rows(), "1.5 2.25|-3 4e2|") << text;
 }
 
@@ -114,8 +116,19 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     EXPECT_NE(Import("mpg;wt\n1;2\n3;4\n").outcome.summary.find("X is column 1 'mpg'; Y is column 2 'wt'"),
               std::string::npos);
     EXPECT_TRUE(Import("1\t2\n3\t4\n").outcome.summary.starts_with("2 rows, no header; X is column 1; Y is"));
+    // Words in the names of two columns tell which is which, or that it is not to be told.
+    for (const char* names :
+         {"Y, kg;X, mm", "Y [kg];X [mm]", "observations;predictions", "obs.;pred.", "y_true;y_pred",
+          "observed_kg;predicted_kg", "Measured;Simulated", "kgObs;kgSim", "yobs;ymodel"}) {
+        EXPECT_EQ(Import(std::string(names) + "\n2;1\n4;3\n").Rows(), "1 2|3 4|") << names;
+    }
+    for (const char* names : {"observed;mass", "model 1;model 2", "X (observed);Y (predicted)", "x (obs);b",
+                              "predicted - observed;mass", "SD X;Y"})
+        ExpectRefused(std::string(names) + "\n1;2\n3;4\n", "mport with --x");
+    EXPECT_EQ(Import("X?,Y,Excluded?\n1,2,y\n3,4,\n").Rows(), "1 2y|3 4|");
     // A first line of both kinds may be either.
-    for (const char* first : {"site,2019,2020", "1'234,2'345", "<0.1,<0.2", "\u22121.5,\u22122.5", "2m,10m"})
+    for (const char* first : {"site,2019,2020", "1'234,2'345", "<0.1,<0.2", "\u22121.5,\u22122.5", "2m,10m",
+                              "inf,inf", "n/a,Null"})
         ExpectRefused(std::string(first) + "\nA,1,2\nB,3,4\n", "--header yes or --header no");
     CsvOptions numbered;
     numbered.columns[ColumnX] = "2";
@@ -227,6 +240,8 @@ TEST(ImportCsv, BadInputIsRefusedInItsLine) {
     ExpectRefused("X,Y\n1,2\n3,\"4\n5,6\n",
                   "t.csv:3: a quote opens and is never closed; the line is '3,\"4'");
     ExpectRefused("X,Y\n1,\"2\"3\n", "t.csv:2: text stands between a closing quote");
+    ExpectRefused("sep=,\nX,Y\n\"1\r\"\"\r\n\n\",2\n3,4,5\n", "t.csv:7: the row has more");
+    ExpectRefused("sep=|\nX|Y\n1|2\n", "t.csv:1: its columns are parted by '|'");
     ExpectRefused(std::string("\xFF\xFEX\0,\0", 6), "UTF-16");
     const std::string many(200'000, ','), quotes(5'000'000, '"');
     std::string wide;
