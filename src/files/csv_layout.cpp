@@ -174,8 +174,8 @@ std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& op
     const auto inFirstLine = [&](const std::string& text) {
         return CsvRemark{first.Line(), text + ShownLine(first.LineText())};
     };
-    layout.exported =
-        first.LineText() == ExportedHeader && !options.decimal && !options.separator && !options.header;
+    layout.exported = first.LineText() == ExportedHeader && options.decimal.value_or('.') == '.' &&
+                      !options.separator && !options.header;
     if (layout.exported)
         layout.separator = ',';
     else if (options.separator)

@@ -17,6 +17,7 @@ struct CsvOptions {
     std::optional<char> separator;                   ///< ',', ';' or '\t'.
     std::optional<char> decimal;                     ///< '.' or ','.
     std::optional<bool> header;
+    bool everyRemark = false; ///< Otherwise the first ten of each kind are kept, and their count.
 };
 
 /// Something to tell the user about a line of a table; line 0: about all of it.

@@ -58,6 +58,7 @@ constexpr const char* seeds[] = {
     "X,SD X,Y,SD Y,Rank X,Rank Y,Exclude\r\n1.5,,2,,1,2,\"Y\"\r\n\" 2\",\"NA\",\"a\r\nb\",\"\"\"\",,,\r\n",
     "name,\"X\",Y\n\"two\nlines\",\"1,234\",2\nM\xFCller,1.234.567,\"1,234.5\"\n",
     "1,5;2,5\n1.234,5;NaN\n2020-01-02;12.05.2020\n",
+    "sep=;\nX, mm;Rank X;Obs. [kg]\nmm;;kg\n1,5;.;2,5\n\"\r\";1;7\n",
 };
 constexpr const char* tokens[] = {",", ";",       "\t",    "\"",    "\"\"", "\r\n",    "\n",     "\r",
                                   ".", ",5",      "1,234", "1.234", "1.5",  "NA",      "nan",    "X",
@@ -100,6 +101,8 @@ TEST_F(Fuzz, AMutatedTableIsRefusedOrAccountsForEveryCell) {
                 options.columns[static_cast<std::size_t>(column)] =
                     OneOf(std::vector<std::string>{"1", "2", "3", "x", "Y", ""});
 
+        options.everyRemark = OneIn(2);
+
         Dataset dataset;
         const CsvOutcome outcome = Import(text, options, dataset);
         SCOPED_TRACE(text);
@@ -117,16 +120,22 @@ TEST_F(Fuzz, AMutatedTableIsRefusedOrAccountsForEveryCell) {
         std::size_t told = 0, notNumbers = 0;
         for (const CsvRemark& warning : outcome.warnings) {
             told += warning.text.ends_with("is no number; a run takes it for 0");
-            if (warning.text.ends_with("cells are no numbers in all"))
+            if (warning.text.find("cells are no numbers in all") != std::string::npos)
                 told = static_cast<std::size_t>(LeadingNumber(warning.text));
         }
         Dataset again;
-        ASSERT_TRUE(Import(CsvText(dataset.cells), {}, again).done);
+        CsvOutcome back = Import(CsvText(dataset.cells), {}, again);
+        if (back.fault.text.find("to be text, with --decimal .") != std::string::npos) {
+            options = {};
+            options.decimal = '.';
+            back = Import(CsvText(dataset.cells), options, again);
+        }
+        ASSERT_TRUE(back.done);
         ASSERT_EQ(again.cells.RowCount(), dataset.cells.RowCount());
         for (std::int32_t row = 1; row <= dataset.cells.RowCount(); ++row)
             for (int column = ColumnX; column <= LastColumn; ++column) {
                 const CellView cell = dataset.cells.At(column, row);
-                notNumbers += column != ColumnExclude && !IsEmpty(cell) && !CellNumber(cell);
+                notNumbers += column < ColumnRankX && !IsEmpty(cell) && !CellNumber(cell);
                 ASSERT_EQ(CellText(again.cells.At(column, row)), CellText(cell));
             }
         ASSERT_EQ(told, notNumbers);
