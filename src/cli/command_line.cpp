@@ -13,7 +13,9 @@
 #include "core/version.h"
 
 #include <CLI/CLI.hpp>
+#include <charconv>
 #include <iostream>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,6 +31,23 @@ std::string CheckAssignment(const std::string& text) {
 
 std::string CheckNotEmpty(const std::string& text) {
     return text.empty() ? "the name is empty" : "";
+}
+
+/// A whole number that a `Number` can hold, in decimal digits: "010" is ten, and "0x10" none.
+template<class Number>
+CLI::Validator WholeNumber() {
+    return {[](std::string& text) -> std::string {
+                Number number{};
+                const char* const end = text.data() + text.size();
+                if (const auto read = std::from_chars(text.data(), end, number);
+                    read.ec != std::errc() || read.ptr != end)
+                    return "'" + text + "' is no whole number from " +
+                           std::to_string(std::numeric_limits<Number>::min()) + " to " +
+                           std::to_string(std::numeric_limits<Number>::max());
+                text = std::to_string(number);
+                return {};
+            },
+            ""};
 }
 
 void AddOutputs(CLI::App& command, std::string& outFolder, std::string& jsonFile) {
@@ -53,7 +72,8 @@ void AddCalc(CLI::App& program, CalcRequest& request) {
         ->check(CheckAssignment);
     calc->add_flag("--all", request.all, "Tick every report section and plot (before --set)");
     calc->add_option("--seed", request.seed, "Seed of the bootstrap; the same seed gives the same report")
-        ->type_name("N");
+        ->type_name("N")
+        ->transform(WholeNumber<std::uint64_t>());
     AddOutputs(*calc, request.outFolder, request.jsonFile);
 }
 
@@ -73,11 +93,14 @@ void AddCompare(CLI::App& program, CompareRequest& request) {
         ->allow_extra_args(false)
         ->check([](const std::string& text) {
             return LeadingNumber(text) >= 1 ? std::string() : "a position is 1 or more, not '" + text + "'";
-        });
+        })
+        ->transform(WholeNumber<std::size_t>());
     compare->add_option("--long", request.longDigits, "Width of the wide columns, 10 to 20; at first 12")
-        ->type_name("N");
+        ->type_name("N")
+        ->transform(WholeNumber<int>());
     compare->add_option("--short", request.shortDigits, "Width of the narrow columns, 6 or more; at first 9")
-        ->type_name("N");
+        ->type_name("N")
+        ->transform(WholeNumber<int>());
     compare
         ->add_option_function<std::string>(
             "--decimals", [&request](const std::string& text) { request.decimals = ReadDecimals(text); },
@@ -167,7 +190,10 @@ void AddGenerate(CLI::App& program, GenerateRequest& request) {
         ->required()
         ->check(CLI::IsMember({"frank", "clayton", "harlow"}));
     PairRequest& pairs = request.pairs;
-    generate->add_option("-n", pairs.N, "Number of pairs")->type_name("N")->required();
+    generate->add_option("-n", pairs.N, "Number of pairs")
+        ->type_name("N")
+        ->required()
+        ->transform(WholeNumber<std::int32_t>());
     const auto number = [&](const char* name, double& value, const char* help) {
         const auto read = [&value](const CLI::results_t& texts) {
             const auto given = ReadNumber(texts[0]);
@@ -181,7 +207,9 @@ void AddGenerate(CLI::App& program, GenerateRequest& request) {
     number("--var-x", pairs.VarX, "Variance of X");
     number("--var-y", pairs.VarY, "Variance of Y");
     number("-r", pairs.r, "Correlation of X and Y, from 0 to 1");
-    generate->add_option("--seed", request.seed, "The same seed gives the same file")->type_name("N");
+    generate->add_option("--seed", request.seed, "The same seed gives the same file")
+        ->type_name("N")
+        ->transform(WholeNumber<std::uint64_t>());
     AddOutput(*generate, request.outputFile, request.force, ".KOV");
 }
 

@@ -27,7 +27,7 @@ ExitCode Fail(const std::string& what) {
 }
 
 void Warn(const std::string& what) {
-    std::cerr << "corvane: warning: " << what << '\n';
+    std::cerr << "corvane: warning: " + what + '\n'; // one write for each of many
 }
 
 std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,

@@ -7,6 +7,8 @@
 #include "platform/native/terminal.h"
 
 #include <filesystem>
+#include <new>
+#include <string>
 
 namespace corvane {
 
@@ -22,12 +24,16 @@ ExitCode RunGenerate(const GenerateRequest& request) {
     pairs.method = request.method == "frank"     ? PairMethod::Frank
                    : request.method == "clayton" ? PairMethod::Clayton
                                                  : PairMethod::Harlow;
-    Dataset dataset;
-    if (GeneratePairs(pairs, true, dataset, dialogs, random) != GenerationEnd::Written)
-        return ExitFailed;
-    NativeFileStore files;
-    if (const FileResult saved = SaveFile(request.outputFile, dataset, files, dialogs); !saved.done)
-        return Fail(request.outputFile + ": " + saved.reason);
+    try {
+        Dataset dataset;
+        if (GeneratePairs(pairs, true, dataset, dialogs, random) != GenerationEnd::Written)
+            return ExitFailed;
+        NativeFileStore files;
+        if (const FileResult saved = SaveFile(request.outputFile, dataset, files, dialogs); !saved.done)
+            return Fail(request.outputFile + ": " + saved.reason);
+    } catch (const std::bad_alloc&) {
+        return Fail("there is not enough memory for " + std::to_string(pairs.N) + " pairs");
+    }
     return ExitDone;
 }
 

@@ -31,15 +31,17 @@ ExitCode RunImport(const ImportRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
-    const CsvOutcome outcome = ImportCsv(request.table, request.options, dataset, session, files);
+    CsvOptions options = request.options;
+    options.everyRemark = true;
+    const CsvOutcome outcome = ImportCsv(request.table, options, dataset, session, files);
     if (!outcome.done)
         return Fail(outcome.Located(outcome.fault));
     for (const CsvRemark& warning : outcome.warnings)
         Warn(outcome.Located(warning));
     const ExitCode exit = WriteResult(request.table, request.outputFile, EncodeText(DatasetFileText(dataset)),
                                       request.force, files);
-    if (exit == ExitDone)
-        std::cout << request.table << ": " << outcome.summary << std::endl;
+    if (exit == ExitDone && !(std::cout << request.table << ": " << outcome.summary << std::endl))
+        return Fail(request.outputFile + " is written, but standard output could not be");
     return exit;
 }
 

@@ -33,10 +33,13 @@ std::optional<CsvRemark> DecimalEvidence::Doubt(char separator) const {
     }
     if (groups)
         return about(groups, "has thousands separators; remove them from the file");
-    if (separator == ',' && comma)
+    if (separator == ',' && comma && !point)
         return about(comma,
                      "may be decimal or have a thousands separator; if its comma is decimal, import with "
-                     "--decimal ,");
+                     "--decimal ,; if it parts thousands, remove it from the file");
+    if (separator == ',' && comma && !Seen(NumberForm::Comma))
+        return about(comma, "has a thousands separator, since in line " + std::to_string(point->line) + " " +
+                                point->number + " has a point; remove such marks from the file");
     if (point && comma)
         return about(comma, "has a comma, and in line " + std::to_string(point->line) + " " + point->number +
                                 " has a point; only one of the two can be decimal");

@@ -15,9 +15,11 @@
 namespace corvane {
 namespace {
 
-/// Remarks of one kind, of which the first are kept and all are counted.
+/// Remarks of one kind, of which all are counted.
 class Remarks {
 public:
+    explicit Remarks(bool keepAll) : mostKept(keepAll ? std::numeric_limits<std::size_t>::max() : 10) {}
+
     template<class Text>
     void Add(std::size_t line, Text&& text) {
         if (count++ < mostKept)
@@ -26,11 +28,12 @@ public:
     void MoveTo(std::vector<CsvRemark>& all, const std::string& whatInAll) {
         std::ranges::move(kept, std::back_inserter(all));
         if (count > mostKept)
-            all.push_back({0, std::to_string(count) + " " + whatInAll + " in all"});
+            all.push_back({0, std::to_string(count) + " " + whatInAll +
+                                  " in all; corvane import reports each of them"});
     }
 
 private:
-    static constexpr std::size_t mostKept = 10;
+    std::size_t mostKept;
     std::vector<CsvRemark> kept;
     std::size_t count = 0;
 };
@@ -39,7 +42,9 @@ private:
 class CsvImport {
 public:
     CsvImport(std::string_view tableText, const CsvOptions& tableOptions)
-        : table(tableText), options(tableOptions), evidence(tableOptions.decimal) {}
+        : table(tableText), options(tableOptions), evidence(tableOptions.decimal),
+          notNumbers(tableOptions.everyRemark), withoutY(tableOptions.everyRemark),
+          shortRows(tableOptions.everyRemark), unclearMarks(tableOptions.everyRemark) {}
 
     std::optional<CsvRemark> Run();
     std::string Summary() const;
@@ -49,6 +54,7 @@ public:
 
 private:
     std::optional<CsvRemark> ReadRecord(CsvReader& reader);
+    bool HasNumbers(int column) const { return numbers[static_cast<std::size_t>(column)]; }
     void TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader);
 
     std::string_view table;
@@ -56,9 +62,11 @@ private:
     CsvLayout layout;
     DecimalEvidence evidence;
     std::int32_t rows = 0;
-    std::string converted; ///< Holds a number with a decimal comma.
-    Remarks notNumbers, withoutY, shortRows;
-    std::optional<CsvRemark> unclearMark;
+    std::string converted;                      ///< Holds a number with a decimal comma.
+    std::array<bool, LastColumn + 1> numbers{}; ///< Columns in which a number was read.
+    std::optional<CsvRemark> units;             ///< The first row, if it may be units.
+    std::optional<CsvRemark> quotedComma;       ///< The first in an export.
+    Remarks notNumbers, withoutY, shortRows, unclearMarks;
 };
 
 std::optional<CsvRemark> CsvImport::Run() {
@@ -66,7 +74,7 @@ std::optional<CsvRemark> CsvImport::Run() {
     if (auto doubt = FindLayout(table, options, layout))
         return doubt;
     cells.SetRowCount(mostRows);
-    CsvReader reader(table, layout.separator);
+    CsvReader reader(table.substr(layout.start), layout.separator, layout.firstLine);
     if (layout.header)
         for (reader.NextRecord(); !reader.ReadField()->last;) {
         }
@@ -79,6 +87,12 @@ std::optional<CsvRemark> CsvImport::Run() {
     }
     if (auto doubt = evidence.Doubt(layout.separator))
         return doubt;
+    // A spreadsheet may have saved an export again with decimal commas; then it has no point any more.
+    if (quotedComma && !options.decimal && !evidence.Seen(NumberForm::Point) &&
+        !evidence.Seen(NumberForm::PointOrGroups))
+        return quotedComma;
+    if (units && HasNumbers(ColumnX) && HasNumbers(ColumnY))
+        return units;
     if (rows < 2)
         return CsvRemark{0, "the table has too few rows: " + std::to_string(rows)};
     cells.SetRowCount(rows);
@@ -106,7 +120,13 @@ std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader) {
             return "the row has " + std::to_string(number) + " of " + std::to_string(layout.columns.size()) +
                    " columns; the others are empty";
         });
-    if (IsEmpty(cells.At(ColumnY, rows)) && RowIsAnalysed(cells, rows))
+    const bool withY = !IsEmpty(cells.At(ColumnY, rows));
+    if (rows == 1 && layout.header && !layout.exported && withY && !IsEmpty(cells.At(ColumnX, rows)) &&
+        !HasNumbers(ColumnX) && !HasNumbers(ColumnY))
+        units = {reader.Line(),
+                 "X and Y are texts here and numbers below; if these are units, remove the line" +
+                     ShownLine(reader.LineText())};
+    if (!withY && RowIsAnalysed(cells, rows))
         withoutY.Add(reader.Line(),
                      [] { return "X without Y; a run takes the Y for 0 unless the row is excluded"; });
     return std::nullopt;
@@ -120,31 +140,35 @@ void CsvImport::TakeCell(const CsvField& field, std::size_t number, const CsvRea
         return;
     if (column == ColumnExclude) {
         cells.Set(column, rows, text);
-        if (!unclearMark && !layout.exported &&
-            std::string_view("YyNn").find(text.front()) == std::string_view::npos)
-            unclearMark = {field.line,
-                           layout.NameOf(number) + " is " + QuotedForMessage(text) +
-                               "; a row is excluded by a mark that begins with Y or 0, by no other"};
+        if (!layout.exported && std::string_view("YyNn").find(text.front()) == std::string_view::npos)
+            unclearMarks.Add(field.line, [&] {
+                return layout.NameOf(number) + " is " + QuotedForMessage(text) +
+                       "; a row is excluded by a mark that begins with Y or 0, by no other";
+            });
         return;
     }
-    bool isNumber = false;
+    const NumberForm form = FormOf(text);
+    const bool comma = form == NumberForm::Comma || form == NumberForm::CommaOrGroups;
+    if (exact && comma && !quotedComma)
+        quotedComma = {field.line,
+                       layout.NameOf(number) + ": " + QuotedForMessage(text) +
+                           " has a comma; if it is decimal, import with --decimal ,; if this is meant "
+                           "to be text, with --decimal ." +
+                           ShownLine(reader.LineText())};
+    if (!exact && !evidence.Seen(form))
+        evidence.Keep(form, reader.Line(), layout.NameOf(number) + ": " + QuotedForMessage(text),
+                      ShownLine(reader.LineText()));
+    const bool isNumber = exact ? ReadNumber(text).has_value() : evidence.IsNumber(form);
     std::string_view value = text;
-    if (exact) {
-        isNumber = ReadNumber(text).has_value();
-    } else {
-        const NumberForm form = FormOf(text);
-        if (!evidence.Seen(form))
-            evidence.Keep(form, reader.Line(), layout.NameOf(number) + ": " + QuotedForMessage(text),
-                          ShownLine(reader.LineText()));
-        isNumber = evidence.IsNumber(form);
-        if (isNumber && (form == NumberForm::Comma || form == NumberForm::CommaOrGroups)) {
-            converted.assign(text);
-            std::ranges::replace(converted, ',', '.');
-            value = converted;
-        }
+    if (isNumber && comma && !exact) {
+        converted.assign(text);
+        std::ranges::replace(converted, ',', '.');
+        value = converted;
     }
     cells.Set(column, rows, value);
-    if (!isNumber)
+    if (isNumber)
+        numbers[static_cast<std::size_t>(column)] = true;
+    else if (column != ColumnRankX && column != ColumnRankY) // "." is the rank of an excluded row
         notNumbers.Add(field.line, [&] {
             return layout.NameOf(number) + ": " + QuotedForMessage(text) +
                    " is no number; a run takes it for 0";
@@ -156,8 +180,9 @@ std::vector<CsvRemark> CsvImport::Warnings() {
     notNumbers.MoveTo(all, "cells are no numbers");
     withoutY.MoveTo(all, "rows have X and no Y");
     shortRows.MoveTo(all, "rows are short");
-    if (unclearMark)
-        all.push_back(*unclearMark);
+    unclearMarks.MoveTo(all, "marks are neither Y nor N");
+    if (!HasNumbers(ColumnX) && !HasNumbers(ColumnY))
+        all.push_back({0, "no row has a number in X or Y"});
     return all;
 }
 
@@ -171,8 +196,13 @@ std::string CsvImport::Summary() const {
                 .append(layout.NameOf(number));
     if (const auto left = std::ranges::count(layout.columns, 0))
         text += "; " + std::to_string(left) + (left == 1 ? " column is left out" : " columns are left out");
-    return text + "; parted by " + std::string(SeparatorName(layout.separator)) + ", decimal " +
-           (evidence.Decimal() == ',' ? "comma" : "point");
+    text += "; parted by " + std::string(SeparatorName(layout.separator)) + ", decimal " +
+            (evidence.Decimal() == ',' ? "comma" : "point");
+    for (std::int32_t row = 1; row <= rows; ++row)
+        if (const std::string X = CellText(cells.At(ColumnX, row)), Y = CellText(cells.At(ColumnY, row));
+            !X.empty() && !Y.empty())
+            return text + "; the first pair is X " + QuotedForMessage(X) + ", Y " + QuotedForMessage(Y);
+    return text;
 }
 
 } // namespace
@@ -192,7 +222,9 @@ CsvOutcome ImportCsv(const std::string& path, const CsvOptions& options, Dataset
     std::string text;
     if (const FileResult read = files.Read(path, text); !read.done)
         return refuse({0, read.reason});
-    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+    const auto isNul = [&](std::size_t at) { return at < text.size() && text[at] == '\0'; };
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") || (isNul(0) && isNul(2)) ||
+        (isNul(1) && isNul(3)))
         return refuse({0, "the file is in UTF-16; save it in UTF-8"});
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (text.starts_with(byteOrderMark))

@@ -13,9 +13,9 @@ namespace corvane {
 struct CsvOutcome {
     bool done = false;
     std::string file;
-    CsvRemark fault;                 ///< Why it was not done.
-    std::vector<CsvRemark> warnings; ///< At most some tens, with totals.
-    std::string summary;             ///< What was taken from where, in one line.
+    CsvRemark fault; ///< Why it was not done.
+    std::vector<CsvRemark> warnings;
+    std::string summary; ///< What was taken from where, in one line.
 
     /// "file:line: text".
     std::string Located(const CsvRemark& remark) const;

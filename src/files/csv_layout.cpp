@@ -2,6 +2,7 @@
 
 #include "core/format/numbers.h"
 #include "core/format/text_lists.h"
+#include "files/csv_names.h"
 #include "files/csv_reader.h"
 #include "files/csv_separator.h"
 #include "files/number_form.h"
@@ -18,34 +19,7 @@ constexpr std::array<std::string_view, LastColumn + 1> datasetColumnNames = {
 constexpr std::array<std::string_view, LastColumn + 1> columnOptions = {"",      "--x", "--sdx", "--y",
                                                                         "--sdy", "",    "",      "--exclude"};
 
-/// "sd_x" and "SDX" are "SD X".
-std::string NameKey(std::string_view name) {
-    std::string key = UpperCase(name);
-    std::erase_if(key, [](char character) { return character == ' ' || character == '_'; });
-    return key;
-}
-
-int DatasetColumnOf(std::string_view name) {
-    // Names of columns that are meant otherwise may be of any length.
-    constexpr std::size_t longestName = 20;
-    const std::string key = NameKey(name.substr(0, std::min(name.find('('), longestName)));
-    for (int column = ColumnX; column <= LastColumn; ++column)
-        if (key == NameKey(DatasetColumnName(column)))
-            return column;
-    if (key == "PRED" || key == "PREDICTED")
-        return ColumnX;
-    return key == "OBS" || key == "OBSERVED" ? ColumnY : 0;
-}
-
 using Doubt = std::optional<std::string>;
-
-/// Whether a text can be nothing but a name: not "1'234", "<0.1", "-" or a number with signs from elsewhere.
-bool IsName(std::string_view text) {
-    const char first = text.front();
-    if (static_cast<unsigned char>(first) >= 0x80)
-        return text.find_first_of("0123456789") == std::string_view::npos;
-    return first == '_' || (first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z');
-}
 
 /// The first record is a header if it holds nothing but names, and data if it holds nothing but numbers.
 Doubt FindHeader(const CsvOptions& options, CsvLayout& layout) {
@@ -96,6 +70,24 @@ Doubt FieldMeant(const CsvLayout& layout, int column, const std::string& meant, 
     return std::nullopt;
 }
 
+/// In a table of two columns words in the names may tell which is X; without any, the order does.
+void TakeTwoColumns(CsvLayout& layout) {
+    Roles first, second;
+    if (layout.header) {
+        first = RolesOf(layout.fields[0]);
+        second = RolesOf(layout.fields[1]);
+    }
+    constexpr Roles none, predicted{true, false}, observed{false, true};
+    const bool others = std::ranges::any_of(
+        layout.columns, [](int column) { return column != 0 && column != ColumnX && column != ColumnY; });
+    if (others)
+        return;
+    if ((first == none && second == none) || (first == predicted && second == observed))
+        layout.columns = {ColumnX, ColumnY};
+    else if (first == observed && second == predicted)
+        layout.columns = {ColumnY, ColumnX};
+}
+
 Doubt FindColumns(const CsvOptions& options, CsvLayout& layout) {
     layout.columns.assign(layout.fields.size(), 0);
     std::array<bool, LastColumn + 1> found{};
@@ -117,6 +109,9 @@ Doubt FindColumns(const CsvOptions& options, CsvLayout& layout) {
         const auto index = static_cast<std::size_t>(column);
         if (column == 0 || layout.columns[field] != 0 || meantByOption[index])
             continue;
+        const Roles roles = RolesOf(layout.fields[field]);
+        if ((column == ColumnX && !roles.X) || (column == ColumnY && !roles.Y))
+            return layout.NameOf(field) + " may be X or Y; import with --x and --y";
         if (found[index])
             return "several columns have the name " + std::string(DatasetColumnName(column)) +
                    (ColumnOption(column).empty()
@@ -125,12 +120,10 @@ Doubt FindColumns(const CsvOptions& options, CsvLayout& layout) {
         layout.columns[field] = column;
         found[index] = true;
     }
-    if (std::ranges::count(found, true) == 0 && layout.fields.size() == 2) {
-        layout.columns = {ColumnX, ColumnY};
-        return std::nullopt;
-    }
+    if (layout.fields.size() == 2 && meantByOption == std::array<bool, LastColumn + 1>{})
+        TakeTwoColumns(layout);
     for (const int column : {ColumnX, ColumnY})
-        if (!found[static_cast<std::size_t>(column)])
+        if (std::ranges::count(layout.columns, column) == 0)
             return "which column is " + std::string(DatasetColumnName(column)) + "? Import with " +
                    std::string(ColumnOption(column)) + " and its name or number; " + FieldsShown(layout);
     return std::nullopt;
@@ -171,22 +164,31 @@ std::string ShownLine(std::string_view text) {
 }
 
 std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& options, CsvLayout& layout) {
-    CsvReader first(table, ',');
+    char said = 0;
+    layout.start = BehindStatement(table, said);
+    layout.firstLine = layout.start > 0 ? 2 : 1;
+    table.remove_prefix(layout.start);
+    CsvReader first(table, ',', layout.firstLine);
     if (!first.NextRecord())
         return CsvRemark{0, "the file is empty"};
     const auto inFirstLine = [&](const std::string& text) {
         return CsvRemark{first.Line(), text + ShownLine(first.LineText())};
     };
-    layout.exported =
-        first.LineText() == ExportedHeader && !options.decimal && !options.separator && !options.header;
+    layout.exported = first.LineText() == ExportedHeader && options.decimal.value_or('.') == '.' &&
+                      !options.separator && !options.header;
     if (layout.exported)
         layout.separator = ',';
     else if (options.separator)
         layout.separator = *options.separator;
+    else if (std::string_view(",;\t").find(said) != std::string_view::npos)
+        layout.separator = said;
+    else if (said != 0)
+        return CsvRemark{1, "its columns are parted by " + QuotedForMessage({&said, 1}) +
+                                ", not by comma, semicolon or tab"};
     else if (const auto doubt = FindSeparator(table, layout.separator))
         return inFirstLine(*doubt);
 
-    CsvReader reader(table, layout.separator);
+    CsvReader reader(table, layout.separator, layout.firstLine);
     reader.NextRecord();
     for (std::optional<CsvField> field; !field || !field->last;) {
         field = reader.ReadField();

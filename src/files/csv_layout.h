@@ -17,6 +17,7 @@ struct CsvOptions {
     std::optional<char> separator;                   ///< ',', ';' or '\t'.
     std::optional<char> decimal;                     ///< '.' or ','.
     std::optional<bool> header;
+    bool everyRemark = false; ///< Otherwise the first ten of each kind are kept, and their count.
 };
 
 /// Something to tell the user about a line of a table; line 0: about all of it.
@@ -30,6 +31,8 @@ inline constexpr std::string_view ExportedHeader = "X,SD X,Y,SD Y,Rank X,Rank Y,
 
 /// How the columns of a table stand to those of the dataset.
 struct CsvLayout {
+    std::size_t start = 0;     ///< Behind a first line "sep=;".
+    std::size_t firstLine = 1; ///< The number of the line there.
     char separator = ',';
     bool header = false;
     bool exported = false;           ///< By `CsvText`: what it put in quotes is text to the letter.
@@ -54,9 +57,9 @@ std::string_view SeparatorName(char separator);
 std::string ShownLine(std::string_view text);
 
 /// Finds the separator, the header and the columns. A column for which the options name none is found by its
-/// own name in the header, in any case; blanks, "_" and what stands in parentheses aside, and "predicted" and
-/// "observed" are X and Y. Where no option and no name tells, a table of two columns is X and Y. Returns what
-/// is missing or may be read in two ways, or nothing.
+/// own name in the header, in any case; blanks, "_" and a unit behind aside, and "predicted" and "observed"
+/// are X and Y. In a table of two columns words in the names may tell, too, and if there are none it is X and
+/// Y. Returns what is missing or may be read in two ways, or nothing.
 std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& options, CsvLayout& layout);
 
 } // namespace corvane

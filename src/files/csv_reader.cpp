@@ -1,18 +1,21 @@
 #include "files/csv_reader.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace corvane {
 
-CsvReader::CsvReader(std::string_view tableText, char fieldSeparator)
-    : text(tableText), separator(fieldSeparator) {
+CsvReader::CsvReader(std::string_view tableText, char fieldSeparator, std::size_t firstLine)
+    : text(tableText), separator(fieldSeparator), blank(fieldSeparator == '\t' ? ' ' : '\t'), line(firstLine),
+      recordLine(firstLine) {
     for (const char end : {separator, '\r', '\n'})
         endsField[static_cast<unsigned char>(end)] = true;
 }
 
 std::size_t CsvReader::BehindBlanks() const {
-    return std::min(text.find_first_not_of(' ', position), text.size());
+    std::size_t behind = position;
+    while (behind < text.size() && (text[behind] == ' ' || text[behind] == blank))
+        ++behind;
+    return behind;
 }
 
 void CsvReader::SkipLineEnd() {
@@ -70,7 +73,8 @@ std::optional<std::string_view> CsvReader::ReadQuoted() {
         if (quote == std::string_view::npos)
             return Broken(opened, openedLine, "a quote opens and is never closed");
         const std::string_view piece = text.substr(pieceStart, quote - pieceStart);
-        line += static_cast<std::size_t>(std::ranges::count(piece, '\n'));
+        for (std::size_t i = 0; i < piece.size(); ++i) // a CR LF ends one line
+            line += piece[i] == '\n' || (piece[i] == '\r' && (i + 1 == piece.size() || piece[i + 1] != '\n'));
         position = quote + 1;
         if (!AtEnd() && text[position] == '"') {
             if (!std::exchange(doubled, true))

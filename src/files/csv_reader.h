@@ -17,12 +17,12 @@ struct CsvField {
 };
 
 /// Reads the records of a table field by field, in one pass (RFC 4180). A quoted field runs on over
-/// separators and line ends, and a doubled quote in it stands for one; blanks around its quotes are dropped.
-/// A quote inside any other field is a character like others. Lines end with CR LF, LF or CR; empty and blank
-/// lines between records are skipped. The text must outlive the reader.
+/// separators and line ends, and a doubled quote in it stands for one; blanks around its quotes, and tabs
+/// that part nothing, are dropped. A quote inside any other field is a character like others. Lines end with
+/// CR LF, LF or CR; empty and blank lines between records are skipped. The text must outlive the reader.
 class CsvReader {
 public:
-    CsvReader(std::string_view tableText, char fieldSeparator);
+    CsvReader(std::string_view tableText, char fieldSeparator, std::size_t firstLine = 1);
 
     /// Goes to the next record, of which all fields must have been read. False at the end of the table.
     bool NextRecord();
@@ -46,9 +46,10 @@ private:
 
     std::string_view text;
     char separator;
+    char blank; ///< Counts as one beside ' '.
     std::array<bool, 256> endsField{};
-    std::size_t position = 0, line = 1;
-    std::size_t recordStart = 0, recordLine = 1;
+    std::size_t position = 0, line;
+    std::size_t recordStart = 0, recordLine;
     std::string unquoted; ///< Holds a quoted field that had doubled quotes.
     std::string fault;
 };

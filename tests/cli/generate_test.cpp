@@ -47,6 +47,16 @@ TEST(Generate, RefusesWithOneClearLine) {
                               "-o a.KOV -n 9.5", "-o a.KOV b", "-o a"})
         EXPECT_EQ(folder.Run(good + wrong).exit, 2) << wrong;
     EXPECT_FALSE(folder.Exists("a"));
+    const std::string plain =
+        "$corvane generate --method frank --mean-x 1 --mean-y 1 --var-x 4 --var-y 4 -r 1 "
+        "-o b.KOV ";
+    for (const char* wrong : {"-n 0x10", "-n 9.5", "-n 99999999999", "-n 9 --seed -1"}) {
+        const Ran ran = folder.Run(plain + wrong);
+        EXPECT_EQ(ran.exit, 2) << wrong;
+        EXPECT_NE(ran.err.find("' is no whole number from "), std::string::npos) << ran.err;
+    }
+    EXPECT_EQ(folder.Run(plain + "-n 010").exit, 0);
+    EXPECT_NE(folder.Read("b.KOV").find("\nN=10\r"), std::string::npos);
 }
 
 } // namespace

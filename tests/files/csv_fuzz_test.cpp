@@ -34,15 +34,19 @@ protected:
     }
 
     CsvOutcome Import(const std::string& text, const CsvOptions& options, Dataset& dataset) {
+        ++tables;
         files.files["t.csv"] = text;
         SessionState session;
         return ImportCsv("t.csv", options, dataset, session, files);
     }
 
+    void TearDown() override { RecordProperty("tables", std::to_string(tables)); }
+
     std::mt19937_64 random{20260309};
     testing::MemoryFiles files;
 
 private:
+    std::size_t tables = 0;
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
 };
 
@@ -54,6 +58,7 @@ constexpr const char* seeds[] = {
     "X,SD X,Y,SD Y,Rank X,Rank Y,Exclude\r\n1.5,,2,,1,2,\"Y\"\r\n\" 2\",\"NA\",\"a\r\nb\",\"\"\"\",,,\r\n",
     "name,\"X\",Y\n\"two\nlines\",\"1,234\",2\nM\xFCller,1.234.567,\"1,234.5\"\n",
     "1,5;2,5\n1.234,5;NaN\n2020-01-02;12.05.2020\n",
+    "sep=;\nX, mm;Rank X;Obs. [kg]\nmm;;kg\n1,5;.;2,5\n\"\r\";1;7\n",
 };
 constexpr const char* tokens[] = {",", ";",       "\t",    "\"",    "\"\"", "\r\n",    "\n",     "\r",
                                   ".", ",5",      "1,234", "1.234", "1.5",  "NA",      "nan",    "X",
@@ -96,6 +101,8 @@ TEST_F(Fuzz, AMutatedTableIsRefusedOrAccountsForEveryCell) {
                 options.columns[static_cast<std::size_t>(column)] =
                     OneOf(std::vector<std::string>{"1", "2", "3", "x", "Y", ""});
 
+        options.everyRemark = OneIn(2);
+
         Dataset dataset;
         const CsvOutcome outcome = Import(text, options, dataset);
         SCOPED_TRACE(text);
@@ -113,16 +120,22 @@ TEST_F(Fuzz, AMutatedTableIsRefusedOrAccountsForEveryCell) {
         std::size_t told = 0, notNumbers = 0;
         for (const CsvRemark& warning : outcome.warnings) {
             told += warning.text.ends_with("is no number; a run takes it for 0");
-            if (warning.text.ends_with("cells are no numbers in all"))
+            if (warning.text.find("cells are no numbers in all") != std::string::npos)
                 told = static_cast<std::size_t>(LeadingNumber(warning.text));
         }
         Dataset again;
-        ASSERT_TRUE(Import(CsvText(dataset.cells), {}, again).done);
+        CsvOutcome back = Import(CsvText(dataset.cells), {}, again);
+        if (back.fault.text.find("to be text, with --decimal .") != std::string::npos) {
+            options = {};
+            options.decimal = '.';
+            back = Import(CsvText(dataset.cells), options, again);
+        }
+        ASSERT_TRUE(back.done);
         ASSERT_EQ(again.cells.RowCount(), dataset.cells.RowCount());
         for (std::int32_t row = 1; row <= dataset.cells.RowCount(); ++row)
             for (int column = ColumnX; column <= LastColumn; ++column) {
                 const CellView cell = dataset.cells.At(column, row);
-                notNumbers += column != ColumnExclude && !IsEmpty(cell) && !CellNumber(cell);
+                notNumbers += column < ColumnRankX && !IsEmpty(cell) && !CellNumber(cell);
                 ASSERT_EQ(CellText(again.cells.At(column, row)), CellText(cell));
             }
         ASSERT_EQ(told, notNumbers);
@@ -165,28 +178,84 @@ TEST_F(Fuzz, NoCustomOfWritingNumbersIsMistakenForAnotherInSilence) {
         const int fixedDecimals = static_cast<int>(Below(5)) - 1;
         const std::uint64_t largest =
             OneOf(std::vector<std::uint64_t>{9'999, 999'999, 999'999'999, 99'999'999'999});
-        std::string text = OneIn(2) ? std::string("X") + custom.separator + "Y\n" : "";
+        // Numbers torn by their own commas may be more columns than meant, so nothing else must add some.
+        const bool torn = custom.separator == ',' && custom.quotes == Custom::Never &&
+                          (custom.decimal == ',' || custom.groups == ",");
+        // Names of two or three columns that may hold other separators, and a column between that may, too.
+        const bool between = !torn && OneIn(3), header = between || OneIn(2),
+                   decorated = header && !torn && OneIn(2);
+        const auto field = [&](const std::string& content) {
+            return content.find(custom.separator) == std::string::npos ? content : '"' + content + '"';
+        };
+        const auto line = [&](const std::vector<std::string>& fields) {
+            std::string joined;
+            for (const std::string& each : fields)
+                joined += (&each == fields.data() ? "" : std::string(1, custom.separator)) + each;
+            return joined + "\n";
+        };
+        const auto name = [&](const char* start) {
+            return field(start + OneOf(std::vector<std::string>{"", ", mm", "; mm", " (a, b)", "\tmm"}));
+        };
+        std::vector<std::string> names{decorated ? name("X") : "X", decorated ? name("Y") : "Y"};
+        if (between)
+            names.insert(names.begin() + 1, "id");
+        if (header && !torn && OneIn(6))
+            names.emplace_back();
+        std::string text = header ? line(names) : "";
         std::vector<std::string> expected;
-        const std::size_t rows = 2 + Below(6);
-        for (std::size_t cell = 0; cell < 2 * rows; ++cell) {
-            const int decimals = fixedDecimals >= 0 ? fixedDecimals : static_cast<int>(Below(4));
-            const std::uint64_t value = Below(largest);
-            const bool missing = OneIn(12);
-            text += missing ? OneOf(std::vector<std::string>{"", "NA"}) : Written(value, decimals, custom);
-            text += cell % 2 == 0 ? custom.separator : '\n';
-            expected.push_back(missing ? "" : Written(value, decimals, {';', '.', "", Custom::Never}));
+        const std::size_t rows = 2 + Below(6), unevenRow = !torn && OneIn(3) ? Below(rows - 1) + 1 : rows;
+        bool mustFail = false;
+        for (std::size_t row = 0; row < rows; ++row) {
+            std::vector<std::string> fields;
+            for (int cell = 0; cell < 2; ++cell) {
+                const int decimals = fixedDecimals >= 0 ? fixedDecimals : static_cast<int>(Below(4));
+                const std::uint64_t value = Below(largest);
+                const bool missing = OneIn(12);
+                fields.push_back(missing ? OneOf(std::vector<std::string>{"", "NA"})
+                                         : Written(value, decimals, custom));
+                expected.push_back(missing ? "" : Written(value, decimals, {';', '.', "", Custom::Never}));
+            }
+            if (between)
+                fields.insert(fields.begin() + 1,
+                              field(OneOf(std::vector<std::string>{"7", "8", "A", "a b", "a, b", "a;b"})));
+            if (row == unevenRow) {
+                // Behind Y, before it, or instead of it.
+                switch (Below(3)) {
+                case 0:
+                    fields.push_back(OneOf(std::vector<std::string>{"", "note", "5"}));
+                    break;
+                case 1:
+                    fields.insert(fields.end() - 1, "note");
+                    expected.back() = "note";
+                    break;
+                default:
+                    fields.pop_back();
+                    expected.back() = "";
+                    if (fields[0].empty()) // a blank line is no row
+                        fields[0] = "NA";
+                }
+            }
+            mustFail = mustFail || fields.size() > names.size();
+            text += line(fields);
+        }
+        CsvOptions options;
+        if (decorated || between || names.size() != 2) {
+            options.columns[ColumnX] = "1";
+            options.columns[ColumnY] = between ? "3" : "2";
         }
         Dataset dataset;
-        const CsvOutcome outcome = Import(text, {}, dataset);
+        const CsvOutcome outcome = Import(text, options, dataset);
         const bool silent =
             outcome.done && std::ranges::none_of(outcome.warnings, [](const CsvRemark& warning) {
                 return warning.text.find("no number") != std::string::npos;
             });
-        plain += custom.Plain();
+        const bool isPlain = custom.Plain() && unevenRow == rows;
+        plain += isPlain;
         if (!silent)
             continue;
-        plainAccepted += custom.Plain();
+        plainAccepted += isPlain;
         SCOPED_TRACE(text);
+        ASSERT_FALSE(mustFail);
         ASSERT_EQ(dataset.cells.RowCount(), static_cast<std::int32_t>(rows));
         for (std::size_t cell = 0; cell < 2 * rows; ++cell)
             ASSERT_EQ(CellText(dataset.cells.At(cell % 2 == 0 ? ColumnX : ColumnY,

@@ -64,11 +64,27 @@ TEST(ImportCsv, TheSameTableInManyForms) {
          {"X,Y\n1.5,2.25\n-3,4e2\n", "x;y\r\n1,5;2,25\r\n-3;4e2", "X\tY\r1.5\t2.25\r\r-3\t4e2\r",
           "\xEF\xBB\xBF\"X\",\"Y\"\n\"1.5\" , \"2.25\"\n\n   \n-3,\"4e2\"\n", "Y;x;\n2,25;1,5;\n4e2;-3;\n",
           "1.5,2.25\n-3,4e2", "name;Y;X\n\"a;\nb \"\"c\"\"\";2,25;1,5\nM\xFCller;4e2;-3\n",
-          "1,5;2,25\n-3;4e2\n", "one, two;three\n1,5;2,25\n-3;4e2\n", "x, y\n 1.5,2.25 \n-3,4e2"})
+          "1,5;2,25\n-3;4e2\n", "one, two;three\n1,5;2,25\n-3;4e2\n", "x, y\n 1.5,2.25 \n-3,4e2",
+          "sep=;\r\nX;Y\r\n1,5;2,25\r\n-3;4e2\r\n", "\"SEP=,\"\nX;1,Y\n1.5,2.25\n-3,4e2\n",
+          "X,Y\n\t\"1.5\",\"2.25\"\t\n\t\n-3,4e2\n", "y_obs\ty_pred\n2.25\t1.5\n4e2\t-3"})
         EXPECT_EQ(Import(text).Rows(), "1.5 2.25|-3 4e2|") << text;
-    // Two separators that part the first line: even records tell, or else numbers.
-    EXPECT_EQ(Import("id, nr;X;Y\nA;1;2\nB;3;4\n").Rows(), "1 2|3 4|");
-    EXPECT_EQ(Import("1,5;2,5\n3,5;4,5\n").Rows(), "1.5 2.5|3.5 4.5|");
+}
+
+TEST(ImportCsv, ASeparatorIsNotTakenForAnother) {
+    CsvOptions third;
+    third.columns[ColumnX] = "1";
+    third.columns[ColumnY] = "3";
+    // One parts few records, or leaves the other in texts where that one leaves numbers.
+    for (const char* text :
+         {"1,5;0;2,5\n3,5;0;4,5\n", "X, mm;id;Y, mm\n1,5;7;2,5\n3,5;A;4,5\n",
+          "X, mm;id;Y\n\"1,5\";7;\"2,5\"\n3,5;8;4,5\n", "X;mm,id,Y\n1.5,a,2.5\n3.5,b,4.5\n",
+          "X\tid, nr; place\tY\n1,5\t\"a,b\"\t2,5\n3,5\t7\t4,5\n"})
+        EXPECT_EQ(Import(text, third).Rows(), "1.5 2.5|3.5 4.5|") << text;
+    for (const char* text :
+         {"X, mass;id;mass, Y\n1,5;7;2,5\n2,5;8;note;3,25\n3,5;9;4,75\n",
+          "X, mm;id;Y, mm;\n1,5;7;2,5\n3,5;9;4,5\n", "X, mm;id;Y\n1,5;a, b;2,5\n3,5;c, d;4,5\n",
+          "X,id,Y\n1,5;7;2,5\n3,5;7;4,5\n", "a (b, c)\tY, kg\n4732811,31\t467,2\t\n7275,4\t2580,49\n"})
+        ExpectRefused(text, "may part its columns; import with --separator", third);
 }
 
 TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
@@ -81,7 +97,8 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     EXPECT_EQ(named.Cell(ColumnSDX, 2), "0.6");
     EXPECT_EQ(named.outcome.summary,
               "2 rows; X is column 2 'a'; SD X is column 3 'SD_x'; Y is column 5 'b'; Exclude is column 6 "
-              "'Exclude'; 2 columns are left out; parted by comma, decimal point");
+              "'Exclude'; 2 columns are left out; parted by comma, decimal point; the first pair is X '1', Y "
+              "'3'");
     options.columns[ColumnY] = "4";
     EXPECT_EQ(Import(table, options).Rows(), "1 2y|4 5|");
     for (const auto& [y, part] : {std::pair{"c", "--y 'c': no column has that name; columns: 1 'id', 2 'a'"},
@@ -100,8 +117,19 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     EXPECT_NE(Import("mpg;wt\n1;2\n3;4\n").outcome.summary.find("X is column 1 'mpg'; Y is column 2 'wt'"),
               std::string::npos);
     EXPECT_TRUE(Import("1\t2\n3\t4\n").outcome.summary.starts_with("2 rows, no header; X is column 1; Y is"));
+    // Words in the names of two columns tell which is which, or that it is not to be told.
+    for (const char* names :
+         {"Y, kg;X, mm", "Y [kg];X [mm]", "observations;predictions", "obs.;pred.", "y_true;y_pred",
+          "observed_kg;predicted_kg", "Measured;Simulated", "kgObs;kgSim", "yobs;ymodel"}) {
+        EXPECT_EQ(Import(std::string(names) + "\n2;1\n4;3\n").Rows(), "1 2|3 4|") << names;
+    }
+    for (const char* names : {"observed;mass", "model 1;model 2", "X (observed);Y (predicted)", "x (obs);b",
+                              "predicted - observed;mass", "SD X;Y"})
+        ExpectRefused(std::string(names) + "\n1;2\n3;4\n", "mport with --x");
+    EXPECT_EQ(Import("X?,Y,Excluded?\n1,2,y\n3,4,\n").Rows(), "1 2y|3 4|");
     // A first line of both kinds may be either.
-    for (const char* first : {"site,2019,2020", "1'234;2'345", "<0.1,<0.2", "\u22121.5,\u22122.5", "2m,10m"})
+    for (const char* first : {"site,2019,2020", "1'234,2'345", "<0.1,<0.2", "\u22121.5,\u22122.5", "2m,10m",
+                              "inf,inf", "n/a,Null"})
         ExpectRefused(std::string(first) + "\nA,1,2\nB,3,4\n", "--header yes or --header no");
     CsvOptions numbered;
     numbered.columns[ColumnX] = "2";
@@ -117,7 +145,10 @@ TEST(ImportCsv, ADecimalMarkIsNeverGuessed) {
     const std::string quoted = "X,Y\n\"1,5\",2\n3,\"4,25\"\n";
     ExpectRefused(quoted,
                   "t.csv:2: column 1 'X': '1,5' may be decimal or have a thousands separator; if its comma "
-                  "is decimal, import with --decimal ,; the line is '\"1,5\",2'");
+                  "is decimal, import with --decimal ,; if it parts thousands, remove it from the file; the "
+                  "line is '\"1,5\",2'");
+    ExpectRefused("X,Y\n\"1,234\",500.5\n999.5,7.5\n", "'1,234' has a thousands separator, since in line 2");
+    ExpectRefused("X,Y\n\"1,5\",500.5\n", "only one of the two can be decimal");
     EXPECT_EQ(Import(quoted, Decimal(',')).Rows(), "1.5 2|3 4.25|");
     EXPECT_EQ(Import(quoted, Decimal('.')).Rows(), "1,5 2|3 4,25|");
     EXPECT_TRUE(Import(quoted, Decimal('.')).Warns("t.csv:2: column 1 'X': '1,5' is no number"));
@@ -170,18 +201,27 @@ TEST(ImportCsv, WhatIsMissingOrNoNumberIsEmptyOrReported) {
         "X,Y,SDX,Exclude\n1,NA,nan,0\nn/a,2,\"\",x\n3\n,\"NaN\", ,NA\n\"two\nlines\",4,5,\n6,7,-inf,n\n");
     EXPECT_EQ(it.Rows(), "1 0|n/a 2x|3 | |two\nlines 4|6 7n|");
     EXPECT_EQ(it.Cell(ColumnSDX, 1) + it.Cell(ColumnSDX, 4), "");
-    EXPECT_EQ(it.outcome.warnings.size(), 6U);
+    EXPECT_EQ(it.outcome.warnings.size(), 7U);
     for (const char* warning :
          {"t.csv:3: column 1 'X': 'n/a' is no number", "t.csv:6: column 1 'X': 'two?lines' is no number",
           "t.csv:8: column 3 'SDX': '-inf' is no number", "t.csv:4: X without Y",
-          "t.csv:4: the row has 1 of 4 columns", "t.csv:2: column 4 'Exclude' is '0'; a row is excluded by"})
+          "t.csv:4: the row has 1 of 4 columns", "t.csv:2: column 4 'Exclude' is '0'; a row is excluded by",
+          "t.csv:3: column 4 'Exclude' is 'x'"})
         EXPECT_TRUE(it.Warns(warning)) << warning;
 
     std::string many = "X,Y\n";
     for (int row = 0; row < 1234; ++row)
         many += "bad,1\n";
     EXPECT_EQ(Import(many).outcome.warnings.size(), 11U);
-    EXPECT_TRUE(Import(many).Warns("t.csv: 1234 cells are no numbers in all"));
+    EXPECT_TRUE(Import(many).Warns("t.csv: 1234 cells are no numbers in all; corvane import reports each"));
+    CsvOptions every;
+    every.everyRemark = true;
+    EXPECT_EQ(Import(many, every).outcome.warnings.size(), 1234U);
+    EXPECT_TRUE(Import(",\n,\n,\n").Warns("t.csv: no row has a number in X or Y"));
+    EXPECT_EQ(Import("X,Y,Rank X\n1,2,.\n3,4,1\n").outcome.warnings.size(), 0U);
+    // A line of units is no row, but one text is a cell.
+    ExpectRefused("X,Y\nmm,kg\n1,2\n3,4\n", "t.csv:2: X and Y are texts here and numbers below");
+    EXPECT_EQ(Import("X,Y\nmm,1\n3,4\n").Rows(), "mm 1|3 4|");
 }
 
 TEST(ImportCsv, AnExportedTableComesBackCellForCell) {
@@ -203,6 +243,12 @@ TEST(ImportCsv, AnExportedTableComesBackCellForCell) {
         for (column = ColumnX; column <= LastColumn; ++column)
             EXPECT_EQ(imported.Cell(column, row), CellText(dataset.cells.At(column, row)))
                 << row << " " << column;
+    // Saved again with decimal commas it has no point left.
+    const std::string saved = std::string(ExportedHeader) + "\n\"1,5\",,\"2,5\",,,,\n3,,\"4,5\",,,,\n";
+    ExpectRefused(saved,
+                  "t.csv:2: column 1 'X': '1,5' has a comma; if it is decimal, import with --decimal ,");
+    EXPECT_EQ(Import(saved, Decimal(',')).Rows(), "1.5 2.5|3 4.5|");
+    EXPECT_EQ(Import(saved, Decimal('.')).Rows(), "1,5 2,5|3 4,5|");
     EXPECT_NE(text.find("\r\n,,,,0.1,1E-30,\r\n1.5,,,,,,\r\n,\" 2 \",,,,,\r\n"), std::string::npos) << text;
 }
 
@@ -213,7 +259,10 @@ TEST(ImportCsv, BadInputIsRefusedInItsLine) {
     ExpectRefused("X,Y\n1,2\n3,\"4\n5,6\n",
                   "t.csv:3: a quote opens and is never closed; the line is '3,\"4'");
     ExpectRefused("X,Y\n1,\"2\"3\n", "t.csv:2: text stands between a closing quote");
-    ExpectRefused(std::string("\xFF\xFEX\0,\0", 6), "UTF-16");
+    ExpectRefused("sep=,\nX,Y\n\"1\r\"\"\r\n\n\",2\n3,4,5\n", "t.csv:7: the row has more");
+    ExpectRefused("sep=|\nX|Y\n1|2\n", "t.csv:1: its columns are parted by '|'");
+    for (const std::string& wide : {std::string("\xFF\xFEX\0,\0", 6), std::string("X\0,\0", 4)})
+        ExpectRefused(wide, "UTF-16");
     const std::string many(200'000, ','), quotes(5'000'000, '"');
     std::string wide;
     for (int line = 0; line < 20; ++line)
