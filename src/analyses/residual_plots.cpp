@@ -9,8 +9,8 @@
 namespace corvane {
 namespace {
 
-void Request(RunState& run, PlotTitles titles, SharedColumn x, SharedColumn y) {
-    run.plots.emplace_back(PointPlot(std::move(titles), std::move(x), std::move(y), run.session));
+void Request(RunState& run, PlotTitles titles, const SharedColumn& x, SharedColumn y) {
+    run.plots.emplace_back(PointPlot(std::move(titles), x, std::move(y), run.session));
 }
 
 } // namespace

@@ -123,7 +123,7 @@ void Session::CalculateAction() {
         windows.push_back({opened.caption + DatasetTitle(state), opened.content.Text()});
     if (!result.residueFile.empty())
         services.editor.Open(result.residueFile);
-    ResultsWindow& window = windows.emplace_back("Results - " + Caption(), result.report.Text());
+    ResultsWindow& window = windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
     if (batch.BatchRun)
         ActInBatch(window);
     plots.insert(plots.end(), result.plots.begin(), result.plots.end());

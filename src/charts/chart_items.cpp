@@ -1,5 +1,7 @@
 #include "charts/chart_items.h"
 
+#include "charts/chart_look.h"
+
 #include <cmath>
 #include <numeric>
 
@@ -75,7 +77,7 @@ void PieItem::DrawPie(QCPPainter* painter, const ChartSeries& series, const QRec
             painter->setPen(Qt::black);
             painter->drawText(QRectF(right ? centre.x() + out : centre.x() - out - labelRoom,
                                      edge - labelHeight / 2, labelRoom, labelHeight),
-                              (right ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter | Qt::TextDontClip,
+                              TextFlags((right ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter),
                               Label(series, bin));
         }
         start += span;

@@ -19,4 +19,9 @@ inline QFont FontOf(const std::string& family, double points) {
     return font;
 }
 
+/// How Qt places a text, which may reach over its rectangle.
+inline int TextFlags(Qt::Alignment alignment) {
+    return static_cast<int>(alignment) | static_cast<int>(Qt::TextDontClip);
+}
+
 } // namespace corvane

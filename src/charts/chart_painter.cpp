@@ -37,7 +37,7 @@ QCPTextElement* TextElement(QCustomPlot& plot, const QString& text, const QFont&
                             Qt::Alignment alignment) {
     auto* element = new QCPTextElement(&plot, text, font);
     element->setTextColor(ink);
-    element->setTextFlags(alignment | Qt::TextDontClip);
+    element->setTextFlags(TextFlags(alignment));
     return element;
 }
 

@@ -24,7 +24,8 @@ std::string PrepareQt() {
         static int argumentCount = 1;
         static char name[] = "corvane";
         static char* arguments[] = {name, nullptr};
-        new QApplication(argumentCount, arguments); // lives as long as the process; Qt wants no earlier end
+        // It lives as long as the process; Qt wants no earlier end.
+        [[maybe_unused]] static const auto* application = new QApplication(argumentCount, arguments);
         std::setlocale(LC_NUMERIC, "C");
     }
     // Without fonts there are still families, whose letters are empty boxes.

@@ -30,7 +30,7 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
 
 /// Every window and chart that the run opened.
 FileResult SaveAll(const std::string& folder, const RunResult& result, FileStore& files) {
-    const FileResult saved = SaveWindows(folder, result, files);
+    FileResult saved = SaveWindows(folder, result, files);
     if (!saved.done || result.plots.empty())
         return saved;
     if (!HasCharts()) {

@@ -61,11 +61,9 @@ FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&, Cha
 FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files) {
     FileResult saved{true, {}};
     for (std::size_t i = 0; i < charts.size() && saved.done; ++i) {
-        const std::string number = std::to_string(i + 1);
-        saved = SaveChart(charts[i],
-                          folder + "/plot-" + (number.size() < 2 ? "0" : "") + number + "-" +
-                              InFileName(charts[i].title) + ".svg",
-                          files);
+        std::string path = folder + (i + 1 < 10 ? "/plot-0" : "/plot-");
+        path += std::to_string(i + 1) + "-" + InFileName(charts[i].title) + ".svg";
+        saved = SaveChart(charts[i], path, files);
     }
     return saved;
 }

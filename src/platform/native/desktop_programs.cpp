@@ -21,7 +21,7 @@ std::string Variable(const char* name) {
 bool InSearchPath(const std::string& program) {
     std::istringstream folders(Variable("PATH"));
     for (std::string folder; std::getline(folders, folder, ':');)
-        if (::access((folder + "/" + program).c_str(), X_OK) == 0)
+        if (::access(folder.append("/").append(program).c_str(), X_OK) == 0)
             return true;
     return false;
 }
