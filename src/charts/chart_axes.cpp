@@ -1,14 +1,16 @@
 #include "charts/chart_axes.h"
 
 #include "charts/chart_look.h"
+#include "plots/chart_operations.h"
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
 
 namespace corvane {
 namespace {
 
 const QColor gridInk(222, 222, 222);
+constexpr double besides = 100; // about what stands left and right of the axes, in pixels
 
 /// Ticks and labels of the chart's own scale, and of any other range when the axis is moved or zoomed.
 class ScaleTicker : public QCPAxisTicker {
@@ -29,26 +31,26 @@ protected:
         tickLabels->clear();
         for (const double place : shown.major)
             tickLabels->append(QString::fromStdString(TickLabel(shown, place)));
-        if (drawn.orientation() == Qt::Horizontal)
-            LeaveRoom(*tickLabels);
+        LeaveRoom(shown, *tickLabels);
     }
 
 private:
-    /// Empties as many labels as are needed that no two overlap.
-    void LeaveRoom(QVector<QString>& labels) const {
+    /// Empties the labels that would overlap the one before them. Where the axis will lie is not known yet.
+    void LeaveRoom(const AxisScale& shown, QVector<QString>& labels) const {
         const QFontMetrics metrics(drawn.tickLabelFont());
-        int widest = 0;
-        for (const QString& label : labels)
-            widest = std::max(widest, metrics.horizontalAdvance(label));
-        constexpr int gap = 12;
-        constexpr double besides = 100; // what stands left and right of the axis
-        const double room = drawn.parentPlot()->width() - besides;
-        const double wanted = static_cast<double>(labels.size()) * (widest + gap);
-        const auto every =
-            std::max<qsizetype>(1, static_cast<qsizetype>(std::ceil(wanted / std::max(1.0, room))));
-        for (qsizetype k = 0; k < labels.size(); ++k)
-            if (k % every != 0)
+        const bool across = drawn.orientation() == Qt::Horizontal;
+        const QWidget& sheet = *drawn.parentPlot();
+        const double gap = across ? 12 : 2,
+                     length = across ? sheet.width() - besides : sheet.height() - 1.5 * besides;
+        double end = -std::numeric_limits<double>::infinity();
+        for (qsizetype k = 0; k < labels.size(); ++k) {
+            const double size = across ? metrics.horizontalAdvance(labels[k]) : metrics.height();
+            const double middle = length * Position(shown, shown.major[static_cast<std::size_t>(k)]);
+            if (middle - size / 2 < end + gap)
                 labels[k].clear();
+            else
+                end = middle + size / 2;
+        }
     }
 
     AxisScale Moved(const QCPRange& range) const {
@@ -66,8 +68,12 @@ private:
 };
 
 /// The names of a histogram's bins, as many as there is room for.
-QSharedPointer<QCPAxisTicker> CategoryTicker(const ChartModel& chart) {
-    constexpr std::size_t mostLabels = 14;
+QSharedPointer<QCPAxisTicker> CategoryTicker(const QCPAxis& axis, const ChartModel& chart) {
+    const double each =
+        1.4 *
+        QFontMetrics(axis.tickLabelFont()).horizontalAdvance(QString::fromStdString(chart.categories.back()));
+    const auto mostLabels =
+        static_cast<std::size_t>(std::max(1.0, (axis.parentPlot()->width() - besides) / each));
     QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
     const std::size_t every = (chart.categories.size() + mostLabels - 1) / mostLabels;
     for (std::size_t k = 0; k < chart.categories.size(); k += std::max<std::size_t>(1, every))
@@ -100,7 +106,7 @@ void SetUpAxes(QCustomPlot& plot, const ChartModel& chart, const ChartScales& sc
         plot.xAxis->setTicker(
             QSharedPointer<QCPAxisTicker>(new ScaleTicker(*plot.xAxis, scales.x, chart.xAxis)));
     else
-        plot.xAxis->setTicker(CategoryTicker(chart));
+        plot.xAxis->setTicker(CategoryTicker(*plot.xAxis, chart));
     // The frame: the far axes repeat the ticks of the near ones.
     plot.axisRect()->setupFullAxesBox();
     plot.xAxis2->setTicker(plot.xAxis->ticker());

@@ -45,56 +45,70 @@ void PieItem::DrawPie(QCPPainter* painter, const ChartSeries& series, const QRec
     double labelRoom = 0;
     for (std::size_t bin = 0; bin < values.size(); ++bin)
         labelRoom = std::max(labelRoom, QFontMetricsF(font).horizontalAdvance(Label(series, bin)));
-    const double side =
-        std::min(place.width() - 2 * (labelRoom + labelGap + 2), place.height() - 4 * nameRoom);
+    const QRectF inner = place.adjusted(0, nameRoom, 0, -nameRoom); // between the heading and the axis's text
+    constexpr double leastLabelledSide = 80;
+    double side = std::min(inner.width() - 2 * (labelRoom + labelGap + 2),
+                           inner.height() - 2 * (labelGap + labelHeight));
+    const bool labelled = side >= leastLabelledSide;
+    if (!labelled)
+        side = std::min(inner.width(), inner.height()) - 2 * labelGap;
     const double total = std::accumulate(values.begin(), values.end(), 0.0);
     if (side <= 0 || total <= 0)
         return;
     const QPointF centre = place.center();
     const QRectF circle(centre.x() - side / 2, centre.y() - side / 2, side, side);
     double start = 0.25 * degreesAround; // at the top, clockwise
-    double lowest = place.top() - labelHeight, highest = place.bottom() + labelHeight; // of the labels so far
+    double lowest = inner.top() - labelHeight / 2,
+           highest = inner.bottom() + labelHeight / 2; // labels so far
     for (std::size_t bin = 0; bin < values.size(); ++bin) {
         const double share = values[bin] / total, span = -share * degreesAround;
         if (share == 0)
             continue;
-        painter->setPen(QPen(Qt::white, 1.5));
+        constexpr double leastArcWithRim = 4;
+        painter->setPen(share * M_PI * side < leastArcWithRim ? QPen(Qt::NoPen) : QPen(Qt::white, 1.5));
         painter->setBrush(SliceColour(static_cast<int>(bin)));
         if (share == 1)
             painter->drawEllipse(circle);
         else
             painter->drawPie(circle, qRound(start * sixteenths), qRound(span * sixteenths));
-        constexpr double leastLabelled = 0.01;
-        if (share >= leastLabelled) {
-            const double angle = (start + span / 2) * M_PI / 180, reach = side / 2 + labelGap;
-            const bool right = std::cos(angle) >= 0;
-            // Going round, labels come down on the right and go up on the left: none covers the one before,
-            // nor the pie.
-            double& edge = right ? lowest : highest;
-            const double wanted = centre.y() - reach * std::sin(angle);
-            edge = right ? std::max(wanted, edge + labelHeight) : std::min(wanted, edge - labelHeight);
-            const double up = edge - centre.y(), out = std::sqrt(std::max(0.0, reach * reach - up * up));
-            painter->setPen(Qt::black);
-            painter->drawText(QRectF(right ? centre.x() + out : centre.x() - out - labelRoom,
-                                     edge - labelHeight / 2, labelRoom, labelHeight),
-                              TextFlags((right ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter),
-                              Label(series, bin));
-        }
+        const double angle = (start + span / 2) * M_PI / 180, reach = side / 2 + labelGap;
         start += span;
+        // Going round, labels come down on the right and go up on the left: none covers the one before, nor
+        // the pie; and none stands far from its slice.
+        const bool right = std::cos(angle) >= 0;
+        double& edge = right ? lowest : highest;
+        const double wanted = centre.y() - reach * std::sin(angle);
+        const double middle =
+            right ? std::max(wanted, edge + labelHeight) : std::min(wanted, edge - labelHeight);
+        constexpr double farthest = 2.5 * labelHeight;
+        if (!labelled || std::fabs(middle - wanted) > farthest || middle < inner.top() ||
+            middle > inner.bottom())
+            continue;
+        edge = middle;
+        const double up = middle - centre.y(), out = std::sqrt(std::max(0.0, reach * reach - up * up));
+        painter->setPen(Qt::black);
+        painter->drawText(QRectF(right ? centre.x() + out : centre.x() - out - labelRoom,
+                                 middle - labelHeight / 2, labelRoom, labelHeight),
+                          TextFlags((right ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter),
+                          Label(series, bin));
     }
     painter->setPen(Qt::black);
     const auto line = [&](double top, const std::string& text) {
         painter->drawText(QRectF(place.left(), top, place.width(), nameRoom), Qt::AlignCenter,
                           QString::fromStdString(text));
     };
-    line(std::min(circle.top() - 2 * nameRoom, highest - 1.5 * nameRoom), series.name);
-    line(circle.bottom() + nameRoom, model.yAxis.title);
+    const double over = std::min(circle.top() - labelHeight, highest - labelHeight / 2) - nameRoom;
+    const double under = std::max(circle.bottom() + labelHeight, lowest + labelHeight / 2);
+    line(std::max(place.top(), over), series.name);
+    line(std::min(place.bottom() - nameRoom, under), model.yAxis.title);
 }
 
 void SolidItem::DrawBox(QCPPainter* painter, const QRectF& front, const QColor& colour) const {
     // Of slim bars the depth is slim, too: it stands over the next bar's front.
-    const QPointF depth = std::min(0.5, 0.4 * front.width() / Depth().x()) * Depth();
-    painter->setPen(QPen(colour.darker(150), 1));
+    constexpr double fewestPixelsWithRim = 4;
+    const bool slim = front.width() < fewestPixelsWithRim;
+    const QPointF depth = slim ? QPointF() : std::min(0.5, 0.4 * front.width() / Depth().x()) * Depth();
+    painter->setPen(slim ? QPen(Qt::NoPen) : QPen(colour.darker(150), 1));
     painter->setBrush(colour.lighter(125));
     painter->drawPolygon(
         QPolygonF({front.topLeft(), front.topLeft() + depth, front.topRight() + depth, front.topRight()}));

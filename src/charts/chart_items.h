@@ -49,6 +49,10 @@ public:
     static QPointF Depth() { return {14, -10}; }
 
 protected:
+    QRect clipRect() const override {
+        return ChartItem::clipRect().adjusted(0, static_cast<int>(Depth().y()), static_cast<int>(Depth().x()),
+                                              0);
+    }
     void draw(QCPPainter* painter) override;
 
 private:

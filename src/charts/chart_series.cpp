@@ -17,7 +17,7 @@ class PointGraph : public QCPGraph {
 public:
     PointGraph(QCPAxis* x, QCPAxis* y) : QCPGraph(x, y) {}
 
-    QCPScatterStyle legendStyle; ///< Of points; without one the legend shows what the plot does.
+    QCPScatterStyle legendStyle;
 
 protected:
     QRect clipRect() const override {
@@ -26,13 +26,21 @@ protected:
     }
 
     void drawLegendIcon(QCPPainter* painter, const QRectF& place) const override {
-        if (legendStyle.isNone()) {
-            QCPGraph::drawLegendIcon(painter, place);
-            return;
-        }
         applyScattersAntialiasingHint(painter);
-        legendStyle.applyTo(painter, pen());
-        legendStyle.drawShape(painter, place.center());
+        if (lineStyle() != lsNone) {
+            if (brush().style() != Qt::NoBrush)
+                painter->fillRect(place, brush());
+            QPen line = pen();
+            line.setCapStyle(
+                Qt::FlatCap); // no wider than its place, which not every picture format cuts it to
+            painter->setPen(line);
+            const double height = brush().style() != Qt::NoBrush ? place.top() : place.center().y();
+            painter->drawLine(QLineF(place.left(), height, place.right(), height));
+        }
+        if (!legendStyle.isNone()) {
+            legendStyle.applyTo(painter, pen());
+            legendStyle.drawShape(painter, place.center());
+        }
     }
 };
 
@@ -70,7 +78,7 @@ QCPScatterStyle StyleOf(Marker marker, const QColor& colour, double across) {
 QCPGraph* AddLine(QCustomPlot& plot, const ChartScales& scales, double intercept, double slope, double from,
                   double to) {
     constexpr int places = 200;
-    QCPGraph* graph = plot.addGraph();
+    auto* graph = new PointGraph(plot.xAxis, plot.yAxis);
     const double bottom = scales.y.minimum - intercept, top = scales.y.maximum - intercept;
     if (slope == 0 && (bottom > 0 || top < 0))
         return graph;
@@ -114,21 +122,28 @@ void AddPoints(QCustomPlot& plot, const ChartSeries& series, const ChartScales& 
     const double across =
         std::max(3.0, std::sqrt(share) * pixelsPerPoint * series.markerSize / twentiethsPerPoint);
     QColor colour = ColourOf(series.colour);
-    constexpr double leastInLegend = 7;
-    graph->legendStyle = StyleOf(series.marker, colour, std::max(leastInLegend, across));
+    constexpr double leastInLegend = 7, mostInLegend = 15;
+    graph->legendStyle = StyleOf(series.marker, colour, std::clamp(across, leastInLegend, mostInLegend));
     graph->setPen(share < 1 ? QPen(Qt::NoPen) : QPen(Qt::white, 0.8));
     colour.setAlphaF(static_cast<float>(std::clamp(share, 0.35, 1.0)));
     graph->setScatterStyle(StyleOf(series.marker, colour, across));
 }
 
-void AddPointLabels(QCustomPlot& plot, const ChartModel& chart, const ChartSeries& series) {
+void AddPointLabels(QCustomPlot& plot, const ChartModel& chart, const ChartSeries& series,
+                    const ChartScales& scales) {
     for (const auto& [point, text] : series.labels) {
         if (point >= series.y->size() || !series.x)
             continue;
+        const double x = Position(scales.x, (*series.x)[point]), y = Position(scales.y, (*series.y)[point]);
+        if (!(x >= 0 && x <= 1 && y >= 0 && y <= 1))
+            continue;
         auto* label = new QCPItemText(&plot);
+        label->setClipToAxisRect(false);
         label->position->setCoords((*series.x)[point], (*series.y)[point]);
-        label->setPositionAlignment(Qt::AlignLeft | Qt::AlignBottom);
-        label->setPadding(QMargins(5, 0, 0, 3));
+        // Away from the nearer edges.
+        label->setPositionAlignment((x < 0.6 ? Qt::AlignLeft : Qt::AlignRight) |
+                                    (y < 0.9 ? Qt::AlignBottom : Qt::AlignTop));
+        label->setPadding(QMargins(5, 3, 5, 3));
         label->setFont(FontOf(chart.font, 9));
         label->setColor(ink);
         label->setText(QString::fromStdString(text));
@@ -163,6 +178,7 @@ void AddBars(QCustomPlot& plot, const ChartModel& chart, const AxisScale& height
         bars->setBarsGroup(group);
         bars->setWidth(together / static_cast<double>(chart.series.size()));
         bars->setBrush(ColourOf(series.colour));
+        bars->setAntialiased(across >= fewestPixelsWithRim);
         bars->setPen(across < fewestPixelsWithRim ? QPen(Qt::NoPen)
                                                   : QPen(ColourOf(series.colour).darker(150), 1));
         bars->setBaseValue(heights.logarithmic ? heights.minimum : 0);
@@ -186,6 +202,7 @@ void AddCurve(QCustomPlot& plot, const ChartModel& chart, const ChartSeries& ser
     graph->setPen(QPen(colour, 2));
     if (chart.style == ChartStyle::Line)
         graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, 7));
+    graph->legendStyle = graph->scatterStyle();
     if (chart.style == ChartStyle::Area) {
         QColor fill = colour;
         fill.setAlpha(120);
@@ -215,7 +232,7 @@ void AddMarks(QCustomPlot& plot, const ChartModel& chart, const ChartScales& sca
         for (const ChartSeries& series : chart.series)
             if (chart.style == ChartStyle::Scatter) {
                 AddScatterSeries(plot, series, scales, size);
-                AddPointLabels(plot, chart, series);
+                AddPointLabels(plot, chart, series, scales);
             } else
                 AddCurve(plot, chart, series, scales.y);
     }

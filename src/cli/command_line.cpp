@@ -16,6 +16,7 @@
 #include <charconv>
 #include <iostream>
 #include <limits>
+#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -152,7 +153,13 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
         ->expected(3)
         ->check(CLI::Range(0, 255));
     plot->add_option("--format", request.labelFormat, "Number format of the axis labels, as 0.00")
-        ->type_name("PICTURE");
+        ->type_name("PICTURE")
+        ->check([](const std::string& picture) {
+            static const std::regex form("[^#0.]*[#0]*[.]?[#0]*[^#0.]*");
+            const bool fits =
+                std::regex_match(picture, form) && picture.find_first_of("#0") != std::string::npos;
+            return fits ? std::string() : "'" + picture + "' is no picture of #, 0 and one point, as 0.00";
+        });
     plot->add_flag("--grid", request.grid, "Draw grid lines");
     plot->add_flag("--no-legend", request.noLegend, "Leave the legend out");
     plot->add_option("--look", request.looks,

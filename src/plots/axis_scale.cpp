@@ -49,8 +49,10 @@ void AddLogarithmicTicks(AxisScale& scale) {
     const int first = static_cast<int>(std::floor(std::log10(scale.minimum) + 1e-9));
     const int last = static_cast<int>(std::ceil(std::log10(scale.maximum) - 1e-9));
     const int every = std::max(1, (last - first) / 8);
-    const bool narrow = last - first <= 2;
+    constexpr double fewPowers = 100;
+    const bool narrow = scale.maximum <= fewPowers * scale.minimum;
     const int lastDigit = every == 1 ? 9 : 1; // over many decades the powers alone are dense enough
+    const int everyMinor = std::max(1, every / 5);
     for (int exponent = first; exponent <= last; ++exponent)
         for (int digit = 1; digit <= lastDigit; ++digit) {
             const double place = digit * std::pow(10.0, exponent);
@@ -58,12 +60,14 @@ void AddLogarithmicTicks(AxisScale& scale) {
                 continue;
             const bool labelled =
                 digit == 1 ? (exponent - first) % every == 0 : narrow && (digit == 2 || digit == 5);
-            (labelled ? scale.major : scale.minor).push_back(place);
+            if (labelled)
+                scale.major.push_back(place);
+            else if ((exponent - first) % everyMinor == 0)
+                scale.minor.push_back(place);
         }
 }
 
 AxisScale LinearScale(const ChartAxis& axis, Extent extent, bool withZero) {
-    constexpr double room = 0.02;
     AxisScale scale;
     constexpr double farthest = 1e307; // what lies beyond has no room for steps
     double low = std::clamp(extent.minimum, -farthest, farthest);
@@ -78,11 +82,12 @@ AxisScale LinearScale(const ChartAxis& axis, Extent extent, bool withZero) {
             low -= withZero ? 0 : half;
             high += half;
         }
-        const double margin = room * (high - low);
-        scale.majorStep = std::max(NiceStep(high - low + 2 * margin), axis.wholeNumbers ? 1.0 : 0.0);
-        scale.minimum =
-            withZero && low == 0 ? 0.0 : scale.majorStep * std::floor((low - margin) / scale.majorStep);
-        scale.maximum = scale.majorStep * std::ceil((high + margin) / scale.majorStep);
+        constexpr double room = 0.02; // above a bar
+        const double top = withZero && high < axis.end ? high + room * (high - low) : high;
+        scale.majorStep = std::max(NiceStep(top - low), axis.wholeNumbers ? 1.0 : 0.0);
+        constexpr double slack = 1e-9; // so that rounding adds no step to an end that lies on one
+        scale.minimum = std::min(low, scale.majorStep * std::floor(low / scale.majorStep + slack));
+        scale.maximum = std::max(top, scale.majorStep * std::ceil(top / scale.majorStep - slack));
         if (high <= axis.end)
             scale.maximum = std::min(scale.maximum, axis.end);
     } else {
@@ -106,15 +111,16 @@ Extent LogarithmicEnds(const Extent& extent) {
         }
         return best;
     };
-    return {atLeast(extent.minimum / 1.02, false), atLeast(extent.maximum * 1.02, true)};
+    constexpr double slack = 1e-9;
+    return {atLeast(extent.minimum * (1 + slack), false), atLeast(extent.maximum * (1 - slack), true)};
 }
 
 AxisScale LogarithmicScale(const ChartAxis& axis, const Extent& extent) {
     const bool fixed = !axis.automatic && axis.minimum > 0 && axis.maximum > axis.minimum;
     const Extent shown = fixed ? Extent{axis.minimum, axis.maximum} : extent;
-    // Over less than half a decade, powers of ten would leave the points a corner: steps serve better.
-    constexpr double fewestTimes = 3;
-    if (shown.maximum < fewestTimes * shown.minimum) {
+    // Over less than a decade there are hardly any powers of ten to label: steps serve better.
+    constexpr double decade = 10;
+    if (shown.maximum < decade * shown.minimum) {
         AxisScale scale = LinearScale(axis, extent, false);
         scale.logarithmic = true;
         if (scale.minimum > 0)
@@ -129,19 +135,29 @@ AxisScale LogarithmicScale(const ChartAxis& axis, const Extent& extent) {
     return scale;
 }
 
-/// A number with one digit before its point, as "2.5E+07".
-std::string Scientific(double value) {
-    constexpr int digits = 10; // what k * step has behind its tenth digit is noise
+/// A number with one digit before its point, as "2.5E+07", and so many digits at most.
+std::string Scientific(double value, int digits) {
     char text[40];
     const auto end =
         std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, digits - 1).ptr;
     const std::string_view whole(text, static_cast<std::size_t>(end - text));
     const std::size_t exponent = whole.find('e');
     std::string mantissa(whole.substr(0, exponent));
-    mantissa.erase(mantissa.find_last_not_of('0') + 1);
+    if (mantissa.find('.') != std::string::npos)
+        mantissa.erase(mantissa.find_last_not_of('0') + 1);
     if (mantissa.back() == '.')
         mantissa.pop_back();
-    return mantissa == "0" || value == 0 ? "0" : mantissa + "E" + std::string(whole.substr(exponent + 1));
+    return value == 0 ? "0" : mantissa + "E" + std::string(whole.substr(exponent + 1));
+}
+
+/// The decimals of a step and of its multiples.
+int DecimalsOf(double step) {
+    constexpr int most = 15;
+    int decimals = 0;
+    for (double stretched = step; decimals < most; ++decimals, stretched *= 10)
+        if (std::round(stretched) >= 1 && std::fabs(stretched - std::round(stretched)) < 1e-9 * stretched)
+            break;
+    return decimals;
 }
 
 } // namespace
@@ -178,12 +194,20 @@ std::string TickLabel(const AxisScale& scale, double value) {
     if (!scale.labelFormat.empty())
         if (const auto text = FormatPicture(CellValue(value), scale.labelFormat))
             return *text;
-    if (scale.logarithmic ? scale.maximum >= 1e7 || scale.minimum < 1e-4
-                          : scale.majorStep < 1e-5 || std::max(-scale.minimum, scale.maximum) >= 1e7)
-        return Scientific(value);
-    if (scale.majorStep == 0)
-        return NumberText(value);
-    const int decimals = std::max(0, static_cast<int>(-std::floor(std::log10(scale.majorStep) + 1e-9)));
+    if (scale.majorStep == 0) // powers of ten
+        return scale.maximum >= 1e7 || scale.minimum < 1e-4 ? Scientific(value, 1) : NumberText(value);
+    const double largest = std::max(std::fabs(scale.minimum), std::fabs(scale.maximum));
+    const int decimals = DecimalsOf(scale.majorStep);
+    if (largest >= 1e7 || scale.majorStep < 1e-5) {
+        // All digits that tell one label from the next; in plain digits where that is no longer.
+        const int size = static_cast<int>(std::floor(std::log10(largest)));
+        constexpr int most = 17, exponentPart = 4;
+        const int digits =
+            std::clamp(size - static_cast<int>(std::floor(std::log10(scale.majorStep))) + 1, 1, most);
+        const int plain = std::max(size, 0) + 1 + decimals + (decimals > 0);
+        if (size >= 15 || plain > digits + (digits > 1) + exponentPart)
+            return Scientific(value, digits);
+    }
     const std::string picture =
         decimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(decimals), '0');
     return FormatPicture(CellValue(value), picture).value_or("");

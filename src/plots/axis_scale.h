@@ -30,13 +30,13 @@ struct PointExtents {
 PointExtents ExtentsOf(const ChartSeries& series, bool logarithmicX, bool logarithmicY);
 
 /// The scale of an axis over this extent. An automatic linear axis begins and ends at multiples of its step,
-/// which is 1, 2 or 5 times a power of ten, with some room beyond the outermost values; `withZero` lets it
-/// begin at 0. A logarithmic one begins and ends at 1, 2 or 5 times a power of ten, or over less than half a
-/// decade as a linear one would. A fixed axis keeps its ends.
+/// which is 1, 2 or 5 times a power of ten; `withZero` lets it begin at 0. A logarithmic one begins and ends
+/// at 1, 2 or 5 times a power of ten, or over less than a decade as a linear one would. A fixed axis keeps its
+/// ends.
 AxisScale ScaleOf(const ChartAxis& axis, const Extent& extent, bool withZero = false);
 
 /// The text at a tick: through the axis's picture, or with the digits that its steps need; on an axis of very
-/// large or small numbers as "2.5E+07", all of them alike.
+/// large or small numbers as "2.5E+07" where that is shorter.
 std::string TickLabel(const AxisScale& scale, double value);
 
 /// One scale for both axes: the smaller minimum and the larger maximum of the two automatic scales, and the

@@ -108,12 +108,16 @@ std::optional<ChartPoint> NearestPoint(const ChartModel& chart, const ChartScale
         const ChartSeries& series = chart.series[s];
         if (!series.x) { // a bin, from its left end to its right one and up to its height
             const double place = scales.x.minimum + x * (scales.x.maximum - scales.x.minimum);
-            const auto bin = static_cast<std::size_t>(std::max(0.0, std::round(place) - 1));
-            // Of two series, the bars stand left and right of the bin's middle.
-            if (chart.style == ChartStyle::Bar && chart.series.size() == 2 &&
-                (place > static_cast<double>(bin + 1)) != (s == 1))
+            const double middle = std::round(place);
+            constexpr double halfBar = 0.4;
+            if (chart.style == ChartStyle::Pie || x < 0 || x > 1 || middle < 1 ||
+                (chart.style == ChartStyle::Bar && std::fabs(place - middle) > halfBar))
                 continue;
-            if (bin < series.y->size() && y >= 0 && y <= Position(scales.y, (*series.y)[bin]))
+            const auto bin = static_cast<std::size_t>(middle - 1);
+            // Of two series, the bars stand left and right of the bin's middle.
+            if (chart.style == ChartStyle::Bar && chart.series.size() == 2 && (place > middle) != (s == 1))
+                continue;
+            if (bin < series.y->size() && y > 0 && y <= Position(scales.y, (*series.y)[bin]))
                 return ChartPoint{s, bin};
             continue;
         }

@@ -8,12 +8,12 @@ namespace corvane::stats {
 namespace {
 
 /// Binomial coefficients are made on the way; terms below a quarter of an ulp of the sum end the series.
-double BinomialSeries(double power, double u, double firstDegree, double first, double step) {
+double BinomialSeries(double power, double u, double firstDegree, double first, int step) {
     double term = first, sum = 0.0;
     for (double k = firstDegree; std::fabs(term) > 0.5e-17 * std::fabs(sum); k += step) {
         sum += term;
-        for (double degree = k; degree < k + step; degree += 1.0)
-            term *= (power - degree) / (degree + 1.0) * u;
+        for (int i = 0; i < step; ++i)
+            term *= (power - (k + i)) / (k + i + 1.0) * u;
     }
     return sum;
 }
@@ -28,7 +28,7 @@ double PowerKernel::operator()(double z) const {
 double PowerBeyondTangent::operator()(double t) const {
     const double u = t / Pivot;
     const double excess = std::fabs(u) < 0.25
-                              ? BinomialSeries(Power, u, 2.0, 0.5 * Power * (Power - 1.0) * u * u, 1.0)
+                              ? BinomialSeries(Power, u, 2.0, 0.5 * Power * (Power - 1.0) * u * u, 1)
                               : std::pow(std::fabs(1.0 + u), Power) - 1.0 - Power * u;
     return std::pow(std::fabs(Pivot), Power) * excess;
 }
@@ -39,7 +39,7 @@ double PowerBeyondTangent::Tangent(double t) const {
 
 double EvenPowerExcess(double power, double u) {
     if (std::fabs(u) < 0.25)
-        return BinomialSeries(power, u, 2.0, 0.5 * power * (power - 1.0) * u * u, 2.0);
+        return BinomialSeries(power, u, 2.0, 0.5 * power * (power - 1.0) * u * u, 2);
     return 0.5 * (std::pow(std::fabs(1.0 + u), power) + std::pow(std::fabs(1.0 - u), power)) - 1.0;
 }
 

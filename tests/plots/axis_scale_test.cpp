@@ -29,11 +29,17 @@ TEST(AxisScale, EndsAtRoundNumbersAroundTheData) {
     EXPECT_EQ(Labels(ScaleOf({}, {3.1, 48.2})), "0 10 20 30 40 50 ");
     EXPECT_EQ(Labels(ScaleOf({}, {-0.26, 0.31})), "-0.3 -0.2 -0.1 0.0 0.1 0.2 0.3 0.4 ");
     EXPECT_EQ(Labels(ScaleOf({}, {0, 7}, true)), "0 1 2 3 4 5 6 7 8 ");
+    EXPECT_EQ(Labels(ScaleOf({}, {1e12, 1e12 + 10})),
+              "1000000000000 1000000000002 1000000000004 1000000000006 1000000000008 1000000000010 ");
+    ChartAxis quarters;
+    quarters.automatic = false;
+    quarters.majorStep = 0.25;
+    EXPECT_EQ(Labels(ScaleOf(quarters, {0, 1})), "0.00 0.25 0.50 0.75 1.00 ");
     EXPECT_EQ(Labels(ScaleOf({}, {2.1e7, 2.9e7})), "2E+07 2.2E+07 2.4E+07 2.6E+07 2.8E+07 3E+07 ");
     EXPECT_EQ(Labels(ScaleOf({}, {1e-6, 9e-6})), "0 2E-06 4E-06 6E-06 8E-06 1E-05 ");
     ChartAxis pictured;
     pictured.labelFormat = "0.00";
-    EXPECT_EQ(Labels(ScaleOf(pictured, {1, 3})).substr(0, 10), "0.50 1.00 ");
+    EXPECT_EQ(Labels(ScaleOf(pictured, {1, 3})).substr(0, 10), "1.00 1.50 ");
 }
 
 TEST(AxisScale, HoldsAnyData) {
@@ -58,11 +64,11 @@ TEST(AxisScale, IsSharedByTheSmallerMinimumAndTheLargerMaximum) {
     const ChartScales scales = ScalesOf(chart);
     EXPECT_EQ(scales.x.minimum, scales.y.minimum);
     EXPECT_EQ(Labels(scales.x), Labels(scales.y));
-    EXPECT_EQ(Labels(scales.x), "-50 -40 -30 -20 -10 0 10 20 30 40 ");
+    EXPECT_EQ(Labels(scales.x), "-40 -30 -20 -10 0 10 20 30 ");
     // What has no Y stretches no axis; and the steps fit both ranges together.
     ChartModel apart = Points({10, 50, 9000}, {1001, 1005, std::nan("")});
     ShareScale(apart);
-    EXPECT_EQ(Labels(ScalesOf(apart).x), "0 200 400 600 800 1000 ");
+    EXPECT_EQ(Labels(ScalesOf(apart).x), "200 400 600 800 1000 ");
     // Counts have no tick between whole numbers, percentages none beyond 100.
     ChartAxis counts, percentages;
     counts.wholeNumbers = true;
@@ -77,8 +83,7 @@ TEST(ChartOperations, LogarithmicAxesLeaveOutWhatTheyCannotShow) {
     ASSERT_TRUE(SetLogarithmic(chart, Direction::X, true));
     EXPECT_EQ(FootnoteText(chart), "n, 2 not shown");
     EXPECT_EQ(Labels(ScalesOf(chart).x), "1 10 100 1000 ");
-    EXPECT_DOUBLE_EQ(Position(ScalesOf(chart).x, 1),
-                     Position(ScalesOf(chart).x, 0.5) + std::log(2.0) / std::log(4000.0));
+    EXPECT_DOUBLE_EQ(Position(ScalesOf(chart).x, 10), 1.0 / 3);
     ChartModel negative = Points({-1, -2}, {1, 2});
     EXPECT_FALSE(SetLogarithmic(negative, Direction::X, true));
     EXPECT_FALSE(negative.xAxis.logarithmic);
