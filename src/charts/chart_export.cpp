@@ -65,17 +65,25 @@ QByteArray Bytes(const ChartModel& chart, ChartFormat format, QSize size) {
     return {};
 }
 
-/// Why the axes cannot be drawn, or "".
+} // namespace
+
 std::string OutOfReach(const ChartModel& chart) {
+    constexpr double farthest = 1e250; // about where QCustomPlot's ranges end
+    const auto reaches = [](const std::optional<Extent>& extent, bool logarithmic) {
+        return !extent || (extent->minimum > -farthest && extent->maximum < farthest &&
+                           (!logarithmic || extent->minimum > 1 / farthest));
+    };
+    bool drawable = true;
+    for (const ChartSeries& series : chart.series) {
+        const PointExtents extents = ExtentsOf(series, chart.xAxis.logarithmic, chart.yAxis.logarithmic);
+        drawable = drawable && reaches(extents.x, chart.xAxis.logarithmic) &&
+                   reaches(extents.y, chart.yAxis.logarithmic);
+    }
     const ChartScales scales = ScalesOf(chart);
     for (const AxisScale* scale : {&scales.x, &scales.y})
-        if (!QCPRange::validRange(scale->minimum, scale->maximum) ||
-            (scale->logarithmic && scale->minimum <= 0))
-            return "its values are too large or too small a number to be drawn";
-    return {};
+        drawable = drawable && QCPRange::validRange(scale->minimum, scale->maximum);
+    return drawable ? "" : "its values are too large or too small a number to be drawn";
 }
-
-} // namespace
 
 std::optional<ChartFormat> ChartFormatOf(std::string_view path) {
     const std::size_t dot = path.rfind('.');

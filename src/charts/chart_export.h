@@ -13,6 +13,9 @@ enum class ChartFormat { Svg, Png, Pdf, Bmp };
 /// The format that a file's name ends in.
 std::optional<ChartFormat> ChartFormatOf(std::string_view path);
 
+/// Why the values of a chart cannot be drawn, or "": ranges beyond 1E±250.
+std::string OutOfReach(const ChartModel& chart);
+
 /// A chart as the bytes of a picture file, or why there is none. PNG and BMP have two dots a pixel.
 struct ChartPicture {
     std::string bytes;

@@ -1,5 +1,7 @@
 #include "cli/chart_files.h"
 
+#include "cli/command_support.h"
+
 #if CORVANE_CHARTS
 #include "charts/chart_export.h"
 #endif
@@ -52,6 +54,10 @@ bool IsPictureName(const std::string&) {
     return true;
 }
 
+std::string OutOfReach(const ChartModel&) {
+    return {};
+}
+
 FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&, ChartSize) {
     return {false, path + ": this corvane was built without charts"};
 }
@@ -61,6 +67,10 @@ FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&, Cha
 FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files) {
     FileResult saved{true, {}};
     for (std::size_t i = 0; i < charts.size() && saved.done; ++i) {
+        if (const std::string reason = OutOfReach(charts[i]); !reason.empty()) {
+            Warn("the chart '" + charts[i].title + "' is not saved: " + reason);
+            continue;
+        }
         std::string path = folder + (i + 1 < 10 ? "/plot-0" : "/plot-");
         path += std::to_string(i + 1) + "-" + InFileName(charts[i].title) + ".svg";
         saved = SaveChart(charts[i], path, files);

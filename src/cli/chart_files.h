@@ -17,7 +17,8 @@ bool IsPictureName(const std::string& path);
 /// Paints a chart into a file in the format of its name. On failure the reason names the file.
 FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files, ChartSize size = {});
 
-/// Paints the charts into "plot-01-Title.svg" and so on in a folder.
+/// Paints the charts into "plot-01-Title.svg" and so on in a folder; of one whose values cannot be drawn, a
+/// warning tells.
 FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files);
 
 } // namespace corvane

@@ -117,16 +117,20 @@ Extent LogarithmicEnds(const Extent& extent) {
 
 AxisScale LogarithmicScale(const ChartAxis& axis, const Extent& extent) {
     const bool fixed = !axis.automatic && axis.minimum > 0 && axis.maximum > axis.minimum;
-    const Extent shown = fixed ? Extent{axis.minimum, axis.maximum} : extent;
+    constexpr double least = 1e-308; // below it powers of ten lose their digits
+    const Extent shown = fixed
+                             ? Extent{axis.minimum, axis.maximum}
+                             : Extent{std::max(extent.minimum, least), std::max(extent.maximum, 10 * least)};
     // Over less than a decade there are hardly any powers of ten to label: steps serve better.
     constexpr double decade = 10;
     if (shown.maximum < decade * shown.minimum) {
-        AxisScale scale = LinearScale(axis, extent, false);
+        AxisScale scale = LinearScale(axis, shown, false);
         scale.logarithmic = true;
         if (scale.minimum > 0)
             return scale;
     }
-    const Extent ends = fixed ? shown : LogarithmicEnds(shown);
+    Extent ends = fixed ? shown : LogarithmicEnds(shown);
+    ends.minimum = std::max(ends.minimum, least);
     AxisScale scale;
     scale.logarithmic = true;
     scale.minimum = ends.minimum;
