@@ -123,8 +123,7 @@ std::optional<std::string> FindSeparator(std::string_view table, char& separator
                      : look == candidates.back() ? " or "
                                                  : ", ")
             .append(SeparatorName(look->separator));
-    return names + " may part its columns; import with --separator " +
-           std::string(SeparatorName(candidates.front()->separator)) + " or the right one";
+    return names + " may part its columns; import with --separator and one of these words";
 }
 
 } // namespace corvane
