@@ -155,6 +155,59 @@ Doubt FindColumns(const CsvOptions& options, CsvLayout& layout) {
     return std::nullopt;
 }
 
+/// Reads the fields of the first record.
+std::optional<CsvRemark> ReadHead(std::string_view table, CsvLayout& layout) {
+    CsvReader reader(table, layout.separator, layout.firstLine);
+    reader.NextRecord();
+    for (std::optional<CsvField> field; !field || !field->last;) {
+        field = reader.ReadField();
+        if (!field)
+            return CsvRemark{reader.Line(), reader.Fault() + ShownLine(reader.LineText())};
+        layout.bare.push_back(!field->quoted);
+        layout.behindBlank.push_back(!field->quoted && !layout.fields.empty() &&
+                                     field->text.starts_with(' '));
+        layout.fields.emplace_back(TrimWhiteSpace(field->text));
+    }
+    return std::nullopt;
+}
+
+/// Whether by the separator the header tells X and Y.
+bool TellsColumns(std::string_view table, const CsvOptions& options, char separator, CsvLayout& layout) {
+    layout.separator = separator;
+    return !ReadHead(table, layout) && !FindHeader(options, layout) && layout.header &&
+           !FindColumns(options, layout);
+}
+
+/// Whether the header tells X and Y by semicolons or tabs and not by commas, as these are parts of names and
+/// texts. Commas are never taken so: their rows may be of decimal commas. All records must be even, and X and
+/// Y hold nothing but numbers and missing values.
+bool NamesTell(std::string_view table, const CsvOptions& options, char& separator) {
+    const bool tabs = table.find('\t') != std::string_view::npos;
+    if (tabs == (table.find(';') != std::string_view::npos))
+        return false;
+    separator = tabs ? '\t' : ';';
+    CsvLayout byComma, layout;
+    if (TellsColumns(table, options, ',', byComma) || !TellsColumns(table, options, separator, layout))
+        return false;
+    constexpr std::size_t recordsSeen = 100;
+    CsvReader reader(table, separator);
+    for (std::size_t record = 0; record < recordsSeen && reader.NextRecord(); ++record) {
+        std::size_t number = 0;
+        for (std::optional<CsvField> field; !field || !field->last; ++number) {
+            field = reader.ReadField();
+            if (!field || number >= layout.columns.size())
+                return false;
+            const std::string_view text = TrimWhiteSpace(field->text);
+            const bool values = layout.columns[number] == ColumnX || layout.columns[number] == ColumnY;
+            if (record > 0 && values && !IsMissing(text) && FormOf(text) == NumberForm::None)
+                return false;
+        }
+        if (number < layout.columns.size())
+            return false;
+    }
+    return true;
+}
+
 /// What to do where the first line may be none of the table: one that begins with '#', that has fewer fields
 /// than every other, or that has the names of columns below it.
 std::string TitleAdvice(std::string_view table, std::size_t firstLine, std::string_view separators) {
@@ -244,20 +297,12 @@ std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& op
     else if (said != 0)
         return CsvRemark{1, "its columns are parted by " + QuotedForMessage({&said, 1}) +
                                 ", not by comma, semicolon or tab"};
-    else if (const auto doubt = FindSeparator(table, layout.separator))
+    else if (const auto doubt = FindSeparator(table, layout.separator);
+             doubt && !NamesTell(table, options, layout.separator))
         return inFirstLine(*doubt, ",;\t");
 
-    CsvReader reader(table, layout.separator, layout.firstLine);
-    reader.NextRecord();
-    std::vector<bool> bare, behindBlank; // per field: without quotes; and with a blank before it
-    for (std::optional<CsvField> field; !field || !field->last;) {
-        field = reader.ReadField();
-        if (!field)
-            return CsvRemark{reader.Line(), reader.Fault() + ShownLine(reader.LineText())};
-        layout.fields.emplace_back(TrimWhiteSpace(field->text));
-        bare.push_back(!field->quoted);
-        behindBlank.push_back(!field->quoted && bare.size() > 1 && field->text.starts_with(' '));
-    }
+    if (const auto fault = ReadHead(table, layout))
+        return fault;
     const std::string_view separators(&layout.separator, 1);
     if (const auto doubt = FindHeader(options, layout))
         return inFirstLine(*doubt, separators);
@@ -267,9 +312,9 @@ std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& op
         return std::nullopt;
     std::vector<std::string> names;
     for (std::size_t field = 0; field < layout.fields.size(); ++field)
-        if (layout.columns[field] == 0 && bare[field] && !layout.fields[field].empty()) {
+        if (layout.columns[field] == 0 && layout.bare[field] && !layout.fields[field].empty()) {
             names.push_back(layout.fields[field]);
-            layout.blankBefore = layout.blankBefore || behindBlank[field];
+            layout.blankBefore = layout.blankBefore || layout.behindBlank[field];
         }
     std::ranges::sort(names);
     layout.twins = std::ranges::adjacent_find(names) != names.end();

@@ -38,6 +38,8 @@ struct CsvLayout {
     std::size_t headLine = 1;
     bool exported = false;           ///< By `CsvText`: what it put in quotes is text to the letter.
     std::vector<std::string> fields; ///< Of the first record.
+    std::vector<bool> bare;          ///< For each whether it has no quotes.
+    std::vector<bool> behindBlank;   ///< And a blank before it.
     std::vector<int> columns;        ///< For each of them the `Column` that it fills, or 0.
     std::vector<std::string> rivals; ///< For each why it is meant for X or Y if it holds numbers, or "".
     bool rowNumbers = false;         ///< Whether Y, by its name, may be the number of the row.

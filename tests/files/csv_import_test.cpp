@@ -79,11 +79,12 @@ TEST(ImportCsv, ASeparatorIsNotTakenForAnother) {
     for (const char* text :
          {"1,5;0;2,5\n3,5;0;4,5\n", "X, mm;id;Y, mm\n1,5;7;2,5\n3,5;A;4,5\n",
           "X, mm;id;Y\n\"1,5\";7;\"2,5\"\n3,5;8;4,5\n", "X;mm,id,Y\n1.5,a,2.5\n3.5,b,4.5\n",
-          "X\tid, nr; place\tY\n1,5\t\"a,b\"\t2,5\n3,5\t7\t4,5\n"})
+          "X\tid, nr; place\tY\n1,5\t\"a,b\"\t2,5\n3,5\t7\t4,5\n", "X, mm;id;Y\n1,5;a, b;2,5\n3,5;c, d;4,5\n",
+          "X, mm\tid\tY\n1.5\ta, b\t2.5\n3.5\tc\t4.5\n"})
         EXPECT_EQ(Import(text, third).Rows(), "1.5 2.5|3.5 4.5|") << text;
     for (const char* text :
          {"X, mass;id;mass, Y\n1,5;7;2,5\n2,5;8;note;3,25\n3,5;9;4,75\n",
-          "X, mm;id;Y, mm;\n1,5;7;2,5\n3,5;9;4,5\n", "X, mm;id;Y\n1,5;a, b;2,5\n3,5;c, d;4,5\n",
+          "X, mm;id;Y, mm;\n1,5;7;2,5\n3,5;9;4,5\n", "X, mm;id;Y\n1,5;a, b;2,5\n3,5 t;c, d;4,5\n",
           "X,id,Y\n1,5;7;2,5\n3,5;7;4,5\n", "a (b, c)\tY, kg\n4732811,31\t467,2\t\n7275,4\t2580,49\n"})
         ExpectRefused(text, "may part its columns; import with --separator", third);
 }
