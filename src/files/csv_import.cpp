@@ -114,8 +114,10 @@ std::optional<CsvRemark> CsvImport::ColumnDoubt() const {
     std::array<bool, LastColumn + 1> filled{};
     for (std::int32_t row = 1; row <= rows; ++row) {
         countsRows = countsRows && CellNumber(cells.At(ColumnY, row)) == row;
-        for (const std::size_t column : {ColumnX, ColumnY})
-            filled[column] = filled[column] || !IsEmpty(cells.At(static_cast<int>(column), row));
+        for (const int column : {ColumnX, ColumnY}) {
+            bool& has = filled[static_cast<std::size_t>(column)];
+            has = has || !IsEmpty(cells.At(column, row));
+        }
         if (!countsRows && filled[ColumnX] && filled[ColumnY])
             break;
     }

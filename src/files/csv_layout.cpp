@@ -301,7 +301,7 @@ std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& op
              doubt && !NamesTell(table, options, layout.separator))
         return inFirstLine(*doubt, ",;\t");
 
-    if (const auto fault = ReadHead(table, layout))
+    if (auto fault = ReadHead(table, layout))
         return fault;
     const std::string_view separators(&layout.separator, 1);
     if (const auto doubt = FindHeader(options, layout))

@@ -116,7 +116,7 @@ std::optional<std::string> FindSeparator(std::string_view table, char& separator
     for (const Look& other : others)
         if (std::ranges::any_of(looks, [&](const Look& look) { return rivalOf(look) == &other; }))
             candidates.push_back(&other);
-    std::ranges::stable_partition(candidates, [](const Look* look) { return look->even; });
+    std::stable_partition(candidates.begin(), candidates.end(), [](const Look* look) { return look->even; });
     std::string names;
     for (const Look* look : candidates)
         names.append(look == candidates.front()  ? ""
