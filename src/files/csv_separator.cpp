@@ -111,6 +111,7 @@ std::optional<std::string> FindSeparator(std::string_view table, char& separator
             return std::nullopt;
         }
     std::vector<const Look*> candidates;
+    candidates.reserve(separators.size());
     for (const Look& look : looks)
         candidates.push_back(&look);
     for (const Look& other : others)
