@@ -233,22 +233,31 @@ void AddImport(CLI::App& program, ImportRequest& request) {
                                  ", by its name or number")
                 ->type_name("COL")
                 ->check(CheckNotEmpty);
-    const auto takeDecimal = [&options](const std::string& mark) { options.decimal = mark[0]; };
+    const auto takeDecimal = [&options](const std::string& mark) {
+        options.decimal = mark == "comma" ? ',' : mark == "point" ? '.' : mark[0];
+    };
     const auto takeSeparator = [&options](const std::string& mark) {
-        options.separator = mark == "tab" ? '\t' : mark[0];
+        for (const char each : {',', ';', '\t'})
+            if (mark == SeparatorName(each) || mark == std::string(1, each))
+                options.separator = each;
     };
     const auto takeHeader = [&options](const std::string& answer) { options.header = answer == "yes"; };
-    import->add_option_function<std::string>("--decimal", takeDecimal, "Which mark is decimal")
-        ->check(CLI::IsMember({",", "."}));
-    import->add_option_function<std::string>("--separator", takeSeparator, "What parts the columns")
-        ->check(CLI::IsMember({",", ";", "tab"}));
+    import->add_option_function<std::string>("--decimal", takeDecimal, "Which mark is decimal; also , or .")
+        ->type_name("comma|point")
+        ->check(CLI::IsMember({",", ".", "comma", "point"}).description(""));
+    import
+        ->add_option_function<std::string>("--separator", takeSeparator,
+                                           "What parts the columns; also , or ;")
+        ->type_name("comma|semicolon|tab")
+        ->check(CLI::IsMember({",", ";", "\t", "comma", "semicolon", "tab"}).description(""));
     import->add_option_function<std::string>("--header", takeHeader, "Whether the first line holds names")
         ->check(CLI::IsMember({"yes", "no"}));
     AddOutput(*import, request.outputFile, request.force, ".KOV");
 }
 
 void AddExport(CLI::App& program, ExportRequest& request) {
-    CLI::App* command = program.add_subcommand("export", "Write the cells of a dataset as a table");
+    CLI::App* command = program.add_subcommand(
+        "export", "Write the cells of a dataset as a table, without its options and notes");
     command->add_option("DATA", request.data, "The dataset file (.KOV) or a table (.csv)")->required();
     AddOutput(*command, request.outputFile, request.force, ".csv");
 }

@@ -22,6 +22,8 @@ std::optional<CsvRemark> DecimalEvidence::Doubt(char separator) const {
     };
     if (said == '.')
         return std::nullopt;
+    if (groups)
+        return about(groups, "has thousands separators; remove them from the file");
     if (said == ',') {
         if (point)
             return about(point, "has a point, though --decimal , says that the comma is decimal");
@@ -31,8 +33,6 @@ std::optional<CsvRemark> DecimalEvidence::Doubt(char separator) const {
                 0, "--decimal , does not fit: the comma parts the columns, and no number in quotes has one"};
         return std::nullopt;
     }
-    if (groups)
-        return about(groups, "has thousands separators; remove them from the file");
     if (separator == ',' && comma && !point)
         return about(comma,
                      "may be decimal or have a thousands separator; if its comma is decimal, import with "

@@ -6,6 +6,7 @@
 #include "core/format/text_lists.h"
 #include "core/grid_operations.h"
 #include "files/csv_decimals.h"
+#include "files/csv_names.h"
 #include "files/csv_reader.h"
 
 #include <algorithm>
@@ -54,6 +55,8 @@ public:
 
 private:
     std::optional<CsvRemark> ReadRecord(CsvReader& reader);
+    std::string SurplusAdvice() const;
+    std::optional<CsvRemark> ColumnDoubt() const;
     bool HasNumbers(int column) const { return numbers[static_cast<std::size_t>(column)]; }
     void TakeCell(const CsvField& field, std::size_t number, const CsvReader& reader);
 
@@ -66,6 +69,10 @@ private:
     std::array<bool, LastColumn + 1> numbers{}; ///< Columns in which a number was read.
     std::optional<CsvRemark> units;             ///< The first row, if it may be units.
     std::optional<CsvRemark> quotedComma;       ///< The first in an export.
+    std::size_t widest = 0;                     ///< The most fields of a row.
+    bool blanks = false;                        ///< Behind separators in rows.
+    bool headBelow = false;                     ///< The first row has names of columns.
+    std::string rival;                          ///< Why a column with numbers may be X or Y, too.
     Remarks notNumbers, withoutY, shortRows, unclearMarks;
 };
 
@@ -96,7 +103,69 @@ std::optional<CsvRemark> CsvImport::Run() {
     if (rows < 2)
         return CsvRemark{0, "the table has too few rows: " + std::to_string(rows)};
     cells.SetRowCount(rows);
+    return layout.exported ? std::nullopt : ColumnDoubt();
+}
+
+/// What the columns' contents tell against the choice of them.
+std::optional<CsvRemark> CsvImport::ColumnDoubt() const {
+    if (!rival.empty())
+        return layout.InHead(rival);
+    bool countsRows = layout.rowNumbers;
+    std::array<bool, LastColumn + 1> filled{};
+    for (std::int32_t row = 1; row <= rows; ++row) {
+        countsRows = countsRows && CellNumber(cells.At(ColumnY, row)) == row;
+        for (const int column : {ColumnX, ColumnY}) {
+            bool& has = filled[static_cast<std::size_t>(column)];
+            has = has || !IsEmpty(cells.At(column, row));
+        }
+        if (!countsRows && filled[ColumnX] && filled[ColumnY])
+            break;
+    }
+    for (const int column : {ColumnX, ColumnY})
+        if (!filled[static_cast<std::size_t>(column)])
+            return layout.InHead("no row has a value in " + std::string(DatasetColumnName(column)));
+    if (countsRows)
+        return layout.InHead("Obs is 1, 2, 3 and so on, as the numbers of the rows are; import with --y");
+    const std::string orSeparator = ", or if the columns are right, import with --separator " +
+                                    std::string(SeparatorName(layout.separator));
+    if (!options.separator &&
+        std::any_of(layout.fields.begin() + static_cast<std::ptrdiff_t>(widest), layout.fields.end(),
+                    [](const std::string& field) { return !field.empty(); }))
+        return layout.InHead("no row has as many fields as the first line; if a name in it holds the " +
+                             std::string(SeparatorName(layout.separator)) + ", put it in quotes" +
+                             orSeparator);
+    if ((layout.twins || (layout.blankBefore && !blanks)) && !evidence.Seen(NumberForm::Point) &&
+        !evidence.Seen(NumberForm::PointOrGroups))
+        return layout.InHead(
+            "names here may hold commas that part nothing, and numbers decimal ones; if so, put "
+            "them in quotes" +
+            orSeparator);
     return std::nullopt;
+}
+
+/// What to do where rows have more fields than the first record, if all of them tell it alike.
+std::string CsvImport::SurplusAdvice() const {
+    CsvReader reader(table.substr(layout.start), layout.separator, layout.firstLine);
+    bool allOneMore = true, allEmpty = true;
+    for (bool first = true; reader.NextRecord(); first = false) {
+        std::size_t number = 0;
+        for (bool last = false; !last; ++number) {
+            const auto field = reader.ReadField();
+            if (!field)
+                return {};
+            last = field->last;
+            allEmpty =
+                allEmpty && (first || number < layout.columns.size() || TrimWhiteSpace(field->text).empty());
+        }
+        allOneMore = allOneMore && (first || number == layout.columns.size() + 1);
+    }
+    if (allEmpty)
+        return " If not, remove the separators at the ends of the rows, or end the first line with one, too";
+    if (allOneMore && layout.header)
+        return " The rows have one field more than the header; if they begin with names, give these a name "
+               "in "
+               "the first line";
+    return {};
 }
 
 std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader) {
@@ -108,13 +177,20 @@ std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader) {
         last = field->last;
         // Empty fields count, too: "1,5," is three, even if what was meant is 1.5 and nothing.
         if (number >= layout.columns.size())
-            return CsvRemark{reader.Line(),
-                             "the row has more than the " + std::to_string(layout.columns.size()) +
-                                 " columns of the first; is the " +
-                                 std::string(SeparatorName(layout.separator)) + " in it meant otherwise?"};
+            return CsvRemark{reader.Line(), "the row has more than the " +
+                                                std::to_string(layout.columns.size()) +
+                                                " columns of the first; is the " +
+                                                std::string(SeparatorName(layout.separator)) +
+                                                " in it meant otherwise?" + SurplusAdvice()};
         if (layout.columns[number] != 0)
             TakeCell(*field, number, reader);
+        else if (rival.empty() && !layout.rivals[number].empty() &&
+                 FormOf(TrimWhiteSpace(field->text)) != NumberForm::None)
+            rival = layout.rivals[number];
+        blanks = blanks || (number > 0 && !field->quoted && field->text.starts_with(' '));
+        headBelow = headBelow || (rows == 1 && IsColumnName(TrimWhiteSpace(field->text)));
     }
+    widest = std::max(widest, number);
     if (number < layout.columns.size())
         shortRows.Add(reader.Line(), [&] {
             return "the row has " + std::to_string(number) + " of " + std::to_string(layout.columns.size()) +
@@ -124,7 +200,9 @@ std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader) {
     if (rows == 1 && layout.header && !layout.exported && withY && !IsEmpty(cells.At(ColumnX, rows)) &&
         !HasNumbers(ColumnX) && !HasNumbers(ColumnY))
         units = {reader.Line(),
-                 "X and Y are texts here and numbers below; if these are units, remove the line" +
+                 "X and Y are texts here and numbers below; " +
+                     std::string(headBelow ? "if this is the header, remove what stands above it"
+                                           : "if these are units, remove the line") +
                      ShownLine(reader.LineText())};
     if (!withY && RowIsAnalysed(cells, rows))
         withoutY.Add(reader.Line(),
@@ -140,7 +218,7 @@ void CsvImport::TakeCell(const CsvField& field, std::size_t number, const CsvRea
         return;
     if (column == ColumnExclude) {
         cells.Set(column, rows, text);
-        if (!layout.exported && std::string_view("YyNn").find(text.front()) == std::string_view::npos)
+        if (std::string_view("YyNn").find(text.front()) == std::string_view::npos)
             unclearMarks.Add(field.line, [&] {
                 return layout.NameOf(number) + " is " + QuotedForMessage(text) +
                        "; a row is excluded by a mark that begins with Y or 0, by no other";
@@ -181,8 +259,9 @@ std::vector<CsvRemark> CsvImport::Warnings() {
     withoutY.MoveTo(all, "rows have X and no Y");
     shortRows.MoveTo(all, "rows are short");
     unclearMarks.MoveTo(all, "marks are neither Y nor N");
-    if (!HasNumbers(ColumnX) && !HasNumbers(ColumnY))
-        all.push_back({0, "no row has a number in X or Y"});
+    for (const int column : {ColumnX, ColumnY})
+        if (!HasNumbers(column))
+            all.push_back({0, "no row has a number in " + std::string(DatasetColumnName(column))});
     return all;
 }
 

@@ -35,10 +35,21 @@ struct CsvLayout {
     std::size_t firstLine = 1; ///< The number of the line there.
     char separator = ',';
     bool header = false;
+    std::size_t headLine = 1;
     bool exported = false;           ///< By `CsvText`: what it put in quotes is text to the letter.
     std::vector<std::string> fields; ///< Of the first record.
+    std::vector<bool> bare;          ///< For each whether it has no quotes.
+    std::vector<bool> behindBlank;   ///< And a blank before it.
     std::vector<int> columns;        ///< For each of them the `Column` that it fills, or 0.
+    std::vector<std::string> rivals; ///< For each why it is meant for X or Y if it holds numbers, or "".
+    bool rowNumbers = false;         ///< Whether Y, by its name, may be the number of the row.
+    /// Whether a comma in a name without quotes may have parted it: two names that fill no column are the
+    /// same, or one has a blank before it.
+    bool twins = false, blankBefore = false;
+    std::string headShown; ///< Behind a message on the first record.
 
+    /// A message on the first record.
+    CsvRemark InHead(const std::string& text) const;
     /// "column 2 'mpg'" for 1.
     std::string NameOf(std::size_t field) const;
 };
@@ -53,12 +64,12 @@ std::string_view DatasetColumnName(int column);
 std::string_view ColumnOption(int column);
 /// The separator in words.
 std::string_view SeparatorName(char separator);
-/// The text of a line as a message shows it.
+/// The text of a line as a message shows it, with its tabs in words.
 std::string ShownLine(std::string_view text);
 
 /// Finds the separator, the header and the columns. A column for which the options name none is found by its
 /// own name in the header, in any case; blanks, "_" and a unit behind aside, and "predicted" and "observed"
-/// are X and Y. In a table of two columns words in the names may tell, too, and if there are none it is X and
+/// are X and Y. In a table of two columns words in the names may tell, too, and without a header it is X and
 /// Y. Returns what is missing or may be read in two ways, or nothing.
 std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& options, CsvLayout& layout);
 

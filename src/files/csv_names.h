@@ -18,8 +18,12 @@ struct Roles {
     bool operator==(const Roles&) const = default;
 };
 
-/// Of the words that begin as "observed", "measured", "predicted", "simulated" and the like do; if there are
-/// none, of the letters x and y that stand alone: "y_pred" is X.
-Roles RolesOf(std::string_view name);
+/// Of the words "observed", "predicted" and the like and of "Qobs"; if there are none, of the letters x and y
+/// that stand alone, unless words only count: "y_pred" is X. A column of standard deviations and the like has
+/// no role.
+Roles RolesOf(std::string_view name, bool wordsOnly = false);
+
+/// Whether a text tells by itself that it heads a column.
+bool IsColumnName(std::string_view text);
 
 } // namespace corvane

@@ -110,9 +110,21 @@ std::optional<std::string> FindSeparator(std::string_view table, char& separator
             separator = look.separator;
             return std::nullopt;
         }
-    return std::string(SeparatorName(looks.front().separator)) + " or " +
-           std::string(SeparatorName(rivalOf(looks.front())->separator)) +
-           " may part its columns; import with --separator and the right one";
+    std::vector<const Look*> candidates;
+    candidates.reserve(separators.size());
+    for (const Look& look : looks)
+        candidates.push_back(&look);
+    for (const Look& other : others)
+        if (std::ranges::any_of(looks, [&](const Look& look) { return rivalOf(look) == &other; }))
+            candidates.push_back(&other);
+    std::stable_partition(candidates.begin(), candidates.end(), [](const Look* look) { return look->even; });
+    std::string names;
+    for (const Look* look : candidates)
+        names.append(look == candidates.front()  ? ""
+                     : look == candidates.back() ? " or "
+                                                 : ", ")
+            .append(SeparatorName(look->separator));
+    return names + " may part its columns; import with --separator and one of these words";
 }
 
 } // namespace corvane

@@ -36,8 +36,8 @@ TEST_F(Tables, AnExportImportedIsTheSameDataset) {
 
 TEST_F(Tables, OptionsReachTheImportAndWarningsTheUser) {
     folder.Write("t.txt", "\"1,234\",a,x\n5,2,3\n7,8,\n\"2,5\",4,6\n");
-    const Ran ran =
-        Run("$corvane import t.txt --x 2 --y 1 --sdx 3 --decimal , --separator , --header no -o t.kov");
+    const Ran ran = Run(
+        "$corvane import t.txt --x 2 --y 1 --sdx 3 --decimal comma --separator comma --header no -o t.kov");
     EXPECT_EQ(ran.exit, 0);
     EXPECT_EQ(ran.out, "t.txt: 4 rows, no header; Y is column 1; X is column 2; SD X is column 3; parted by "
                        "comma, decimal comma; the first pair is X 'a', Y '1.234'\n");
