@@ -1,5 +1,7 @@
 #include "analyses/balance_tables.h"
 
+#include "report/transition.h"
+
 #include "analyses/balance.h"
 
 #include <string>
@@ -25,9 +27,11 @@ double Percentage(std::int32_t cell, double N) {
 }
 
 void WriteCells(RunState& run, ReportSection& section, const Half& left, const Half& right) {
-    section.Line(rule);
-    section.Line("                              Below          Above             Below          Above      ");
-    section.Line("                         --------------- ---------------  --------------- ---------------");
+    Line(section, rule);
+    Line(section,
+         "                              Below          Above             Below          Above      ");
+    Line(section,
+         "                         --------------- ---------------  --------------- ---------------");
     for (const auto row : {Over, Under}) {
         const auto name = [&](const Half& half, std::size_t side) {
             return half.name + (row == Over ? ".Over" : ".Under") + (side == Below ? "Below" : "Above");
@@ -40,39 +44,40 @@ void WriteCells(RunState& run, ReportSection& section, const Half& left, const H
                 .Named(name(half, side) + "Percent");
         };
         run.Statement([&] {
-            section.Line(row == Over ? "         Overpredicted  :" : "         Underpredicted :",
-                         count(left, Below), " (", percent(left, Below), "%) ", count(left, Above), " (",
-                         percent(left, Above), "%)    ", count(right, Below), " (", percent(right, Below),
-                         "%) ", count(right, Above), " (", percent(right, Above), "%)");
+            Line(section,
+                 row == Over ? "         Overpredicted  :" : "         Underpredicted :", count(left, Below),
+                 " (", percent(left, Below), "%) ", count(left, Above), " (", percent(left, Above), "%)    ",
+                 count(right, Below), " (", percent(right, Below), "%) ", count(right, Above), " (",
+                 percent(right, Above), "%)");
         });
     }
-    section.Line(rule);
+    Line(section, rule);
 }
 
 /// One value of both halves.
 void WriteValue(RunState& run, ReportSection& section, const char* label, double Allocation::*value,
                 const std::string& name, const Half& left, const Half& right) {
     run.Statement([&] {
-        section.Line(label, F(10, 5, left.allocation.*value).Named(left.name + name), gap,
-                     F(10, 5, right.allocation.*value).Named(right.name + name));
+        Line(section, label, F(10, 5, left.allocation.*value).Named(left.name + name), gap,
+             F(10, 5, right.allocation.*value).Named(right.name + name));
     });
 }
 
 void WriteTests(RunState& run, ReportSection& section, const std::string& prefix, const Half& left,
                 const Half& right) {
     run.Statement([&] {
-        section.Line(
-            "      X² (Prob(X²=0))   :", F(10, 5, left.allocation.X2).Named(left.name + prefix + "X2"), " (",
-            FP(7, 5, left.allocation.Prob).Named(left.name + prefix + "Prob"), ")             ",
-            F(10, 5, right.allocation.X2).Named(right.name + prefix + "X2"), " (",
-            FP(7, 5, right.allocation.Prob).Named(right.name + prefix + "Prob"), ")");
+        Line(section,
+             "      X² (Prob(X²=0))   :", F(10, 5, left.allocation.X2).Named(left.name + prefix + "X2"), " (",
+             FP(7, 5, left.allocation.Prob).Named(left.name + prefix + "Prob"), ")             ",
+             F(10, 5, right.allocation.X2).Named(right.name + prefix + "X2"), " (",
+             FP(7, 5, right.allocation.Prob).Named(right.name + prefix + "Prob"), ")");
     });
     WriteValue(run, section, "      Cramer's V        :", &Allocation::V, prefix + "V", left, right);
     WriteValue(run, section, "      CCC               :", &Allocation::C, prefix + "C", left, right);
 }
 
 void WriteOdds(RunState& run, ReportSection& section, const Half& left, const Half& right) {
-    section.Line();
+    section.Blank();
     WriteValue(run, section, "Odds ratio              :", &Allocation::OddsRatio, ".OddsRatio", left, right);
     WriteValue(run, section, "Ln(Odds ratio)          :", &Allocation::LnOddsRatio, ".LnOddsRatio", left,
                right);
@@ -83,16 +88,16 @@ void WriteOdds(RunState& run, ReportSection& section, const Half& left, const Ha
 } // namespace
 
 void WriteBalance(RunState& run) {
-    ReportSection& section = run.report.BeginSection("balance", "BALANCE ANALYSIS (Harlow et al., 2006)");
+    ReportSection& section = run.report.BeginSection({"balance", "BALANCE ANALYSIS (Harlow et al., 2006)"});
     if (run.Comments()) {
-        section.Line("!! .Balanced allocation checks if 25% of the data points were in each cell !!");
-        section.Line("!! .Current allocation checks if there is an association among the four cells !!");
-        section.Line("!! .Cramer's V evaluates the strength of the association in which 0 is weak and 1 is "
-                     "perfect association!!");
-        section.Line("!! .Contingency coefficient C is similar to Cramer's V and also lies between 0 and 1 "
-                     "!!");
-        section.Line("!! .Odds ratio = 1 indicates independence among the four cells!!");
-        section.Line("!! .ASE is the asymptotic standard error !!");
+        Line(section, "!! .Balanced allocation checks if 25% of the data points were in each cell !!");
+        Line(section, "!! .Current allocation checks if there is an association among the four cells !!");
+        Line(section, "!! .Cramer's V evaluates the strength of the association in which 0 is weak and 1 is "
+                      "perfect association!!");
+        Line(section, "!! .Contingency coefficient C is similar to Cramer's V and also lies between 0 and 1 "
+                      "!!");
+        Line(section, "!! .Odds ratio = 1 indicates independence among the four cells!!");
+        Line(section, "!! .ASE is the asymptotic standard error !!");
     }
     Half predicted{"BalanceTableX", {run.BalanceTableX}};
     Half observed{"BalanceTableY", {run.BalanceTableY}};
@@ -105,21 +110,21 @@ void WriteBalance(RunState& run) {
     };
 
     allocate(evenShare);
-    section.Line();
-    section.Line("                              Model-Predicted Mean                 Observed Mean");
+    section.Blank();
+    Line(section, "                              Model-Predicted Mean                 Observed Mean");
     WriteCells(run, section, predicted, observed);
-    section.Line("Balanced allocation     :");
+    Line(section, "Balanced allocation     :");
     WriteTests(run, section, ".Balanced.", predicted, observed);
     allocate(association);
-    section.Line("Current allocation      :");
+    Line(section, "Current allocation      :");
     WriteTests(run, section, ".Current.", predicted, observed);
     WriteOdds(run, section, predicted, observed);
-    section.Line(rule);
+    Line(section, rule);
 }
 
 void WriteOrthogonalBalance(RunState& run) {
     ReportSection& section =
-        run.report.BeginSection("orthogonal_balance", "ORTHOGONAL BALANCE (Harlow et al., 2006)");
+        run.report.BeginSection({"orthogonal_balance", "ORTHOGONAL BALANCE (Harlow et al., 2006)"});
     AllocationTable OrthoTableFitted{};
     Half identity{"OrthoTableIdentity", {run.BalanceTableX}};
     Half fitted{"OrthoTableFitted", {OrthoTableFitted}};
@@ -135,8 +140,9 @@ void WriteOrthogonalBalance(RunState& run) {
     allocate(0, 1, identity);
     allocate(run.a, run.b, fitted);
     run.Statement([&] {
-        section.Line("Perpendicular lines at   Y = X                            Y = ",
-                     F(10, 5, run.a).Named("a"), " + ", F(10, 5, run.b).Named("b"), "X");
+        Line(section,
+             "Perpendicular lines at   Y = X                            Y = ", F(10, 5, run.a).Named("a"),
+             " + ", F(10, 5, run.b).Named("b"), "X");
     });
     WriteCells(run, section, identity, fitted);
     WriteTests(run, section, ".", identity, fitted);

@@ -1,5 +1,7 @@
 #include "analyses/concordance_table.h"
 
+#include "report/transition.h"
+
 #include "analyses/prediction_comment.h"
 #include "core/format/text_lists.h"
 #include "stats/concordance.h"
@@ -20,34 +22,34 @@ public:
     Table(RunState& owner, ReportSection& lines) : run(owner), section(lines) {}
 
     void Heading(const std::string& text) {
-        section.Line(text);
-        section.Line(std::string(CharacterCount(text), '-'));
+        Line(section, text);
+        Line(section, std::string(CharacterCount(text), '-'));
     }
 
     void Single(const char* label, const Value& value, const char* comment = "") {
-        run.Statement([&] { section.Line(label, Field(value), comment); });
+        run.Statement([&] { Line(section, label, Field(value), comment); });
     }
 
     void Estimate(const char* label, const Value& value, const Value& error) {
-        run.Statement([&] { section.Line(label, Field(value), " ± ", Field(error)); });
+        run.Statement([&] { Line(section, label, Field(value), " ± ", Field(error)); });
     }
 
     void Test(const char* label, const Value& Z, const Value& P) {
-        run.Statement([&] { section.Line(label, Field(Z), " (", FP(10, 5, P.number).Named(P.name), " )"); });
+        run.Statement([&] { Line(section, label, Field(Z), " (", FP(10, 5, P.number).Named(P.name), " )"); });
     }
 
     void Limits(const char* label, const Value& lower, const Value& upper) {
         run.Statement(
-            [&] { section.Line(label, "[", Field(lower).Trimmed(), ", ", Field(upper).Trimmed(), "]"); });
+            [&] { Line(section, label, "[", Field(lower).Trimmed(), ", ", Field(upper).Trimmed(), "]"); });
     }
 
     void TransformationComment() {
         if (run.Comments())
-            section.Line("!!  Inverse hyperbolic tangent transformation to improve normal approximation !!");
+            Line(section, "!!  Inverse hyperbolic tangent transformation to improve normal approximation !!");
     }
 
 private:
-    static ReportField Field(const Value& value) { return F(10, 5, value.number).Named(value.name); }
+    static OldField Field(const Value& value) { return F(10, 5, value.number).Named(value.name); }
 
     RunState& run;
     ReportSection& section;
@@ -61,8 +63,8 @@ void WriteConcordance(RunState& run) {
         stats::ConcordanceStatistics(run.arrays.Count(), run.pearson.r, pairs.MeanX, pairs.MeanY, pairs.VarX,
                                      pairs.VarY, pairs.VarDiff, pairs.MeanDiff);
     ReportSection& section =
-        run.report.BeginSection("concordance", "CONCORDANCE CORRELATION COEFFICIENT (Lin, 1989; Gromeive et "
-                                               "al., 1991; Nickerson, 1997; Liao, 2003)");
+        run.report.BeginSection({"concordance", "CONCORDANCE CORRELATION COEFFICIENT (Lin, 1989; Gromeive et "
+                                                "al., 1991; Nickerson, 1997; Liao, 2003)"});
     Table table(run, section);
 
     table.Heading("Lin (1998)"); // the title dates the same estimator 1989
@@ -77,11 +79,11 @@ void WriteConcordance(RunState& run) {
     table.Test("Transformed Z-value (P-Value)       : ", {"TZ", c.TZ}, {"TP", c.TP});
     table.Limits("Transformed Lower - Upper 95% CI    : ", {"TLower", c.TLower}, {"TUpper", c.TUpper});
     table.Limits("Un-transformed Lower - Upper 95% CI : ", {"ULower", c.ULower}, {"UUpper", c.UUpper});
-    section.Line();
+    section.Blank();
 
     table.Heading("Intraclass Correlation Coefficient (ICC)");
     table.Single("rc : ", {"ICC", c.ICC});
-    section.Line();
+    section.Blank();
 
     table.Heading("Liao (2003)");
     table.Single("Ar (~ Cb)              : ", {"Ar", c.Ar});

@@ -1,5 +1,7 @@
 #include "analyses/deviation_analysis.h"
 
+#include "report/transition.h"
+
 #include "analyses/normality_test.h"
 #include "core/format/numbers.h"
 #include "stats/correlation.h"
@@ -15,6 +17,10 @@
 
 namespace corvane {
 namespace {
+
+constexpr Place places[] = {
+    {"Confidence", "deviation.confidence", "Assuming "},
+};
 
 using IntervalRow = stats::DeviationIntervalRow;
 
@@ -58,61 +64,62 @@ Limits SizeLimits(double sumOfSquares, int DF, double tail, double alpha) {
 
 void WriteLimits(ReportSection& section, const std::string& label, const std::string& name,
                  const Limits& limits) {
-    section.Line(label, F(10, 5, limits.lower).Named(name + "Lower"), " to ",
-                 F(10, 5, limits.upper).Named(name + "Upper"));
+    Line(section, label, F(10, 5, limits.lower).Named(name + "Lower"), " to ",
+         F(10, 5, limits.upper).Named(name + "Upper"));
 }
 
 void WriteEstimate(ReportSection& section, const std::string& name, double estimate, double sd) {
-    section.Line("Estimate " + name + " ± SD                  : ", F(10, 5, estimate).Named(name), " ± ",
-                 F(10, 5, sd).Named("SD" + name));
+    Line(section, "Estimate " + name + " ± SD                  : ", F(10, 5, estimate).Named(name), " ± ",
+         F(10, 5, sd).Named("SD" + name));
 }
 
 void WriteTTest(ReportSection& section, const std::string& name, double estimate, double sd, double DF) {
     const double t = TStatistic(estimate, sd);
-    section.Line("H0: " + name + " = 0; T-value (P-value)     : ", F(10, 5, t).Named("T_" + name), " (",
-                 FP(7, 5, stats::TailT(t, DF)).Named("P_" + name), ")");
+    Line(section, "H0: " + name + " = 0; T-value (P-value)     : ", F(10, 5, t).Named("T_" + name), " (",
+         FP(7, 5, stats::TailT(t, DF)).Named("P_" + name), ")");
 }
 
-struct IntervalColumn {
-    const char *title, *name;
-    double IntervalRow::*value;
+constexpr Place intervalPlaces[] = {
+    {"X", "data.x", "X", 12},
+    {"Deviation", "deviation", "Deviation", 12},
+    {"Fitted", "deviation.fitted", "Fitted", 12},
+    {"CILower", "deviation.interval.ci_lower", "CI Lower", 12},
+    {"CIUpper", "deviation.interval.ci_upper", "CI Upper", 12},
+    {"PILower", "deviation.interval.pi_lower", "PI Lower", 12},
+    {"PIUpper", "deviation.interval.pi_upper", "PI Upper", 12},
 };
 
-constexpr IntervalColumn intervalColumns[] = {
-    {"X", "X", &IntervalRow::X},
-    {"Deviation", "Deviation", &IntervalRow::Deviation},
-    {"Fitted", "Fitted", &IntervalRow::Fitted},
-    {"CI Lower", "CILower", &IntervalRow::CILower},
-    {"CI Upper", "CIUpper", &IntervalRow::CIUpper},
-    {"PI Lower", "PILower", &IntervalRow::PILower},
-    {"PI Upper", "PIUpper", &IntervalRow::PIUpper},
+/// Of the columns, in their order.
+constexpr double IntervalRow::*intervalValues[] = {
+    &IntervalRow::X,       &IntervalRow::Deviation, &IntervalRow::Fitted,  &IntervalRow::CILower,
+    &IntervalRow::CIUpper, &IntervalRow::PILower,   &IntervalRow::PIUpper,
 };
 
 /// The text of stats::DeviationIntervals as a table.
 void OpenIntervalWindow(RunState& run, const stats::LineFit& line, double confidence) {
-    constexpr std::int32_t width = 12, decimals = 5;
     const std::vector<IntervalRow> rows =
         stats::DeviationIntervalRows(line.a, line.b, run.arrays.X, run.residuals.Deviation, confidence);
     std::string titles;
-    ReportTable table{.columns = {}, .rows = rows.size()};
-    for (const IntervalColumn& column : intervalColumns) {
-        titles += AlignField(column.title, width, AlignRight);
+    Listing listing{.columns = {}, .rows = rows.size()};
+    for (std::size_t i = 0; i < std::size(intervalPlaces); ++i) {
+        const Place& place = intervalPlaces[i];
+        titles += AlignField(place.label, place.width, AlignRight);
         std::vector<double> values;
         values.reserve(rows.size());
         for (const IntervalRow& row : rows)
-            values.push_back(row.*column.value);
-        table.columns.push_back({column.name, ShareColumn(std::move(values)), width, decimals});
+            values.push_back(row.*intervalValues[i]);
+        listing.columns.push_back({std::string(place.name), ShareColumn(std::move(values))});
     }
 
     RunWindow window{"deviation", "Deviation Analyses - ", Report("deviation_header")};
     window.content.Current().lines = run.header;
     ReportSection& section = window.content.BeginSection(
-        "deviation_intervals", "Deviation Analysis - Confidence and Prediction Interval");
+        {"deviation_intervals", "Deviation Analysis - Confidence and Prediction Interval", {intervalPlaces}});
     const std::string rule(titles.size(), '-');
-    section.Line(titles);
-    section.Line(rule);
-    section.Table(std::move(table));
-    section.Line(rule);
+    Line(section, titles);
+    Line(section, rule);
+    section.List(std::move(listing));
+    Line(section, rule);
     run.windows.push_back(std::move(window));
 }
 
@@ -131,20 +138,20 @@ void WriteDeviationAnalysis(RunState& run) {
     const Limits constantBias = SizeLimits((n - 1) * variance, N - 1, alpha, alpha);
     const Limits proportionalBias = SizeLimits(line.Chi2, N - 2, alpha / 2, alpha);
 
-    ReportSection& section = run.report.BeginSection("deviation_analysis", "DEVIATION ANALYSIS");
-    section.Line("Regression of: Deviation = a + b×'Model-Predicted'");
+    ReportSection& section = run.report.BeginSection({"deviation_analysis", "DEVIATION ANALYSIS", {places}});
+    Line(section, "Regression of: Deviation = a + b×'Model-Predicted'");
     WriteEstimate(section, "a", line.a, line.SDa);
     WriteEstimate(section, "b", line.b, line.SDb);
     if (line.SDa > 0)
         WriteTTest(section, "a", line.a, line.SDa, n - 2);
     if (line.SDb > 0)
         WriteTTest(section, "b", line.b, line.SDb, n - 2);
-    section.Line("r²                               : ",
-                 F(10, 5, stats::PearsonCorrelation(X, D).RSquared).Named("RSquared"));
-    section.Line("MSE                              : ", F(10, 5, Divide(line.Chi2, n - 2)).Named("MSE"));
+    Line(section, "r²                               : ",
+         F(10, 5, stats::PearsonCorrelation(X, D).RSquared).Named("RSquared"));
+    Line(section, "MSE                              : ", F(10, 5, Divide(line.Chi2, n - 2)).Named("MSE"));
     const double t = Divide(mean, SquareRoot(variance / n));
-    section.Line("Mean deviation                   : ", F(10, 5, mean).Named("MeanDeviation"),
-                 " (P = ", FP(7, 5, stats::TailT(t, n - 1)).Named("P_MeanDeviation"), ")");
+    Line(section, "Mean deviation                   : ", F(10, 5, mean).Named("MeanDeviation"),
+         " (P = ", FP(7, 5, stats::TailT(t, n - 1)).Named("P_MeanDeviation"), ")");
     const std::string percent = ToFifteenDigits(confidence);
     const auto around = [&, centre = mean](double spread) {
         const double half = stats::InverseT(1 - alpha / 2, n - 1) * SquareRoot(spread);
@@ -153,15 +160,15 @@ void WriteDeviationAnalysis(RunState& run) {
     WriteLimits(section, "Confidence interval (" + percent + "%)        : ", "CI", around(variance / n));
     WriteLimits(section, "Prediction interval (" + percent + "%)        : ", "PI",
                 around(variance / n + variance));
-    section.Line("Variance deviation               : ", F(10, 5, variance).Named("Variance"));
-    section.Line("S deviation                      : ", F(10, 5, SquareRoot(variance)).Named("SD"));
-    section.Line();
-    section.Line(
-        "Confidence Interval of the Distribution of the |Deviations| (Freese, 1960; Reynolds, 1984)");
-    section.Line(std::string(90, '-'));
-    section.Line("Assuming ", ReportField{{confidence}, "Confidence", percent}, "% of probability");
-    section.Line("Root of sum of deviation squared : ",
-                 F(10, 5, SquareRoot(sumOfSquares)).Named("RootSumOfSquares"));
+    Line(section, "Variance deviation               : ", F(10, 5, variance).Named("Variance"));
+    Line(section, "S deviation                      : ", F(10, 5, SquareRoot(variance)).Named("SD"));
+    section.Blank();
+    Line(section,
+         "Confidence Interval of the Distribution of the |Deviations| (Freese, 1960; Reynolds, 1984)");
+    Line(section, std::string(90, '-'));
+    section.Row({RowItem("Confidence", confidence).As(percent), "% of probability"});
+    Line(section,
+         "Root of sum of deviation squared : ", F(10, 5, SquareRoot(sumOfSquares)).Named("RootSumOfSquares"));
     WriteLimits(section, "Assuming no mean bias            : ", "NoBias", noBias);
     WriteLimits(section, "Assuming constant mean bias      : ", "ConstantBias", constantBias);
     WriteLimits(section, "Assuming proportional bias       : ", "ProportionalBias", proportionalBias);

@@ -1,5 +1,7 @@
 #include "analyses/difference_regressions.h"
 
+#include "report/transition.h"
+
 #include "analyses/regression.h"
 #include "plots/point_plot.h"
 #include "stats/distributions.h"
@@ -20,13 +22,13 @@ void WriteCoefficients(const RunState& run, ReportSection& section, std::int32_t
         if (!(sd > 0))
             return;
         const double t = TStatistic(estimate, sd);
-        section.Line(label(words), F(10, 5, t).Named("T_" + name), " (",
-                     FP(7, 5, stats::TailT(t, run.N() - 2)).Named("P_" + name), ")");
+        Line(section, label(words), F(10, 5, t).Named("T_" + name), " (",
+             FP(7, 5, stats::TailT(t, run.N() - 2)).Named("P_" + name), ")");
     };
-    section.Line(label("Estimate ß0 ± SD"), F(10, 5, run.a).Named("a"), " ± ",
-                 F(10, 5, run.SDa).Named("SDa"));
-    section.Line(label("Estimate ß1 ± SD"), F(10, 5, run.b).Named("b"), " ± ",
-                 F(10, 5, run.SDb).Named("SDb"));
+    Line(section, label("Estimate ß0 ± SD"), F(10, 5, run.a).Named("a"), " ± ",
+         F(10, 5, run.SDa).Named("SDa"));
+    Line(section, label("Estimate ß1 ± SD"), F(10, 5, run.b).Named("b"), " ± ",
+         F(10, 5, run.SDb).Named("SDb"));
     writeTest("H0: ß0 = 0, T-value (P-value)", "a", run.a, run.SDa);
     writeTest("H0: ß1 = 0, T-value (P-value)", "b", run.b, run.SDb);
 }
@@ -50,18 +52,18 @@ void WriteVerdict(const RunState& run, ReportSection& section, double PF) {
     const bool positive = run.pearson.r >= 0;
     if (positive && PM >= level && PV >= level) {
         if (run.Comments())
-            section.Line(PF < level ? "!! Reject H0 and conclude the model does not meet the stringent "
-                                      "validation requirement !!"
-                                    : "!! Fail to reject H0 and conclude the model meets the stringent "
-                                      "validation requirement !!");
+            Line(section, PF < level ? "!! Reject H0 and conclude the model does not meet the stringent "
+                                       "validation requirement !!"
+                                     : "!! Fail to reject H0 and conclude the model meets the stringent "
+                                       "validation requirement !!");
         return;
     }
     if (PM < level)
-        section.Line("!! Stringent assumption of identical mean failed !!");
+        Line(section, "!! Stringent assumption of identical mean failed !!");
     if (PV < level)
-        section.Line("!! Stringent assumption of identical variance failed !!");
+        Line(section, "!! Stringent assumption of identical variance failed !!");
     if (!(positive && run.pearson.P <= level))
-        section.Line("!! Stringent assumption of positive correlation failed !!");
+        Line(section, "!! Stringent assumption of positive correlation failed !!");
 }
 
 } // namespace
@@ -82,11 +84,11 @@ void Kleijnen_Analysis(RunState& run) {
     const double PF = stats::ProbF(jointF, df, 2);
 
     ReportSection& section = run.report.BeginSection(
-        "kleijnen", "KLEIJNEN'S DIFFERENCE REGRESSION (Kleijnen, 1987; Kleijnen et al., 1996, 1998)");
-    section.Line("Equation: (X-Y) = ß0 + ß1×(Y+X)", std::string(24, ' '));
+        {"kleijnen", "KLEIJNEN'S DIFFERENCE REGRESSION (Kleijnen, 1987; Kleijnen et al., 1996, 1998)"});
+    Line(section, "Equation: (X-Y) = ß0 + ß1×(Y+X)", std::string(24, ' '));
     WriteCoefficients(run, section, 39);
-    section.Line("H0: ß0 = 0 & ß1 = 0, F-value (P-value) : ", F(10, 5, jointF).Named("F"), " (",
-                 FP(7, 5, PF).Named("P_F"), ")");
+    Line(section, "H0: ß0 = 0 & ß1 = 0, F-value (P-value) : ", F(10, 5, jointF).Named("F"), " (",
+         FP(7, 5, PF).Named("P_F"), ")");
     WriteVerdict(run, section, PF);
     run.plots.emplace_back(PointPlot({"Kleijnen Analysis", "Summation", "Difference"},
                                      ShareColumn(std::move(sums)), ShareColumn(std::move(differences)),
@@ -103,8 +105,8 @@ void Bland_Altman_Analysis(RunState& run) {
     TakeLine(run, stats::FitLine(differences, averages));
 
     ReportSection& section = run.report.BeginSection(
-        "bland_altman", "BLAND AND ALTMAN'S DIFFERENCE REGRESSION (Bland and Altman, 1986)");
-    section.Line("Equation: (X-Y) = ß0 + ß1×(Avg(Y and X))", std::string(24, ' '));
+        {"bland_altman", "BLAND AND ALTMAN'S DIFFERENCE REGRESSION (Bland and Altman, 1986)"});
+    Line(section, "Equation: (X-Y) = ß0 + ß1×(Avg(Y and X))", std::string(24, ' '));
     WriteCoefficients(run, section, 31);
     run.plots.emplace_back(PointPlot({"Bland and Altman Analysis", "Average", "Difference"},
                                      ShareColumn(std::move(averages)), ShareColumn(std::move(differences)),

@@ -1,5 +1,7 @@
 #include "analyses/distance_analysis.h"
 
+#include "report/transition.h"
+
 #include "core/format/numbers.h"
 #include "stats/distances.h"
 
@@ -10,13 +12,13 @@ namespace corvane {
 void WriteDistanceAnalysis(RunState& run) {
     constexpr int orders = 7;
     // The escape keeps the title's end from being a trigraph.
-    ReportSection& section = run.report.BeginSection("distance_analysis", "DISTANCE ANALYSIS (??\?)");
+    ReportSection& section = run.report.BeginSection({"distance_analysis", "DISTANCE ANALYSIS (??\?)"});
     if (run.Comments()) {
-        section.Line("!! .Minkowski m = 1 is also known as Manhattan distance !!");
-        section.Line();
+        Line(section, "!! .Minkowski m = 1 is also known as Manhattan distance !!");
+        section.Blank();
     }
     const auto write = [&](const std::string& label, double distance, const std::string& name) {
-        run.Statement([&] { section.Line(label, F(8, 3, distance).Named(name)); });
+        run.Statement([&] { Line(section, label, F(8, 3, distance).Named(name)); });
     };
     const auto distancesOf = [&](double order) {
         return stats::DistanceMeasures(run.arrays.X, run.arrays.Y, order);
@@ -29,7 +31,7 @@ void WriteDistanceAnalysis(RunState& run) {
     write("Canberra         : ", distances.Canberra, "Canberra");
     write("Czekanowski      : ", distances.Czekanowski, "Czekanowski");
     write("Kullback-Leibler : ", distances.KullbackLeibler, "KullbackLeibler");
-    section.Line(std::string(30, '-'));
+    Line(section, std::string(30, '-'));
 }
 
 } // namespace corvane

@@ -1,5 +1,7 @@
 #include "analyses/distribution.h"
 
+#include "report/transition.h"
+
 #include "analyses/normality_test.h"
 #include "stats/normality.h"
 
@@ -13,8 +15,8 @@ void WriteShapiroWilk(RunState& run, ReportSection& section, const std::string& 
                       const std::vector<double>& sample) {
     const stats::ShapiroWilkResult test = stats::ShapiroWilk(sample);
     run.Statement([&] {
-        section.Line("SW's W-value for normality for " + name + " (P-value < W) : ",
-                     F(10, 5, test.W).Named("W_" + name), " (", FP(10, 5, test.P).Named("P_" + name), ")");
+        Line(section, "SW's W-value for normality for " + name + " (P-value < W) : ",
+             F(10, 5, test.W).Named("W_" + name), " (", FP(10, 5, test.P).Named("P_" + name), ")");
     });
 }
 
@@ -23,22 +25,22 @@ void WriteShapiroWilk(RunState& run, ReportSection& section, const std::string& 
 void WriteDistribution(RunState& run) {
     const std::vector<double>&X = run.SortedX(), &Y = run.SortedY();
     ReportSection& section =
-        run.report.BeginSection("distribution", "DISTRIBUTION ANALYSES (Shapiro and Wilk, 1965)");
+        run.report.BeginSection({"distribution", "DISTRIBUTION ANALYSES (Shapiro and Wilk, 1965)"});
     if (run.Comments()) {
-        section.Line("!! .SW is the Shapiro-Wilk's W-value (0 to 1) that measures normal distribution in "
-                     "which small values lead !!");
-        section.Line("!!  to the rejection of the null hypothesis of normality !!");
+        Line(section, "!! .SW is the Shapiro-Wilk's W-value (0 to 1) that measures normal distribution in "
+                      "which small values lead !!");
+        Line(section, "!!  to the rejection of the null hypothesis of normality !!");
     }
     WriteShapiroWilk(run, section, "X", X);
     WriteShapiroWilk(run, section, "Y", Y);
-    section.Line();
-    section.Line("Empirical Distribution Function for Normality");
-    section.Line(std::string(45, '='));
-    section.Line("Predicted values (X):");
+    section.Blank();
+    Line(section, "Empirical Distribution Function for Normality");
+    Line(section, std::string(45, '='));
+    Line(section, "Predicted values (X):");
     run.Statement([&] { NormalityTest(section, X, "X."); });
-    section.Line();
-    section.Line();
-    section.Line("Observed values (Y):");
+    section.Blank();
+    section.Blank();
+    Line(section, "Observed values (Y):");
     run.Statement([&] { NormalityTest(section, Y, "Y."); });
 }
 

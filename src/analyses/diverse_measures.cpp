@@ -1,5 +1,7 @@
 #include "analyses/diverse_measures.h"
 
+#include "report/transition.h"
+
 #include "analyses/prediction_comment.h"
 #include "stats/two_sample_tests.h"
 
@@ -17,10 +19,10 @@ void WritePercentages(RunState& run, ReportSection& section, const std::string& 
             AlignField(measure + ", % of " + side + " (" + role + ")", 35, AlignLeft) + ": ";
         if (mean > 0)
             run.Statement([&] {
-                section.Line(label, F(10, 5, Divide(value * 100, mean)).Named(name + "PercentOf" + side));
+                Line(section, label, F(10, 5, Divide(value * 100, mean)).Named(name + "PercentOf" + side));
             });
         else
-            section.Line(label, "!! Mean " + side + " is Zero !!");
+            Line(section, label, "!! Mean " + side + " is Zero !!");
     };
     const bool swapped = IsSet(run.Options().SwapXY);
     write("X", swapped ? "Observed" : "Predicted", run.pairs.MeanX);
@@ -30,8 +32,8 @@ void WritePercentages(RunState& run, ReportSection& section, const std::string& 
 void WriteTest(RunState& run, ReportSection& section, const char* label, const std::string& name,
                const stats::TestResult& test) {
     run.Statement([&] {
-        section.Line(label, F(10, 5, test.Statistic).Named(name),
-                     " (P =", FP(10, 5, test.P).Named("P_" + name), ")");
+        Line(section, label, F(10, 5, test.Statistic).Named(name),
+             " (P =", FP(10, 5, test.P).Named("P_" + name), ")");
     });
 }
 
@@ -40,14 +42,14 @@ void WriteTest(RunState& run, ReportSection& section, const char* label, const s
 void WriteDiverseMeasures(RunState& run) {
     const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
     const stats::ErrorMeasures& errors = run.errors;
-    ReportSection& section = run.report.BeginSection("diverse_measures", "DIVERSE MEASURE ANALYSES");
+    ReportSection& section = run.report.BeginSection({"diverse_measures", "DIVERSE MEASURE ANALYSES"});
     if (run.Comments()) {
-        section.Line("!! .MEF is modeling efficiency; closer to one better it is !!");
-        section.Line("!! .CD is the coefficient of model determination; closer to one better it is !!");
+        Line(section, "!! .MEF is modeling efficiency; closer to one better it is !!");
+        Line(section, "!! .CD is the coefficient of model determination; closer to one better it is !!");
     }
     run.Statement([&] {
-        section.Line("Mean Bias (Y - X) (MB)             : ", F(10, 5, errors.MeanBias).Named("MeanBias"),
-                     PredictionComment(run, errors.MeanBias), " (Cochran and Cox, 1954)");
+        Line(section, "Mean Bias (Y - X) (MB)             : ", F(10, 5, errors.MeanBias).Named("MeanBias"),
+             PredictionComment(run, errors.MeanBias), " (Cochran and Cox, 1954)");
     });
     WritePercentages(run, section, "Mean Bias", "MeanBias", errors.MeanBias);
     WriteTest(run, section, "H0: VarY = VarX, F-value           : ", "F", stats::FTestVariance(Y, X));
@@ -59,23 +61,23 @@ void WriteDiverseMeasures(RunState& run) {
               stats::TTestPairedCovariance(Y, X));
     WriteTest(run, section, "H0: MB = 0, T-value (paired diff.) : ", "T_paired",
               stats::TTestPairedDifference(Y, X));
-    section.Line();
+    section.Blank();
     run.Statement(
-        [&] { section.Line("Mean Absolute Error |Y - X| (MAE)  : ", F(10, 5, errors.MAE).Named("MAE")); });
+        [&] { Line(section, "Mean Absolute Error |Y - X| (MAE)  : ", F(10, 5, errors.MAE).Named("MAE")); });
     WritePercentages(run, section, "MAE", "MAE", errors.MAE);
     run.Statement(
-        [&] { section.Line("MA%E, |Y - X|/Y                    : ", F(10, 5, errors.MAPE).Named("MAPE")); });
-    section.Line();
+        [&] { Line(section, "MA%E, |Y - X|/Y                    : ", F(10, 5, errors.MAPE).Named("MAPE")); });
+    section.Blank();
     run.Statement([&] {
-        section.Line("MEF                                : ", F(10, 5, errors.MEF).Named("MEF"),
-                     " (Loague and Green, 1991; Zacharias et al., 1996)");
+        Line(section, "MEF                                : ", F(10, 5, errors.MEF).Named("MEF"),
+             " (Loague and Green, 1991; Zacharias et al., 1996)");
     });
     run.Statement([&] {
-        section.Line("CD                                 : ", F(10, 5, errors.CD).Named("CD"),
-                     " (Loague and Green, 1991; Zacharias et al., 1996)");
+        Line(section, "CD                                 : ", F(10, 5, errors.CD).Named("CD"),
+             " (Loague and Green, 1991; Zacharias et al., 1996)");
     });
     run.Statement([&] {
-        section.Line("Maximum error = Max|Y - X|         : ", F(10, 5, errors.MaxError).Named("MaxError"));
+        Line(section, "Maximum error = Max|Y - X|         : ", F(10, 5, errors.MaxError).Named("MaxError"));
     });
 }
 

@@ -1,5 +1,7 @@
 #include "analyses/index_analysis.h"
 
+#include "report/transition.h"
+
 #include "stats/distributions.h"
 #include "stats/moment_statistics.h"
 
@@ -31,29 +33,29 @@ void RatioAnalysis(const std::vector<double>& X, const std::vector<double>& Y, R
 } // namespace
 
 void WriteIndexAnalysis(RunState& run) {
-    ReportSection& section = run.report.BeginSection("index_analysis", "INDEX ANALYSIS");
+    ReportSection& section = run.report.BeginSection({"index_analysis", "INDEX ANALYSIS"});
     Ratios ratios;
     run.Statement([&] { RatioAnalysis(run.arrays.X, run.arrays.Y, ratios); });
     run.Statement([&] {
-        section.Line("Ave(X)/Ave(Y): ",
-                     F(10, 5, Divide(run.pairs.MeanX, run.pairs.MeanY)).Named("RatioOfMeans"));
+        Line(section,
+             "Ave(X)/Ave(Y): ", F(10, 5, Divide(run.pairs.MeanX, run.pairs.MeanY)).Named("RatioOfMeans"));
     });
-    run.Statement([&] { section.Line("Ave(X/Y)     : ", F(10, 5, ratios.Mean).Named("Mean")); });
-    run.Statement([&] { section.Line("SD(X/Y)      : ", F(10, 5, ratios.SD).Named("SD")); });
+    run.Statement([&] { Line(section, "Ave(X/Y)     : ", F(10, 5, ratios.Mean).Named("Mean")); });
+    run.Statement([&] { Line(section, "SD(X/Y)      : ", F(10, 5, ratios.SD).Named("SD")); });
     // The quantile of the lower tail is negative, so L is the lower limit; the tail outside each limit has
     // the probability of the label. N degrees of freedom, unlike the tests.
     const auto interval = [&](const char* label, const std::string& name, double P) {
         run.Statement([&] {
             const double t = stats::InverseT(P, run.N()), half = t * ratios.SD / SquareRoot(run.N());
-            section.Line(label, F(10, 5, ratios.Mean + half).Named(name + "Lower"), ",",
-                         F(10, 5, ratios.Mean - half).Named(name + "Upper"), "]");
+            Line(section, label, F(10, 5, ratios.Mean + half).Named(name + "Lower"), ",",
+                 F(10, 5, ratios.Mean - half).Named(name + "Upper"), "]");
         });
     };
     interval("CI (P=0.05)  : [", "CI05", 0.05);
     interval("CI (P=0.10)  : [", "CI10", 0.10);
     // Not marked as probabilities: these two print as zero.
-    run.Statement([&] { section.Line("P(Ratio = 0) : ", F(10, 5, ratios.PZero).Named("PZero")); });
-    run.Statement([&] { section.Line("P(Ratio = 1) : ", F(10, 5, ratios.POne).Named("POne")); });
+    run.Statement([&] { Line(section, "P(Ratio = 0) : ", F(10, 5, ratios.PZero).Named("PZero")); });
+    run.Statement([&] { Line(section, "P(Ratio = 1) : ", F(10, 5, ratios.POne).Named("POne")); });
 }
 
 } // namespace corvane

@@ -1,5 +1,7 @@
 #include "analyses/line_family_table.h"
 
+#include "report/transition.h"
+
 #include "stats/distributions.h"
 
 #include <array>
@@ -26,11 +28,11 @@ constexpr std::array<FamilyRow, 6> rows{{
 
 void WriteLineFamily(RunState& run) {
     ReportSection& section = run.report.BeginSection(
-        "line_family", "ORDINARY (OLS) AND SYMMETRICAL LEAST-SQUARE REGRESSIONS (Isobe et al., 1990)");
+        {"line_family", "ORDINARY (OLS) AND SYMMETRICAL LEAST-SQUARE REGRESSIONS (Isobe et al., 1990)"});
     const std::string rule(98, '-');
-    section.Line(
-        "Regression type               Intercept: a ± SD [P(H0: a = 0)]      Slope: b ± SD [P(H0: b = 1)]");
-    section.Line(rule);
+    Line(section,
+         "Regression type               Intercept: a ± SD [P(H0: a = 0)]      Slope: b ± SD [P(H0: b = 1)]");
+    Line(section, rule);
     const double df = run.N() - 2;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const stats::LineFamily& family = run.family;
@@ -38,14 +40,13 @@ void WriteLineFamily(RunState& run) {
             const std::string name = std::string(rows[i].name) + ".";
             const double Pa = stats::TailT(TStatistic(family.A[i], family.SDA[i]), df);
             const double Pb = stats::TailT(TStatistic(family.B[i] - 1, family.SDB[i]), df);
-            section.Line(rows[i].label, F(10, 5, family.A[i]).Named(name + "a"), " ± ",
-                         F(10, 5, family.SDA[i]).Named(name + "SDa"), " (", FP(7, 5, Pa).Named(name + "Pa"),
-                         ")     ", F(10, 5, family.B[i]).Named(name + "b"), " ± ",
-                         F(10, 5, family.SDB[i]).Named(name + "SDb"), " (", FP(7, 5, Pb).Named(name + "Pb"),
-                         ")");
+            Line(section, rows[i].label, F(10, 5, family.A[i]).Named(name + "a"), " ± ",
+                 F(10, 5, family.SDA[i]).Named(name + "SDa"), " (", FP(7, 5, Pa).Named(name + "Pa"), ")     ",
+                 F(10, 5, family.B[i]).Named(name + "b"), " ± ", F(10, 5, family.SDB[i]).Named(name + "SDb"),
+                 " (", FP(7, 5, Pb).Named(name + "Pb"), ")");
         });
     }
-    section.Line(rule);
+    Line(section, rule);
 }
 
 } // namespace corvane

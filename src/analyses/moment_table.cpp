@@ -1,5 +1,7 @@
 #include "analyses/moment_table.h"
 
+#include "report/transition.h"
+
 #include "stats/moment_statistics.h"
 
 #include <string>
@@ -33,14 +35,14 @@ void WriteMoments(RunState& run) {
     pairs.MeanY = y.Mean;
     pairs.VarY = y.Variance;
 
-    ReportSection& section = run.report.BeginSection("moments", "MOMENT ANALYSES (Neter et al., 1996)");
+    ReportSection& section = run.report.BeginSection({"moments", "MOMENT ANALYSES (Neter et al., 1996)"});
     const std::string gap(5, ' ');
     for (const auto& [label, name, value] : rows)
-        section.Line(std::string("X ") + label, F(10, 5, x.*value).Named(std::string(name) + "X"), gap,
-                     std::string("Y ") + label, F(10, 5, y.*value).Named(std::string(name) + "Y"));
-    section.Line("X - Y Mean : ", F(10, 5, pairs.MeanDiff).Named("MeanDiff"), gap,
-                 "X - Y Var  : ", F(10, 5, pairs.VarDiff).Named("VarDiff"));
-    section.Line("Covariance : ", F(10, 5, pairs.CovXY).Named("CovXY"));
+        Line(section, std::string("X ") + label, F(10, 5, x.*value).Named(std::string(name) + "X"), gap,
+             std::string("Y ") + label, F(10, 5, y.*value).Named(std::string(name) + "Y"));
+    Line(section, "X - Y Mean : ", F(10, 5, pairs.MeanDiff).Named("MeanDiff"), gap,
+         "X - Y Var  : ", F(10, 5, pairs.VarDiff).Named("VarDiff"));
+    Line(section, "Covariance : ", F(10, 5, pairs.CovXY).Named("CovXY"));
 }
 
 } // namespace corvane

@@ -1,5 +1,7 @@
 #include "analyses/msep.h"
 
+#include "report/transition.h"
+
 #include <array>
 #include <string>
 
@@ -28,14 +30,14 @@ constexpr std::array<Component, 3> secondDecomposition{{
 
 void WriteDecomposition(RunState& run, ReportSection& section, const std::string& number,
                         const std::array<Component, 3>& components) {
-    section.Line();
-    section.Line("MSEP Decomposition " + number + ":");
+    section.Blank();
+    Line(section, "MSEP Decomposition " + number + ":");
     for (const Component& component : components)
         run.Statement([&] {
             const double part = run.errors.MSEPParts[component.part];
             const std::string name = number + "." + component.name;
-            section.Line(component.label, F(11, 5, part).Named(name), " (",
-                         F(7, 3, Divide(100 * part, run.errors.MSEP)).Named(name + "Percent"), " %)");
+            Line(section, component.label, F(11, 5, part).Named(name), " (",
+                 F(7, 3, Divide(100 * part, run.errors.MSEP)).Named(name + "Percent"), " %)");
         });
 }
 
@@ -44,9 +46,9 @@ void WriteDecomposition(RunState& run, ReportSection& section, const std::string
 void WriteMsep(RunState& run) {
     const double MSEP = run.errors.MSEP, VarMSEP = run.errors.VarMSEP;
     ReportSection& section =
-        run.report.BeginSection("msep", "MEAN SQUARE ERROR OF PREDICTION (Bibby and Toutenburg, 1977)");
+        run.report.BeginSection({"msep", "MEAN SQUARE ERROR OF PREDICTION (Bibby and Toutenburg, 1977)"});
     const auto write = [&](const char* label, const char* name, auto value) {
-        run.Statement([&] { section.Line(label, F(11, 5, value()).Named(name)); });
+        run.Statement([&] { Line(section, label, F(11, 5, value()).Named(name)); });
     };
     write("Mean Square Error of Prediction     : ", "MSEP", [&] { return MSEP; });
     if (MSEP <= 0)

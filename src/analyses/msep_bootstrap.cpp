@@ -1,5 +1,7 @@
 #include "analyses/msep_bootstrap.h"
 
+#include "report/transition.h"
+
 #include "core/format/numbers.h"
 #include "stats/error_measures.h"
 
@@ -43,10 +45,10 @@ void WriteMsepBootstrap(RunState& run) {
     const double expected = percentage * run.N() / 100;
     const auto size = ToInteger16(expected);
 
-    ReportSection& section = run.report.BeginSection("msep_bootstrap", "BOOTSTRAP ANALYSIS OF MSEP");
+    ReportSection& section = run.report.BeginSection({"msep_bootstrap", "BOOTSTRAP ANALYSIS OF MSEP"});
     if (size && *size < fewest) {
-        section.OpenLine("Size of sub-samples has to be greater than 3. Size has to be at least ",
-                         PlainNumber(std::floor(300 / run.N())));
+        OpenLine(section, "Size of sub-samples has to be greater than 3. Size has to be at least ",
+                 PlainNumber(std::floor(300 / run.N())));
         return;
     }
     constexpr double mostSubSamples = 1e8; // two numbers of each are kept
@@ -63,18 +65,18 @@ void WriteMsepBootstrap(RunState& run) {
         warn(NumberText(subSamples) + " sub-samples are more than " + NumberText(mostSubSamples));
     else
         run.Statement([&] {
-            series = BootstrapMSEP(Integer32(subSamples), percentage, run.residuals.Deviation,
-                                   run.services.random.Seed());
+            series =
+                BootstrapMSEP(Integer32(subSamples), percentage, run.residuals.Deviation, run.snapshot.seed);
         });
-    section.Line("Sub-samples           : ", F(20, 5, subSamples).Named("SubSamples"));
+    Line(section, "Sub-samples           : ", F(20, 5, subSamples).Named("SubSamples"));
     run.Statement([&] {
-        section.Line("Size                  : ",
-                     F(20, 5, static_cast<double>(Integer16(expected))).Named("Size"));
+        Line(section,
+             "Size                  : ", F(20, 5, static_cast<double>(Integer16(expected))).Named("Size"));
     });
-    section.Line("Mean MSEP             : ", F(20, 5, series.MSEP.Mean).Named("MeanMSEP"));
-    section.Line("Variance of MSEP      : ", F(20, 5, series.MSEP.Variance).Named("VarianceOfMSEP"));
-    section.Line("Mean Var MSEP         : ", F(20, 5, series.VarMSEP.Mean).Named("MeanVarMSEP"));
-    section.Line("Variance of Var MSEP  : ", F(20, 5, series.VarMSEP.Variance).Named("VarianceOfVarMSEP"));
+    Line(section, "Mean MSEP             : ", F(20, 5, series.MSEP.Mean).Named("MeanMSEP"));
+    Line(section, "Variance of MSEP      : ", F(20, 5, series.MSEP.Variance).Named("VarianceOfMSEP"));
+    Line(section, "Mean Var MSEP         : ", F(20, 5, series.VarMSEP.Mean).Named("MeanVarMSEP"));
+    Line(section, "Variance of Var MSEP  : ", F(20, 5, series.VarMSEP.Variance).Named("VarianceOfVarMSEP"));
 }
 
 } // namespace corvane

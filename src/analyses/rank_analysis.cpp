@@ -1,5 +1,7 @@
 #include "analyses/rank_analysis.h"
 
+#include "report/transition.h"
+
 #include "stats/kendall.h"
 #include "stats/ranks.h"
 #include "stats/two_sample_ranks.h"
@@ -52,41 +54,42 @@ void WriteRankAnalysis(RunState& run) {
     const std::vector<double>&X = run.arrays.X, &Y = run.arrays.Y;
     const stats::SpearmanResult spearman = Spearman(run.arrays, run.Options());
     ReportSection& section =
-        run.report.BeginSection("rank_analysis", "RANK ANALYSIS - NONPARAMETRICS (Agresti, 1996, 2002)");
+        run.report.BeginSection({"rank_analysis", "RANK ANALYSIS - NONPARAMETRICS (Agresti, 1996, 2002)"});
     if (run.Comments())
         for (const char* comment : comments)
-            section.Line(comment);
+            Line(section, comment);
 
     run.Statement([&] {
-        section.Line("Spearman's r : ", F(10, 5, spearman.rs).Named("rs"),
-                     "     H0: r = 0, T-value (P-value)          : ", F(10, 5, spearman.T).Named("T_rs"),
-                     " (", FP(10, 5, spearman.P2).Named("P_rs"), ")");
+        Line(section, "Spearman's r : ", F(10, 5, spearman.rs).Named("rs"),
+             "     H0: r = 0, T-value (P-value)          : ", F(10, 5, spearman.T).Named("T_rs"), " (",
+             FP(10, 5, spearman.P2).Named("P_rs"), ")");
     });
     run.Statement([&] {
-        section.Line("D            : ", F(10, 1, spearman.D).Named("D"),
-                     "     H0: D = 0, Z-value (P-value)          : ", F(10, 5, spearman.Z).Named("Z_D"), " (",
-                     FP(10, 5, spearman.P).Named("P_D"), ")");
+        Line(section, "D            : ", F(10, 1, spearman.D).Named("D"),
+             "     H0: D = 0, Z-value (P-value)          : ", F(10, 5, spearman.Z).Named("Z_D"), " (",
+             FP(10, 5, spearman.P).Named("P_D"), ")");
     });
     run.Statement([&] {
         const stats::KendallResult kendall = stats::KendallTau(X, Y);
-        section.Line("Tau          : ", F(10, 5, kendall.Tau).Named("Tau"),
-                     "     H0: Tau = 0, Z-value (P-value)        : ", F(10, 5, kendall.Z).Named("Z_Tau"),
-                     " (", FP(10, 5, kendall.P).Named("P_Tau"), ")");
+        Line(section, "Tau          : ", F(10, 5, kendall.Tau).Named("Tau"),
+             "     H0: Tau = 0, Z-value (P-value)        : ", F(10, 5, kendall.Z).Named("Z_Tau"), " (",
+             FP(10, 5, kendall.P).Named("P_Tau"), ")");
     });
     run.Statement([&] {
         const stats::KolmogorovSmirnovResult smirnov =
             stats::KolmogorovSmirnov2(run.SortedX(), run.SortedY());
-        section.Line("KS           : ", F(10, 5, smirnov.D).Named("KS"),
-                     "     H0: dX = dY, N-value (P-value)        : ", F(10, 5, smirnov.NValue).Named("N_KS"),
-                     " (", FP(10, 5, smirnov.P).Named("P_KS"), ")");
+        Line(section, "KS           : ", F(10, 5, smirnov.D).Named("KS"),
+             "     H0: dX = dY, N-value (P-value)        : ", F(10, 5, smirnov.NValue).Named("N_KS"), " (",
+             FP(10, 5, smirnov.P).Named("P_KS"), ")");
     });
     run.Statement([&] {
         const stats::MannWhitneyResult whitney = stats::MannWhitney(run.SortedX(), run.SortedY());
-        section.Line("Mann-Whitney : ", F(10, 5, whitney.WD).Named("WD"),
-                     "     H0: WD = 0, Z-value (1-sided P-value) : ", F(10, 5, whitney.Z).Named("Z_WD"), " (",
-                     FP(10, 5, whitney.OneSidedP).Named("OneSidedP_WD"), ")");
+        Line(section, "Mann-Whitney : ", F(10, 5, whitney.WD).Named("WD"),
+             "     H0: WD = 0, Z-value (1-sided P-value) : ", F(10, 5, whitney.Z).Named("Z_WD"), " (",
+             FP(10, 5, whitney.OneSidedP).Named("OneSidedP_WD"), ")");
     });
     WriteRankColumns(run.dataset.cells, spearman);
+    run.ranked = true;
 }
 
 void FillRanks(Dataset& dataset) {

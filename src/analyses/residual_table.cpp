@@ -1,5 +1,7 @@
 #include "analyses/residual_table.h"
 
+#include "report/transition.h"
+
 #include "core/format/text_lists.h"
 #include "stats/distributions.h"
 
@@ -10,6 +12,24 @@ namespace corvane {
 namespace {
 
 constexpr std::int32_t rowNumberWidth = 3, valueWidth = 9, decimals = 4;
+
+constexpr Place places[] = {
+    {"Row", "pairs.row", "#", rowNumberWidth, 0},
+    {"X", "data.x", "X values", valueWidth, decimals},
+    {"Y", "data.y", "Y values", valueWidth, decimals},
+    {"Deviation", "deviation", "Deviation", valueWidth, decimals},
+    {"Fitted", "residual.fitted", "Y Pred.", valueWidth, decimals},
+    {"Residue", "residual", "Residue", valueWidth, decimals},
+    {"NormRes", "residual.normal", "NormRes", valueWidth, decimals},
+    {"SERes", "residual.se", "SE Res.", valueWidth, decimals},
+    {"SemiStdtR", "residual.semi_studentized", "SemiStdtR", valueWidth, decimals},
+    {"StdtRes", "residual.studentized", "StdtRes", valueWidth, decimals},
+    {"RStdtRes", "residual.deleted_studentized", "RStdtRes", valueWidth, decimals},
+    {"Leverage", "residual.leverage", "Leverage", valueWidth, decimals},
+    {"CookD", "residual.cook_d", "Cook'D", valueWidth, decimals},
+    {"DFFITS", "residual.dffits", "DFFITS", valueWidth, decimals},
+    {"PRESS", "residual.press", "PRESS", valueWidth, decimals},
+};
 
 /// A column that can be chosen.
 struct Choice {
@@ -29,20 +49,24 @@ std::function<bool(double)> Outside(double lower, double upper) {
     return [=](double value) { return value < lower || value > upper; };
 }
 
-const TableColumn* Find(const ReportTable& table, std::string_view name) {
-    const auto found = std::ranges::find(table.columns, name, &TableColumn::name);
+const ListingColumn* Find(const Listing& table, std::string_view name) {
+    const auto found = std::ranges::find(table.columns, name, &ListingColumn::name);
     return found == table.columns.end() ? nullptr : &*found;
 }
 
 } // namespace
 
+std::span<const Place> ResidualPlaces() {
+    return places;
+}
+
 double ResidualTable::Count(std::string_view name, const std::function<bool(double)>& test) const {
-    const TableColumn* column = Find(rows, name);
+    const ListingColumn* column = Find(rows, name);
     return column ? static_cast<double>(std::ranges::count_if(*column->values, test)) : 0;
 }
 
 double ResidualTable::Starred(std::string_view name) const {
-    const TableColumn* column = Find(rows, name);
+    const ListingColumn* column = Find(rows, name);
     return column ? Count(name, column->starred) : 0;
 }
 
@@ -78,14 +102,13 @@ ResidualTable ListResiduals(const RunState& run, const InfluenceLimits& limits) 
     ResidualTable table;
     table.rows.rows = pairs.Count();
     table.header = table.fileHeader = HeaderCell("#", rowNumberWidth);
-    table.rows.columns.push_back({"Row", nullptr, rowNumberWidth, 0, " "});
+    table.rows.columns.push_back({"Row", nullptr, " "});
     for (const Choice& choice : choices) {
         if (!choice.chosen)
             continue;
         table.header += HeaderCell(choice.header, valueWidth);
         table.fileHeader += HeaderCell(choice.fileHeader, valueWidth);
-        table.rows.columns.push_back(
-            {choice.name, run.Share(choice.values), valueWidth, decimals, " ", choice.starred});
+        table.rows.columns.push_back({choice.name, run.Share(choice.values), " ", choice.starred});
     }
     return table;
 }

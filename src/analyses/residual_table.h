@@ -1,9 +1,10 @@
 #pragma once
 
 #include "analyses/residual_limits.h"
-#include "core/run_state.h"
+#include "run/run_state.h"
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,7 +14,7 @@ namespace corvane {
 struct ResidualTable {
     std::string header;     ///< Of the report.
     std::string fileHeader; ///< Of the residue file, which names four columns otherwise.
-    ReportTable rows;
+    Listing rows;
 
     /// As long as the header. A column with stars is one wider than its header, so the rows are longer.
     std::string Rule() const { return std::string(header.size(), '-'); }
@@ -23,7 +24,10 @@ struct ResidualTable {
     double Starred(std::string_view name) const;
 };
 
-/// Stars stand strictly outside the limits of the session and of influence.
+/// The listing's places, for the sections that hold it.
+std::span<const Place> ResidualPlaces();
+
+/// Stars are strictly outside the limits of the session and of influence.
 ResidualTable ListResiduals(const RunState& run, const InfluenceLimits& limits);
 
 } // namespace corvane

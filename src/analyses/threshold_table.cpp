@@ -1,5 +1,7 @@
 #include "analyses/threshold_table.h"
 
+#include "report/transition.h"
+
 #include "core/format/numbers.h"
 #include "core/format/text_lists.h"
 
@@ -81,7 +83,7 @@ void ErrorAnalysis(const DataMatrix& cells, const Kind& kind, double threshold, 
 
 void Warn(RunState& run, const Kind& kind, const std::string& text) {
     run.warnings.push_back(std::string("threshold table ") + kind.words + ": " + text);
-    run.report.Current().failures.push_back(run.warnings.back());
+    run.FileFailure(run.warnings.back());
 }
 
 /// A text that cannot be converted leaves the threshold as it was.
@@ -109,34 +111,34 @@ void WriteTable(RunState& run, ReportSection& section, const Kind& kind, std::in
     ReadThreshold(run, kind, threshold);
     const Counts counts = CountRows(run, kind, threshold);
     const std::string rule(39, '-'), name = kind.name;
-    section.Line();
+    section.Blank();
     run.Statement([&] {
-        section.Line(kind.label, F(10, 5, static_cast<double>(threshold)).Named(name + "Threshold"));
+        Line(section, kind.label, F(10, 5, static_cast<double>(threshold)).Named(name + "Threshold"));
     });
-    section.Line(kind.title);
-    section.Line("             --------------------------");
-    section.Line(kind.columnTitles);
-    section.Line(rule);
+    Line(section, kind.title);
+    Line(section, "             --------------------------");
+    Line(section, kind.columnTitles);
+    Line(section, rule);
     const auto writeRow = [&](const char* label, const std::string& place, double below, double above) {
         const auto share = [&](double cell) { return F(5, 2, Divide(cell * 100, counts.Total)); };
         run.Statement([&] {
-            section.Line(label, F(5, 0, below).Named(name + "XBelow" + place), " (",
-                         share(below).Named(name + "XBelow" + place + "Percent"), ")  ",
-                         F(5, 0, above).Named(name + "XAbove" + place), " (",
-                         share(above).Named(name + "XAbove" + place + "Percent"), ")");
+            Line(section, label, F(5, 0, below).Named(name + "XBelow" + place), " (",
+                 share(below).Named(name + "XBelow" + place + "Percent"), ")  ",
+                 F(5, 0, above).Named(name + "XAbove" + place), " (",
+                 share(above).Named(name + "XAbove" + place + "Percent"), ")");
         });
     };
     writeRow("Below      ", "YBelow", counts.BelowBelow, counts.XAboveYBelow);
     writeRow("Above      ", "YAbove", counts.XBelowYAbove, counts.AboveAbove);
-    section.Line(rule);
+    Line(section, rule);
     if (counts.Identical > 0)
         run.Statement([&] {
-            section.Line("Identical X and Y: ", F(5, 0, counts.Identical).Named(name + "Identical"));
+            Line(section, "Identical X and Y: ", F(5, 0, counts.Identical).Named(name + "Identical"));
         });
     if (counts.AllIdentical > 0)
         run.Statement([&] {
-            section.Line("Identical X, Y and Threshold: ",
-                         F(5, 0, counts.AllIdentical).Named(name + "AllIdentical"));
+            Line(section,
+                 "Identical X, Y and Threshold: ", F(5, 0, counts.AllIdentical).Named(name + "AllIdentical"));
         });
 }
 
@@ -146,7 +148,7 @@ void WriteThresholdTable(RunState& run) {
     const bool ranks = !run.Options().TRESHOLD_RANK.empty(), values = !run.Options().TRESHOLD_XY.empty();
     if (!ranks && !values)
         return;
-    ReportSection& section = run.report.BeginSection("threshold_table", ranks ? "THRESHOLD TABLE" : "");
+    ReportSection& section = run.report.BeginSection({"threshold_table", ranks ? "THRESHOLD TABLE" : ""});
     std::int32_t threshold = 0;
     if (ranks)
         WriteTable(run, section, byRanks, threshold);

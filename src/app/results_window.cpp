@@ -1,9 +1,9 @@
 #include "app/results_window.h"
 
+#include "app/numbered_file.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
-#include "core/numbered_file.h"
-#include "core/report.h"
+#include "report/text_renderer.h"
 
 namespace corvane {
 

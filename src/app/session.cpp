@@ -1,6 +1,8 @@
 #include "app/session.h"
 
+#include "app/calculation.h"
 #include "app/parameters.h"
+#include "app/shown_progress.h"
 #include "app/user_settings.h"
 #include "core/format/code_page.h"
 #include "core/format/paths.h"
@@ -114,16 +116,21 @@ void Session::Clear() {
 }
 
 void Session::CalculateAction() {
-    const RunResult result = Calculate(dataset, state,
-                                       {services.dialogs, services.feedback, services.clock, services.random,
-                                        services.files, WorkingFolder(services.folders)});
+    Calculation calculation(dataset, state, services.clock, services.random, services.files,
+                            WorkingFolder(services.folders));
+    ShownProgress progress(services.feedback, services.dialogs);
+    RunResult result = calculation.Run(progress);
+    services.feedback.HideProgress();
+    ApplyChanges(result.changes, dataset, state);
     if (result.end != RunEnd::Finished)
         return;
+    calculation.SaveResidueFile(result);
     for (const RunWindow& opened : result.windows)
         windows.push_back({opened.caption + DatasetTitle(state), opened.content.Text()});
-    if (!result.residueFile.empty())
-        services.editor.Open(result.residueFile);
-    ResultsWindow& window = windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
+    if (!calculation.ResidueFile().empty())
+        services.editor.Open(calculation.ResidueFile());
+    ResultsWindow& window =
+        windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
     if (batch.BatchRun)
         ActInBatch(window);
     plots.insert(plots.end(), result.plots.begin(), result.plots.end());

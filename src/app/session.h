@@ -5,6 +5,9 @@
 #include "core/dataset.h"
 #include "core/session_state.h"
 #include "evaluation/calculate.h"
+#include "platform/clock.h"
+#include "platform/feedback.h"
+#include "platform/random.h"
 #include "platform/settings.h"
 
 #include <list>

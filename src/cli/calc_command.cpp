@@ -1,7 +1,9 @@
 #include "cli/calc_command.h"
 
+#include "app/calculation.h"
 #include "app/json_report.h"
 #include "app/saved_windows.h"
+#include "app/shown_progress.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
 #include "cli/report_clock.h"
@@ -77,10 +79,14 @@ ExitCode RunCalc(const CalcRequest& request) {
         if (const std::string fault = MakeFolder(request.outFolder); !fault.empty())
             return Fail(fault);
     }
-    const RunResult result =
-        Calculate(dataset, session, {dialogs, feedback, *clock, random, files, request.outFolder});
+    Calculation calculation(dataset, session, *clock, random, files, request.outFolder);
+    ShownProgress progress(feedback, dialogs);
+    RunResult result = calculation.Run(progress);
+    feedback.HideProgress();
+    ApplyChanges(result.changes, dataset, session);
     if (result.end != RunEnd::Finished)
         return FailedRun(result, request.data);
+    calculation.SaveResidueFile(result);
     for (const std::string& warning : result.warnings)
         dialogs.Warn(request.data, warning);
     if (request.outFolder.empty() && request.jsonFile.empty())

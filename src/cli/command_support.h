@@ -2,10 +2,10 @@
 
 #include "cli/exit_codes.h"
 #include "core/dataset.h"
-#include "core/report.h"
 #include "core/session_state.h"
 #include "platform/file_store.h"
 #include "platform/native/terminal.h"
+#include "report/report.h"
 
 #include <string>
 #include <vector>

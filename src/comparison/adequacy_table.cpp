@@ -1,5 +1,7 @@
 #include "comparison/adequacy_table.h"
 
+#include "report/transition.h"
+
 #include "core/format/text_lists.h"
 #include "stats/concordance.h"
 #include "stats/error_measures.h"
@@ -138,19 +140,19 @@ public:
         : section(reportSection), columns(reportColumns) {}
 
     void WriteHeader() {
-        section.Line();
+        section.Blank();
         std::string header = "Model:";
         for (const char* title : {"Mean", "SD", "Median"})
             header += Centred(columns.Long, title);
         for (const IndexColumn& column : indexColumns)
             header += Centred(Width(column), column.title);
-        section.Line(header);
+        Line(section, header);
         WriteRule('-');
     }
 
     void WriteRule(char character) {
-        section.Line(
-            std::string(static_cast<std::size_t>(8 * columns.Long + 5 * columns.Short + 7), character));
+        Line(section,
+             std::string(static_cast<std::size_t>(8 * columns.Long + 5 * columns.Short + 7), character));
     }
 
     void WriteObserved(const stats::MomentStatisticsResult& moments) {
@@ -185,7 +187,7 @@ public:
         section.lines.push_back(std::move(line));
         WriteRule('-');
         for (const char* note : notes)
-            section.Line(note);
+            Line(section, note);
     }
 
 private:
@@ -217,7 +219,7 @@ std::string Centred(std::int32_t width, std::string_view text) {
 }
 
 Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns) {
-    AdequacyTable table(report.BeginSection("adequacy", "Model Adequacy Indexes"), columns);
+    AdequacyTable table(report.BeginSection({"adequacy", "Model Adequacy Indexes"}), columns);
     table.WriteHeader();
     Adequacy adequacy;
     adequacy.ValidCount = data.N;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comparison/comparison_data.h"
-#include "core/report.h"
+#include "report/report.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comparison/koc_file.h"
-#include "core/failure.h"
+#include "core/format/failure.h"
 #include "platform/feedback.h"
 #include "platform/file_store.h"
 

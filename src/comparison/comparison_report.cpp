@@ -1,5 +1,7 @@
 #include "comparison/comparison_report.h"
 
+#include "report/transition.h"
+
 #include "comparison/adequacy_table.h"
 #include "comparison/comparison_data.h"
 #include "comparison/pairwise_tables.h"
@@ -66,21 +68,21 @@ void WriteHeader(Report& report, const ComparisonData& data, const ClockTime& ti
     ReportSection& header = report.Current();
     const std::string line = "KOV v. " + VersionText() + std::string(37, ' ') + "COMPARISON OF MODELS" +
                              std::string(36, ' ') + TimeText(time);
-    header.Line(line);
-    header.Line(std::string(CharacterCount(line), '.'));
-    header.Line();
+    Line(header, line);
+    Line(header, std::string(CharacterCount(line), '.'));
+    header.Blank();
 
-    ReportSection& legend = report.BeginSection("legend", "Model Legend");
-    legend.Line();
+    ReportSection& legend = report.BeginSection({"legend", "Model Legend"});
+    legend.Blank();
     for (const ComparedModel& model : data.models)
         if (!model.tag.empty())
-            legend.Line(F(3, 0, model.tag), " = " + model.path);
+            Line(legend, F(3, 0, model.tag), " = " + model.path);
 }
 
 void WriteComparisonReferences(Report& report) {
-    ReportSection& section = report.BeginSection("references", "REFERENCES");
+    ReportSection& section = report.BeginSection({"references", "REFERENCES"});
     for (const std::string_view beginning : referenceBeginnings)
-        section.Line(beginning.empty() ? burnhamAnderson : FindReference(beginning));
+        Line(section, beginning.empty() ? burnhamAnderson : FindReference(beginning));
 }
 
 /// The list's row of the name that a message shows: the one at the model's ordinal among the selected rows,

@@ -2,11 +2,11 @@
 
 #include "comparison/adequacy_table.h"
 #include "comparison/comparison_list.h"
-#include "core/report.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/feedback.h"
 #include "platform/file_store.h"
+#include "report/report.h"
 
 #include <cstddef>
 #include <string>

@@ -1,7 +1,7 @@
 #include "comparison/koc_file.h"
 
-#include "core/failure.h"
 #include "core/format/code_page.h"
+#include "core/format/failure.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
 #include "files/record_text.h"

@@ -1,5 +1,7 @@
 #include "comparison/pairwise_tables.h"
 
+#include "report/transition.h"
+
 #include "core/format/numbers.h"
 #include "core/format/text_lists.h"
 #include "stats/concordance.h"
@@ -20,7 +22,7 @@ namespace {
 
 using Sample = std::vector<double>;
 /// The fields of a cell, one for each line of a row.
-using Cell = std::vector<ReportField>;
+using Cell = std::vector<ReportPiece>;
 
 /// How the four tables differ.
 struct TableLayout {
@@ -48,14 +50,14 @@ public:
             header += Centred(layout.cellWidth, model.tag);
         // The header's line end counts in the rule's length.
         const std::string rule(CharacterCount(header) + 2, '-');
-        section.Line(header);
-        section.Line(rule);
+        Line(section, header);
+        Line(section, rule);
         for (std::size_t i = 0; i + 1 < models.size(); ++i) {
             if (i > 0)
-                section.Line();
+                section.Blank();
             WriteRow(i, cellOf);
         }
-        section.Line(rule);
+        Line(section, rule);
     }
 
 private:
@@ -85,8 +87,8 @@ private:
 
 void WriteNotes(ReportSection& section, std::initializer_list<const char*> notes) {
     for (const char* note : notes)
-        section.Line(note);
-    section.Line();
+        Line(section, note);
+    section.Blank();
 }
 
 /// A sample of each model: its value in each of the rows in use.
@@ -109,7 +111,7 @@ std::vector<stats::CentredSample> CentredSamples(const std::vector<Sample>& samp
 
 void WriteCorrelations(Report& report, const ComparisonData& data, std::size_t n,
                        const ReportColumns& columns) {
-    ReportSection& section = report.BeginSection("correlations", "Correlation Coefficient Analysis");
+    ReportSection& section = report.BeginSection({"correlations", "Correlation Coefficient Analysis"});
     WriteNotes(section,
                {"!! .Pearson correlation among model-predicted values",
                 "!! .Concordance correlation among model-predicted values", "!! .Cb measures accuracy",
@@ -142,7 +144,7 @@ void WriteCorrelations(Report& report, const ComparisonData& data, std::size_t n
 void WriteSquaredErrors(Report& report, const ComparisonData& data, std::size_t n,
                         const ReportColumns& columns) {
     ReportSection& section =
-        report.BeginSection("pairwise_msep", "Pairwise MSEP Analysis (Wallach and Goffinet, 1989)");
+        report.BeginSection({"pairwise_msep", "Pairwise MSEP Analysis (Wallach and Goffinet, 1989)"});
     WriteNotes(
         section,
         {"!! .A positive mean value implies the 'column' model gives a better fit than the 'row' model",
@@ -178,7 +180,7 @@ void WriteSquaredErrors(Report& report, const ComparisonData& data, std::size_t 
 void WriteDeviationCorrelations(Report& report, const ComparisonData& data, std::size_t n,
                                 const ReportColumns& columns) {
     ReportSection& section =
-        report.BeginSection("deviation_correlations", "Pairwise Deviation Correlation Analysis");
+        report.BeginSection({"deviation_correlations", "Pairwise Deviation Correlation Analysis"});
     WriteNotes(section, {"!! .The P-value indicates if the deviation correlation is different from zero"});
     const std::vector<stats::CentredSample> deviations =
         CentredSamples(Samples(data, n, [&](std::size_t model, std::size_t row) {
@@ -234,7 +236,7 @@ ReportLine LikelihoodSentence(const PairTable& table, std::size_t i, std::size_t
 void WriteInformationDifferences(Report& report, const ComparisonData& data,
                                  std::span<const double> AICcPrime, const ReportColumns& columns) {
     ReportSection& section = report.BeginSection(
-        "delta_aic", "Delta Akaike's Information Criterion (DAIC) (Burnham and Anderson, 2002)");
+        {"delta_aic", "Delta Akaike's Information Criterion (DAIC) (Burnham and Anderson, 2002)"});
     WriteNotes(
         section,
         {"!! .There is a P-value probability that model (i + 1) (column) is correct",

@@ -2,8 +2,8 @@
 
 #include "comparison/adequacy_table.h"
 #include "comparison/comparison_data.h"
-#include "core/report.h"
 #include "platform/feedback.h"
+#include "report/report.h"
 
 namespace corvane {
 

@@ -1,5 +1,7 @@
 #include "evaluation/references.h"
 
+#include "report/transition.h"
+
 #include <stdexcept>
 #include <string>
 
@@ -106,12 +108,12 @@ const char* FindReference(std::string_view beginning) {
 }
 
 void WriteReferences(RunState& run) {
-    ReportSection& section = run.report.BeginSection("references", "REFERENCES");
+    ReportSection& section = run.report.BeginSection({"references", "REFERENCES"});
     for (const Reference& reference : references) {
         if (reference.closed)
-            section.Line(reference.text);
+            Line(section, reference.text);
         else
-            section.OpenLine(reference.text);
+            OpenLine(section, reference.text);
     }
 }
 

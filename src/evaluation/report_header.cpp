@@ -1,5 +1,7 @@
 #include "evaluation/report_header.h"
 
+#include "report/transition.h"
+
 #include "core/format/format_picture.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
@@ -32,26 +34,26 @@ std::string TimeText(const ClockTime& time) {
 void WriteReportHeader(RunState& run, const ClockTime& time) {
     ReportSection& section = run.report.Current();
     const std::string line = HeaderLine(FileNameOf(run.session.CurrentDatasetName), time);
-    section.Line(line);
-    section.Line(std::string(CharacterCount(line), '.'));
-    section.Line();
+    Line(section, line);
+    Line(section, std::string(CharacterCount(line), '.'));
+    section.Blank();
     run.header = section.lines;
 
     const AnalysisOptions& options = run.Options();
     if (options.LSM)
-        section.Line("Regular Least-Squares Regression");
+        Line(section, "Regular Least-Squares Regression");
     if (options.WLSM) {
-        section.Line("Weighted Least-Squares Regression");
+        Line(section, "Weighted Least-Squares Regression");
         if (IsSet(options.UNCERTAINTY_X))
-            section.Line("Ignored uncertainties in X");
+            Line(section, "Ignored uncertainties in X");
         if (IsSet(options.UNCERTAINTY_Y))
-            section.Line("Ignored uncertainties in Y");
+            Line(section, "Ignored uncertainties in Y");
     }
     if (options.ROBUSTR)
-        section.Line("Robust Regression (Median)");
+        Line(section, "Robust Regression (Median)");
     if (IsSet(options.SwapXY))
-        section.Line("Swapped X <=> Y");
-    section.Line();
+        Line(section, "Swapped X <=> Y");
+    section.Blank();
 }
 
 } // namespace corvane

@@ -33,47 +33,150 @@ using Options = AnalysisOptions;
 void RequestHistograms(RunState& run) {
     HistogramOutcome outcome = HistogramPlots(run.dataset);
     if (!outcome.message.empty())
-        run.services.dialogs.ShowMessage(MessageStyle::Critical, outcome.message, "");
+        run.Tell(MessageStyle::Critical, outcome.message);
     for (HistogramRequest& request : outcome.requests)
         run.plots.emplace_back(std::move(request));
 }
 
-constexpr CatalogEntry catalog[] = {
-    {nullptr, nullptr, WriteRegression},
-    {&Options::PARAMETER_TEST, "Parameters...", WriteParameterTests},
-    {&Options::OLS_SLS, "OLS and SLS...", WriteLineFamily},
-    {&Options::DISTRIBUTION_ANALYSIS, "Distribution...", WriteDistribution},
-    {&Options::MOMENT_STATISTIC, "Moments...", WriteMoments},
-    {&Options::ROBUST_STATISTICS, "Robust statistics...", WriteRobustStatistics},
-    {&Options::DIVERSE_MEASURES, "Mean bias...", WriteDiverseMeasures},
-    {&Options::INDEX_ANALYSIS, "Index...", WriteIndexAnalysis},
-    {&Options::CONCORDANCE_TEST, "Concordance...", WriteConcordance},
-    {&Options::GENERAL_CCC, "Generalized CCC...", WriteGeneralizedConcordance},
-    {&Options::RANK_ANALYSIS, "Rank analysis...", WriteRankAnalysis},
-    {&Options::BALANCE_ANALYSIS, "Balance analysis...", WriteBalance},
-    {&Options::ORTHOGONAL_BALANCE, "Orthogonal balance...", WriteOrthogonalBalance},
-    {&Options::MSEP_ANALYSIS, "MSEP analysis...", WriteMsep},
-    {&Options::MSPE_BOOTSTRAP, "MSEP bootstrap...", WriteMsepBootstrap},
-    {&Options::KLEIJNEN_ANALYSIS, "Kleijnen analysis...", Kleijnen_Analysis, true},
-    {&Options::BLAND_ALTMAN_ANALYSIS, "Bland and Altman analysis...", Bland_Altman_Analysis, true},
-    {&Options::THRESHOLD_ANALYSIS, "Threshold analysis...", WriteThresholdTable},
-    {&Options::DISTANCE_ANALYSIS, nullptr, WriteDistanceAnalysis},
-    {&Options::WEIGHED_DEVIANCE, nullptr, WriteWeighedDeviance},
-    {&Options::DEVIATION_ANALYSIS, "Deviation analysis...", WriteDeviationAnalysis},
-    {&Options::RESIDUAL_ANALYSIS, "Residual analysis...", WriteResidualAnalysis},
-    {&Options::HISTOGRAM_PLOT, nullptr, RequestHistograms},
-    {&Options::SHOW_LITERATURE, nullptr, WriteReferences},
-    {&Options::SHOW_RESIDUAL_PLOT, "Residual plot...", RequestResidualPlot, false,
-     &Options::RESIDUAL_ANALYSIS},
-    {&Options::SHOW_DEVIATION_PLOT, "Deviation plot...", RequestDeviationPlot, false,
-     &Options::RESIDUAL_ANALYSIS},
-    {&Options::SHOW_NORMAL_PLOT, "Normal plot...", RequestNormalPlot, false, &Options::RESIDUAL_ANALYSIS},
-    {&Options::RESIDUAL_REGRESSION_PLOT, nullptr, RequestResidueRegressionPlots},
+const SectionDefinition LineFamilySection{.frame = {"line_family", ""},
+                                          .gate = {&Options::OLS_SLS},
+                                          .progress = "OLS and SLS...",
+                                          .write = WriteLineFamily};
+const SectionDefinition DistributionSection{.frame = {"distribution", ""},
+                                            .gate = {&Options::DISTRIBUTION_ANALYSIS},
+                                            .progress = "Distribution...",
+                                            .write = WriteDistribution};
+const SectionDefinition MomentsSection{.frame = {"moments", ""},
+                                       .gate = {&Options::MOMENT_STATISTIC},
+                                       .progress = "Moments...",
+                                       .write = WriteMoments};
+const SectionDefinition RobustStatisticsSection{.frame = {"robust_statistics", ""},
+                                                .gate = {&Options::ROBUST_STATISTICS},
+                                                .progress = "Robust statistics...",
+                                                .write = WriteRobustStatistics};
+const SectionDefinition DiverseMeasuresSection{.frame = {"diverse_measures", ""},
+                                               .gate = {&Options::DIVERSE_MEASURES},
+                                               .progress = "Mean bias...",
+                                               .write = WriteDiverseMeasures};
+const SectionDefinition IndexAnalysisSection{.frame = {"index_analysis", ""},
+                                             .gate = {&Options::INDEX_ANALYSIS},
+                                             .progress = "Index...",
+                                             .write = WriteIndexAnalysis};
+const SectionDefinition ConcordanceSection{.frame = {"concordance", ""},
+                                           .gate = {&Options::CONCORDANCE_TEST},
+                                           .progress = "Concordance...",
+                                           .write = WriteConcordance};
+const SectionDefinition GeneralizedConcordanceSection{.frame = {"generalized_concordance", ""},
+                                                      .gate = {&Options::GENERAL_CCC},
+                                                      .progress = "Generalized CCC...",
+                                                      .write = WriteGeneralizedConcordance};
+const SectionDefinition RankAnalysisSection{.frame = {"rank_analysis", ""},
+                                            .gate = {&Options::RANK_ANALYSIS},
+                                            .progress = "Rank analysis...",
+                                            .write = WriteRankAnalysis};
+const SectionDefinition BalanceSection{.frame = {"balance", ""},
+                                       .gate = {&Options::BALANCE_ANALYSIS},
+                                       .progress = "Balance analysis...",
+                                       .write = WriteBalance};
+const SectionDefinition OrthogonalBalanceSection{.frame = {"orthogonal_balance", ""},
+                                                 .gate = {&Options::ORTHOGONAL_BALANCE},
+                                                 .progress = "Orthogonal balance...",
+                                                 .write = WriteOrthogonalBalance};
+const SectionDefinition MsepSection{.frame = {"msep", ""},
+                                    .gate = {&Options::MSEP_ANALYSIS},
+                                    .progress = "MSEP analysis...",
+                                    .write = WriteMsep};
+const SectionDefinition MsepBootstrapSection{.frame = {"msep_bootstrap", ""},
+                                             .gate = {&Options::MSPE_BOOTSTRAP},
+                                             .progress = "MSEP bootstrap...",
+                                             .write = WriteMsepBootstrap};
+const SectionDefinition KleijnenSection{.frame = {"kleijnen", ""},
+                                        .gate = {&Options::KLEIJNEN_ANALYSIS, nullptr, true},
+                                        .progress = "Kleijnen analysis...",
+                                        .write = Kleijnen_Analysis};
+const SectionDefinition BlandAltmanSection{.frame = {"bland_altman", ""},
+                                           .gate = {&Options::BLAND_ALTMAN_ANALYSIS, nullptr, true},
+                                           .progress = "Bland and Altman analysis...",
+                                           .write = Bland_Altman_Analysis};
+const SectionDefinition ThresholdTableSection{.frame = {"threshold_table", ""},
+                                              .gate = {&Options::THRESHOLD_ANALYSIS},
+                                              .progress = "Threshold analysis...",
+                                              .write = WriteThresholdTable};
+const SectionDefinition DistanceAnalysisSection{.frame = {"distance_analysis", ""},
+                                                .gate = {&Options::DISTANCE_ANALYSIS},
+                                                .progress = nullptr,
+                                                .write = WriteDistanceAnalysis};
+const SectionDefinition WeighedDevianceSection{.frame = {"weighed_deviance", ""},
+                                               .gate = {&Options::WEIGHED_DEVIANCE},
+                                               .progress = nullptr,
+                                               .write = WriteWeighedDeviance};
+const SectionDefinition DeviationAnalysisSection{.frame = {"deviation_analysis", ""},
+                                                 .gate = {&Options::DEVIATION_ANALYSIS},
+                                                 .progress = "Deviation analysis...",
+                                                 .write = WriteDeviationAnalysis};
+const SectionDefinition ResidualAnalysisSection{.frame = {"residual_analysis", ""},
+                                                .gate = {&Options::RESIDUAL_ANALYSIS},
+                                                .progress = "Residual analysis...",
+                                                .write = WriteResidualAnalysis};
+const SectionDefinition HistogramPlot{.frame = {"histogram_plot", ""},
+                                      .gate = {&Options::HISTOGRAM_PLOT},
+                                      .progress = nullptr,
+                                      .write = RequestHistograms};
+const SectionDefinition ReferencesSection{.frame = {"references", ""},
+                                          .gate = {&Options::SHOW_LITERATURE},
+                                          .progress = nullptr,
+                                          .write = WriteReferences};
+const SectionDefinition ResidualPlot{.frame = {"residual_plot", ""},
+                                     .gate = {&Options::SHOW_RESIDUAL_PLOT, &Options::RESIDUAL_ANALYSIS},
+                                     .progress = "Residual plot...",
+                                     .write = RequestResidualPlot};
+const SectionDefinition DeviationPlot{.frame = {"deviation_plot", ""},
+                                      .gate = {&Options::SHOW_DEVIATION_PLOT, &Options::RESIDUAL_ANALYSIS},
+                                      .progress = "Deviation plot...",
+                                      .write = RequestDeviationPlot};
+const SectionDefinition NormalPlot{.frame = {"normal_plot", ""},
+                                   .gate = {&Options::SHOW_NORMAL_PLOT, &Options::RESIDUAL_ANALYSIS},
+                                   .progress = "Normal plot...",
+                                   .write = RequestNormalPlot};
+const SectionDefinition ResidueRegressionPlots{.frame = {"residue_regression_plots", ""},
+                                               .gate = {&Options::RESIDUAL_REGRESSION_PLOT},
+                                               .progress = nullptr,
+                                               .write = RequestResidueRegressionPlots};
+
+const SectionDefinition* const catalog[] = {
+    &RegressionSection,
+    &ParameterTestsSection,
+    &LineFamilySection,
+    &DistributionSection,
+    &MomentsSection,
+    &RobustStatisticsSection,
+    &DiverseMeasuresSection,
+    &IndexAnalysisSection,
+    &ConcordanceSection,
+    &GeneralizedConcordanceSection,
+    &RankAnalysisSection,
+    &BalanceSection,
+    &OrthogonalBalanceSection,
+    &MsepSection,
+    &MsepBootstrapSection,
+    &KleijnenSection,
+    &BlandAltmanSection,
+    &ThresholdTableSection,
+    &DistanceAnalysisSection,
+    &WeighedDevianceSection,
+    &DeviationAnalysisSection,
+    &ResidualAnalysisSection,
+    &HistogramPlot,
+    &ReferencesSection,
+    &ResidualPlot,
+    &DeviationPlot,
+    &NormalPlot,
+    &ResidueRegressionPlots,
 };
 
 } // namespace
 
-std::span<const CatalogEntry> SectionCatalog() {
+std::span<const SectionDefinition* const> SectionCatalog() {
     return catalog;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/plot_request.h"
+#include "plots/plot_request.h"
 
 #include <cstdint>
 #include <limits>

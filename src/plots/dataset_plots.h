@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/dataset.h"
-#include "core/plot_request.h"
 #include "core/session_state.h"
+#include "plots/plot_request.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 #include "plots/histogram.h"
 
+#include "core/format/format_field.h"
 #include "core/format/format_picture.h"
 #include "core/format/numbers.h"
-#include "core/report.h"
 #include "plots/dataset_plots.h"
 #include "stats/normality.h"
 #include "stats/order.h"
@@ -32,7 +32,8 @@ std::string RangesText(double lo, double W, std::int32_t bins) {
 }
 
 std::string Normality(const char* label, std::span<const double> sample) {
-    return label + FP(10, 5, stats::ShapiroWilk(sample).P).text;
+    Field P{stats::ShapiroWilk(sample).P, 10, 5, AlignRight, true};
+    return label + FormatField(P).value_or("");
 }
 
 ChartStyle StyleOf(const AnalysisOptions& options) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/plot_request.h"
 #include "core/session_state.h"
+#include "plots/plot_request.h"
 
 #include <string>
 

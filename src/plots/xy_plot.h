@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/plot_request.h"
 #include "plots/chart_model.h"
+#include "plots/plot_request.h"
 
 namespace corvane {
 

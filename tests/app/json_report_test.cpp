@@ -4,9 +4,11 @@
 #include "evaluation/report_of.h"
 #include "support/golden.h"
 
+#include "report/text_renderer.h"
 #include <algorithm>
 #include <bit>
 #include <cmath>
+
 #include <gtest/gtest.h>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -28,7 +30,7 @@ struct FullRun : testing::Workbench {
         TickAllGates(dataset, session);
         result = Evaluate();
         EXPECT_EQ(result.end, RunEnd::Finished);
-        json = Json::parse(JsonReport({dataset, session, result, "file", fakes.dialogs.messages}));
+        json = Json::parse(JsonReport({dataset, session, result, "file", progress.messages}));
     }
     const Json& Section(const char* id) const { return json.at("sections").at(id); }
 
@@ -92,10 +94,11 @@ void ExpectSameAsReport(const Json& document, const Report& report) {
         const Strings notShown = json.at("not_shown");
         std::size_t fields = 0;
         for (const ReportLine& line : section.lines)
-            for (const auto& [words, shown, isField] : line.pieces) {
-                const auto* number = std::get_if<double>(&shown.field.value);
-                if (!isField || (shown.name.empty() && !number))
+            for (const ReportPiece& piece : line.pieces) {
+                if (!piece.field)
                     continue;
+                const ReportField& shown = *piece.field;
+                const auto* number = std::get_if<double>(&shown.field.value);
                 ++fields;
                 ASSERT_NE(shown.name, "") << section.id << ": " << line.Text();
                 const Json& value = json.at("values").at(shown.name);
@@ -150,9 +153,10 @@ TEST(JsonReport, HoldsEveryNumberOfAComparison) {
         list.Select(row, true);
     }
     list.settings.DecimalsProbability = "9"; // too many for the narrow cells
-    testing::RunFakes fakes;
+    testing::RecordingDialogs dialogs;
+    testing::RecordingFeedback feedback;
     const ComparisonResult result =
-        CompareModels(list, true, {fakes.dialogs, fakes.feedback, fakes.clock, files});
+        CompareModels(list, true, {dialogs, feedback, testing::FixedClock(), files});
     ASSERT_TRUE(result.finished) << result.fault;
     const Json json = Json::parse(JsonReport({result, true, "l.KOC", {"a message"}}));
     EXPECT_EQ(SchemaErrors(json), Strings{});
@@ -207,12 +211,16 @@ TEST(JsonReport, OptionsKeepTheirTypes) {
     }
 }
 
-TEST(JsonReport, TextsBadBytesAndUnnamedNumbers) {
+TEST(JsonReport, TextsBadBytesAndNamesThatOccurTwice) {
+    constexpr Place places[] = {
+        {"text", "", "", 6, 2}, {"long", "", "", 3, 0}, {"says", "", "", 5, 0}, {"blank", "", "", 2, 0}};
     FullRun run = Example("mtcars.KOV");
-    ReportSection& section = run.result.report.BeginSection("texts", "T\xFF");
-    section.OpenLine(F(6, 2, std::string("12")).Named("text"), F(3, 0, std::string("long")).Named("long"));
-    section.Line(F(5, 0, std::string("n/a")).Named("says"), F(2, 0, {}).Named("blank"),
-                 F(2, 0, std::string("w")));
+    ReportSection& section = run.result.report.BeginSection({"texts", "T\xFF", {places}});
+    section.Row({{"text", std::string("12")},
+                 {"long", std::string("long")},
+                 {"says", std::string("n/a")},
+                 {"blank", {}},
+                 " w"});
     run.session.CurrentDatasetName = "/d\xE9/x\xC3.KOV";
     const auto render = [&] {
         return JsonReport({run.dataset, run.session, run.result, "x\x80", {"\xED\xA0\x80"}});
@@ -224,14 +232,12 @@ TEST(JsonReport, TextsBadBytesAndUnnamedNumbers) {
     EXPECT_EQ(texts.at("not_shown"), Json{"long"});
     EXPECT_EQ(texts.at("lines"), Json{" 12.00n/a  n/a   w"});
 
-    section.Line(F(6, 2, 1.0).Named("text"));
-    EXPECT_THROW(render(), std::logic_error);
-    section.lines.back() = {};
-    section.Line(F(6, 2, 1.0));
+    section.Row({{"text", 1.0}});
     EXPECT_THROW(render(), std::logic_error);
     section.lines.pop_back();
     EXPECT_NO_THROW(render());
-    run.result.report.BeginSection("texts", "again");
+    EXPECT_THROW(section.Row({{"unknown", 1.0}}), std::logic_error);
+    run.result.report.BeginSection({"texts", "again"});
     EXPECT_THROW(render(), std::logic_error);
 }
 

@@ -8,7 +8,9 @@
 #include "support/golden.h"
 #include "support/temporary_folder.h"
 
+#include "report/text_renderer.h"
 #include <algorithm>
+
 #include <gtest/gtest.h>
 
 namespace corvane {

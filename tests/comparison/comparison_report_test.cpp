@@ -71,8 +71,8 @@ protected:
         for (const ReportSection& found : result.report.Sections())
             for (const ReportLine& line : found.lines)
                 for (const ReportPiece& piece : line.pieces)
-                    if (found.id == section && piece.isField && piece.field.name == name)
-                        return std::get<double>(piece.field.field.value);
+                    if (found.id == section && piece.field && piece.field->name == name)
+                        return std::get<double>(piece.field->field.value);
         ADD_FAILURE() << section << "." << name;
         return 0;
     }

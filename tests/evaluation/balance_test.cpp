@@ -88,8 +88,9 @@ TEST(BalanceReports, AFailedAllocationShowsTheTableOfBalanceAnalysis) {
 
 TEST(BalanceReports, ACellWhoseHundredfoldIsTooLargeTakesItsLineAway) {
     testing::Workbench bench;
-    const RunServices services = bench.fakes.Services();
-    RunState run{bench.dataset, bench.session, services};
+    RunState run{.snapshot = {bench.dataset, bench.session, {}, 0, {}},
+                 .progress = bench.progress,
+                 .sectionId = "balance"};
     run.arrays.X = {1, 2, 4};
     run.arrays.Y = {2, 1, 3};
     run.b = 1e-310; // no allocation: the tables stay as they are

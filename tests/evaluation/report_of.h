@@ -57,13 +57,17 @@ struct Workbench {
             ChangeOption(dataset, session, OptionOf(member), value);
         return *this;
     }
-    RunResult Evaluate(const std::string& residueFolder = "") {
-        return Calculate(dataset, session, fakes.Services(residueFolder));
+    /// Runs and applies what the run wants changed.
+    RunResult Evaluate(const std::string& residueFile = "") {
+        RunResult result =
+            Calculate({dataset, session, FixedClock().Now(), FixedRandom().Seed(), residueFile}, progress);
+        ApplyChanges(result.changes, dataset, session);
+        return result;
     }
 
     Dataset dataset;
     SessionState session;
-    RunFakes fakes;
+    RecordingProgress progress;
 };
 
 inline RunResult RunOfExample(const std::string& example, const Gates& gates, const Settings& settings = {}) {

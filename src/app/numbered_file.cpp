@@ -1,4 +1,4 @@
-#include "core/numbered_file.h"
+#include "app/numbered_file.h"
 
 #include "core/format/format_picture.h"
 #include "core/format/paths.h"

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "core/dataset.h"
 #include "core/evaluation_arrays.h"
-#include "core/failure.h"
-#include "core/plot_request.h"
-#include "core/report.h"
-#include "core/run_services.h"
-#include "core/session_state.h"
+#include "core/format/failure.h"
+#include "platform/progress.h"
+#include "plots/plot_request.h"
+#include "report/report.h"
+#include "run/snapshot.h"
 #include "stats/correlation.h"
 #include "stats/error_measures.h"
 #include "stats/line_family.h"
@@ -20,7 +19,9 @@
 #include <cstdint>
 #include <list>
 #include <memory>
+#include <stop_token>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -45,15 +46,22 @@ using AllocationTable = std::array<std::array<std::int32_t, 2>, 2>;
 /// What one Calculate carries from section to section. The values keep the names that the report's text uses;
 /// those that the chosen method does not compute stay 0.
 struct RunState {
-    Dataset& dataset;
-    SessionState& session;
-    const RunServices& services;
+    Snapshot snapshot; ///< The run's own: it reads the ranks and the limits that it wrote.
+    Progress& progress;
+    std::stop_token stop{};
+    Dataset& dataset = snapshot.dataset;
+    SessionState& session = snapshot.session;
+
     Report report{};
     std::vector<ReportLine> header{}; ///< The first lines of the report, which its windows may repeat.
     std::list<RunWindow> windows{};
-    std::vector<ChartRequest> plots{};   ///< In the order in which they open.
-    std::string residueFile{};           ///< Path of the residue file that the run wrote; empty: none.
-    std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
+    std::vector<ChartRequest> plots{};     ///< In the order in which they open.
+    std::string residueText{};             ///< What the residue file shall hold; empty: it is not wanted.
+    std::vector<std::string> messages{};   ///< What was told while the run went on.
+    std::vector<std::string> warnings{};   ///< What the user should know and the report does not say.
+    bool regularMethod = false;            ///< The run took the regular method in place of the weighted one.
+    bool ranked = false;                   ///< The rank columns were written.
+    std::string_view sectionId = "header"; ///< Of the section that runs.
 
     std::shared_ptr<RunColumns> columns = std::make_shared<RunColumns>();
     EvaluationArrays& arrays = columns->arrays;
@@ -82,10 +90,26 @@ struct RunState {
     /// One of the run's own arrays, for a table or a plot.
     SharedColumn Share(const std::vector<double>& array) const { return SharedColumn(columns, &array); }
 
-    /// Runs one statement; a failure in it is noted with the section that is being written.
+    /// Runs one statement; a failure in it is filed with the section that runs.
     template<class Work>
     void Statement(Work&& work) {
-        report.Current().Statement(std::forward<Work>(work));
+        if (auto reason = corvane::Statement(std::forward<Work>(work)))
+            FileFailure(std::move(*reason));
+    }
+
+    /// Files a failure with the section that runs, wherever its text goes and whether or not it has begun.
+    void FileFailure(std::string reason) {
+        for (RunWindow& window : windows)
+            if (ReportSection* section = window.content.Find(sectionId)) {
+                section->failures.push_back(std::move(reason));
+                return;
+            }
+        report.FileFailure(sectionId, std::move(reason));
+    }
+
+    void Tell(MessageStyle style, const std::string& text) {
+        messages.push_back(text);
+        progress.Tell(style, text);
     }
 
     std::vector<double> sortedX{}, sortedY{}; ///< Empty until they are asked for.

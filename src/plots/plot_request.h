@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/shared_column.h"
+#include "core/format/shared_column.h"
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "core/failure.h"
+#include "core/format/failure.h"
 
 #include "core/format/numbers.h"
 
