@@ -4,9 +4,13 @@
 
 #if CORVANE_CHARTS
 #include "charts/chart_export.h"
+#include "cli/report_clock.h"
+#include "platform/native/child_work.h"
 #endif
 
 #include <algorithm>
+#include <cstdlib>
+#include <utility>
 
 namespace corvane {
 namespace {
@@ -35,10 +39,20 @@ bool IsPictureName(const std::string& path) {
 }
 
 FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files, ChartSize size) {
-    const ChartPicture picture = RenderChart(chart, ChartFormatOf(path).value_or(ChartFormat::Svg), size);
-    FileResult saved{false, picture.failure};
-    if (picture.failure.empty())
-        saved = files.Replace(path, picture.bytes);
+    const ChartFormat format = ChartFormatOf(path).value_or(ChartFormat::Svg);
+    const auto paint = [&](std::string& bytes) -> FileResult {
+        if (SourceDate())
+            ::setenv("TZ", "UTC0", 1); // the time that Qt puts into a PDF file is longer in other zones
+        ChartPicture picture = RenderChart(chart, format, size, SourceDate());
+        bytes = std::move(picture.bytes);
+        return {picture.failure.empty(), picture.failure};
+    };
+    std::string bytes;
+    FileResult saved = DoInChild(paint, bytes); // Qt knows failures by which it ends the process
+    if (!saved.done)
+        saved.reason = "the chart could not be painted: " + saved.reason;
+    else
+        saved = files.Replace(path, bytes);
     if (!saved.done)
         saved.reason = path + ": " + saved.reason;
     return saved;
@@ -64,18 +78,21 @@ FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&, Cha
 
 #endif
 
-FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files) {
-    FileResult saved{true, {}};
-    for (std::size_t i = 0; i < charts.size() && saved.done; ++i) {
+bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files) {
+    bool allSaved = true;
+    for (std::size_t i = 0; i < charts.size(); ++i) {
         if (const std::string reason = OutOfReach(charts[i]); !reason.empty()) {
             Warn("the chart '" + charts[i].title + "' is not saved: " + reason);
             continue;
         }
         std::string path = folder + (i + 1 < 10 ? "/plot-0" : "/plot-");
         path += std::to_string(i + 1) + "-" + InFileName(charts[i].title) + ".svg";
-        saved = SaveChart(charts[i], path, files);
+        if (const FileResult saved = SaveChart(charts[i], path, files); !saved.done) {
+            Fail(saved.reason);
+            allSaved = false;
+        }
     }
-    return saved;
+    return allSaved;
 }
 
 } // namespace corvane
