@@ -12,6 +12,7 @@
 #include "plots/create_chart.h"
 
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -28,7 +29,7 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
 }
 
 /// Every chart that the run opened; those that cannot be painted are named.
-ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files) {
+ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files) try {
     if (!result.plots.empty() && !HasCharts()) {
         Fail(std::to_string(result.plots.size()) + " charts are not saved: this corvane was built without");
         return ExitDone;
@@ -37,6 +38,8 @@ ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore
     for (const ChartRequest& request : result.plots)
         charts.push_back(CreateChart(request));
     return SaveCharts(charts, folder, files) ? ExitDone : ExitFailed;
+} catch (const std::bad_alloc&) {
+    return Fail("there is not enough memory for the charts");
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "platform/native/child_work.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -7,6 +8,7 @@
 #include <exception>
 #include <fcntl.h>
 #include <new>
+#include <optional>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <system_error>
@@ -15,8 +17,8 @@
 namespace corvane {
 namespace {
 
-// The pipe carries whatever the work writes on standard error, then its bytes or its reason, then the length
-// of those; the child's exit tells which of the two they are.
+// The pipe carries whatever the work writes on standard error; then the pieces, or the reason as the only
+// one; then their lengths and their number. The child's exit tells pieces from a reason.
 using Length = std::uint64_t;
 
 bool WriteAll(int descriptor, const char* bytes, std::size_t count) {
@@ -32,27 +34,35 @@ bool WriteAll(int descriptor, const char* bytes, std::size_t count) {
     return true;
 }
 
-[[noreturn]] void EndChild(int descriptor, const std::string& content, bool done) {
-    const Length length = content.size();
-    std::array<char, sizeof length> trailer{};
-    std::memcpy(trailer.data(), &length, sizeof length);
-    const bool written = WriteAll(descriptor, content.data(), content.size()) &&
-                         WriteAll(descriptor, trailer.data(), trailer.size());
+bool WriteLength(int descriptor, std::size_t count) {
+    const Length length = count;
+    std::array<char, sizeof length> bytes{};
+    std::memcpy(bytes.data(), &length, sizeof length);
+    return WriteAll(descriptor, bytes.data(), bytes.size());
+}
+
+[[noreturn]] void EndChild(int descriptor, const Pieces& pieces, bool done) {
+    bool written = true;
+    for (const std::string& piece : pieces)
+        written = written && WriteAll(descriptor, piece.data(), piece.size());
+    for (const std::string& piece : pieces)
+        written = written && WriteLength(descriptor, piece.size());
+    written = written && WriteLength(descriptor, pieces.size());
     ::_exit(done && written ? 0 : 1); // the streams' buffers are the parent's to write
 }
 
-[[noreturn]] void RunChild(const std::function<FileResult(std::string&)>& work, int descriptor) {
+[[noreturn]] void RunChild(const std::function<FileResult(Pieces&)>& work, int descriptor) {
     const rlimit noCore{0, 0};
     ::setrlimit(RLIMIT_CORE, &noCore);
     ::dup2(descriptor, STDERR_FILENO);
-    std::string bytes;
+    Pieces pieces;
     try {
-        const FileResult result = work(bytes);
-        EndChild(descriptor, result.done ? bytes : result.reason, result.done);
+        const FileResult result = work(pieces);
+        EndChild(descriptor, result.done ? pieces : Pieces{result.reason}, result.done);
     } catch (const std::bad_alloc&) {
-        EndChild(descriptor, "there is not enough memory", false);
+        EndChild(descriptor, {"there is not enough memory"}, false);
     } catch (const std::exception& error) {
-        EndChild(descriptor, error.what(), false);
+        EndChild(descriptor, {error.what()}, false);
     }
 }
 
@@ -69,16 +79,31 @@ std::string ReadAll(int descriptor) {
     }
 }
 
-/// Leaves what lies between the chatter and the length. False where the child did not come that far.
-bool TakeContent(std::string& stream) {
+std::optional<Length> TakeLength(std::string& stream) {
     Length length = 0;
     if (stream.size() < sizeof length)
-        return false;
+        return std::nullopt;
     std::memcpy(&length, stream.data() + stream.size() - sizeof length, sizeof length);
     stream.resize(stream.size() - sizeof length);
-    if (length > stream.size())
+    return length;
+}
+
+/// Takes the pieces from the stream's end. False where the child did not come that far.
+bool TakePieces(std::string& stream, Pieces& pieces) {
+    const auto count = TakeLength(stream);
+    if (!count || *count > stream.size() / sizeof(Length))
         return false;
-    stream.erase(0, stream.size() - static_cast<std::size_t>(length));
+    std::vector<Length> lengths(static_cast<std::size_t>(*count));
+    for (Length& length : lengths)
+        length = TakeLength(stream).value_or(0);
+    for (const Length length : lengths) { // the last one first
+        if (length > stream.size())
+            return false;
+        const std::size_t start = stream.size() - static_cast<std::size_t>(length);
+        pieces.push_back(stream.substr(start));
+        stream.resize(start);
+    }
+    std::reverse(pieces.begin(), pieces.end());
     return true;
 }
 
@@ -98,7 +123,7 @@ FileResult SystemFailure() {
 
 } // namespace
 
-FileResult DoInChild(const std::function<FileResult(std::string&)>& work, std::string& bytes) {
+FileResult DoInChild(const std::function<FileResult(Pieces&)>& work, Pieces& pieces) {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0)
         return SystemFailure();
@@ -109,9 +134,9 @@ FileResult DoInChild(const std::function<FileResult(std::string&)>& work, std::s
     }
     const FileResult unstarted = SystemFailure();
     ::close(ends[1]);
-    bytes.clear();
+    std::string stream;
     if (child > 0)
-        bytes = ReadAll(ends[0]);
+        stream = ReadAll(ends[0]);
     ::close(ends[0]);
     if (child < 0)
         return unstarted;
@@ -121,9 +146,12 @@ FileResult DoInChild(const std::function<FileResult(std::string&)>& work, std::s
         if (errno != EINTR)
             return SystemFailure();
     const bool ended = WIFEXITED(status) && WEXITSTATUS(status) <= 1;
-    if (!ended || !TakeContent(bytes))
-        return Ended(status, bytes);
-    return WEXITSTATUS(status) == 0 ? FileResult{true, {}} : FileResult{false, bytes};
+    pieces.clear();
+    if (!ended || !TakePieces(stream, pieces))
+        return Ended(status, stream);
+    if (WEXITSTATUS(status) == 0)
+        return {true, {}};
+    return pieces.empty() ? Ended(status, stream) : FileResult{false, pieces.front()};
 }
 
 } // namespace corvane
