@@ -123,7 +123,8 @@ void Session::CalculateAction() {
         windows.push_back({opened.caption + DatasetTitle(state), opened.content.Text()});
     if (!result.residueFile.empty())
         services.editor.Open(result.residueFile);
-    ResultsWindow& window = windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
+    ResultsWindow& window =
+        windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
     if (batch.BatchRun)
         ActInBatch(window);
     plots.insert(plots.end(), result.plots.begin(), result.plots.end());
@@ -134,8 +135,10 @@ void Session::CalculateAction() {
 void Session::ActInBatch(ResultsWindow& window) {
     if (batch.BatchSave) {
         std::string path;
-        // A folder that cannot be written leaves no file and, in a batch, no message.
-        if (SaveUnderNumber(window, batch.BatchPath, ForResults(), path).done && batch.BatchShow)
+        const FileResult saved = SaveUnderNumber(window, batch.BatchPath, ForResults(), path);
+        if (!saved.done)
+            notSaved.push_back(path + ": the results are not saved: " + saved.reason);
+        else if (batch.BatchShow)
             services.editor.Open(path);
     }
     if (batch.BatchPrint)

@@ -12,7 +12,7 @@
 #include "plots/create_chart.h"
 
 #include <filesystem>
-#include <iostream>
+#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -28,20 +28,18 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
     return ExitFailed;
 }
 
-/// Every window and chart that the run opened.
-FileResult SaveAll(const std::string& folder, const RunResult& result, FileStore& files) {
-    FileResult saved = SaveWindows(folder, result, files);
-    if (!saved.done || result.plots.empty())
-        return saved;
-    if (!HasCharts()) {
-        std::cerr << "corvane: " << result.plots.size()
-                  << " charts are not saved: this corvane was built without\n";
-        return saved;
+/// Every chart that the run opened; those that cannot be painted are named.
+ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files) try {
+    if (!result.plots.empty() && !HasCharts()) {
+        Fail(std::to_string(result.plots.size()) + " charts are not saved: this corvane was built without");
+        return ExitDone;
     }
     std::vector<ChartModel> charts;
     for (const ChartRequest& request : result.plots)
         charts.push_back(CreateChart(request));
-    return SaveCharts(charts, folder, files);
+    return SaveCharts(charts, folder, files) ? ExitDone : ExitFailed;
+} catch (const std::bad_alloc&) {
+    return Fail("there is not enough memory for the charts");
 }
 
 } // namespace
@@ -85,16 +83,20 @@ ExitCode RunCalc(const CalcRequest& request) {
         dialogs.Warn(request.data, warning);
     if (request.outFolder.empty() && request.jsonFile.empty())
         for (const RunWindow& window : result.windows)
-            std::cerr << "corvane: " << request.data << ": " << window.name
-                      << ".txt has a window of its own and is not printed here; --out DIR saves it"
-                      << (window.name == "residue" ? ", --set RESIDUE_WINDOW=0 prints it" : "") << '\n';
+            WriteErrorLine("corvane: " + request.data + ": " + window.name +
+                           ".txt has a window of its own and is not printed here; --out DIR saves it" +
+                           (window.name == "residue" ? ", --set RESIDUE_WINDOW=0 prints it" : ""));
 
-    if (!request.outFolder.empty())
-        if (const FileResult saved = SaveAll(request.outFolder, result, files); !saved.done)
+    ExitCode charts = ExitDone;
+    if (!request.outFolder.empty()) {
+        if (const FileResult saved = SaveWindows(request.outFolder, result, files); !saved.done)
             return Fail(saved.reason);
+        charts = SavePlots(request.outFolder, result, files);
+    }
     const std::string json =
         request.jsonFile.empty() ? "" : JsonReport({dataset, session, result, request.data, dialogs.texts});
-    return PrintReport(result.report, request.jsonFile, json, files);
+    const ExitCode printed = PrintReport(result.report, request.jsonFile, json, files);
+    return printed == ExitDone ? charts : printed;
 }
 
 } // namespace corvane

@@ -18,7 +18,7 @@ bool IsPictureName(const std::string& path);
 FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files, ChartSize size = {});
 
 /// Paints the charts into "plot-01-Title.svg" and so on in a folder; of one whose values cannot be drawn, a
-/// warning tells.
-FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files);
+/// warning tells. Whether the others were saved; of each that was not, standard error tells why.
+bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files);
 
 } // namespace corvane

@@ -7,7 +7,6 @@
 #include "files/dataset_reader.h"
 
 #include <filesystem>
-#include <iostream>
 
 namespace corvane {
 
@@ -17,17 +16,17 @@ void KeptMessages::ShowMessage(MessageStyle style, const std::string& text, cons
 }
 
 void KeptMessages::Warn(const std::string& file, const std::string& warning) {
-    std::cerr << "corvane: warning: " << file << (file.empty() ? "" : ": ") << warning << '\n';
+    corvane::Warn(file + (file.empty() ? "" : ": ") + warning);
     texts.push_back(warning);
 }
 
 ExitCode Fail(const std::string& what) {
-    std::cerr << "corvane: " << what << '\n';
+    WriteErrorLine("corvane: " + what);
     return ExitFailed;
 }
 
 void Warn(const std::string& what) {
-    std::cerr << "corvane: warning: " + what + '\n'; // one write for each of many
+    WriteErrorLine("corvane: warning: " + what);
 }
 
 std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
@@ -47,7 +46,7 @@ std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState&
             if (messages)
                 messages->push_back(table.Located(warning));
         }
-        std::cerr << "corvane: " << table.Located({0, table.summary}) << '\n';
+        WriteErrorLine("corvane: " + table.Located({0, table.summary}));
         if (messages)
             messages->push_back(table.Located({0, table.summary}));
         return {};
@@ -79,15 +78,14 @@ std::string MakeFolder(const std::string& folder) {
 ExitCode PrintReport(const Report& report, const std::string& jsonFile, const std::string& json,
                      FileStore& files) {
     if (jsonFile == StandardOutput) {
-        std::cout << json;
+        WriteOutput(json);
     } else {
         if (!jsonFile.empty())
             if (const FileResult written = files.Replace(jsonFile, json); !written.done)
                 return Fail(jsonFile + ": " + written.reason);
-        report.Write([](std::string_view part) { std::cout << part; }, "\n");
+        report.Write(WriteOutput, "\n");
     }
-    std::cout << std::flush;
-    return std::cout ? ExitDone : Fail("the report could not be written to standard output");
+    return EndOutput() ? ExitDone : Fail("the report could not be written to standard output");
 }
 
 } // namespace corvane

@@ -3,6 +3,7 @@
 #include "analyses/rank_analysis.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
+#include "cli/report_clock.h"
 #include "platform/native/native_file_store.h"
 #include "plots/chart_operations.h"
 #include "plots/dataset_plots.h"
@@ -75,6 +76,8 @@ std::string Numbered(const std::string& path, std::size_t index) {
 ExitCode RunPlot(const PlotCommandRequest& request) {
     if (!HasCharts())
         return Fail("this corvane was built without charts (CORVANE_DESKTOP=OFF)");
+    if (!ReportClock()) // a PDF file holds the moment that it was made
+        return Fail(WrongEpochMessage);
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
@@ -94,12 +97,13 @@ ExitCode RunPlot(const PlotCommandRequest& request) {
         if (!request.force && std::filesystem::exists(path, error))
             return Fail(path + " exists; --force replaces it");
     }
+    ExitCode exit = ExitDone;
     for (std::size_t i = 0; i < charts.size(); ++i)
         if (const FileResult saved =
                 SaveChart(charts[i], Numbered(request.outputFile, i), files, request.size);
             !saved.done)
-            return Fail(saved.reason);
-    return ExitDone;
+            exit = Fail(saved.reason);
+    return exit;
 }
 
 } // namespace corvane

@@ -8,7 +8,6 @@
 #include "platform/native/native_file_store.h"
 
 #include <filesystem>
-#include <iostream>
 
 namespace corvane {
 namespace {
@@ -40,9 +39,12 @@ ExitCode RunImport(const ImportRequest& request) {
         Warn(outcome.Located(warning));
     const ExitCode exit = WriteResult(request.table, request.outputFile, EncodeText(DatasetFileText(dataset)),
                                       request.force, files);
-    if (exit == ExitDone && !(std::cout << request.table << ": " << outcome.summary << std::endl))
+    if (exit != ExitDone)
+        return exit;
+    WriteOutput(request.table + ": " + outcome.summary + '\n');
+    if (!EndOutput())
         return Fail(request.outputFile + " is written, but standard output could not be");
-    return exit;
+    return ExitDone;
 }
 
 ExitCode RunExport(const ExportRequest& request) {
