@@ -42,7 +42,8 @@ ResultsServices Session::ForResults() const {
 }
 
 bool Session::Start(std::string_view commandLine) {
-    ReadUserSettings(dataset.options, services.settings);
+    if (const std::string fault = ReadUserSettings(dataset.options, services.settings); !fault.empty())
+        services.dialogs.ShowMessage(MessageStyle::Information, fault, "");
     WorkingFolder(services.folders);
     return !commandLine.empty() && Dispatch(commandLine);
 }
@@ -123,12 +124,14 @@ void Session::CalculateAction() {
         windows.push_back({opened.caption + DatasetTitle(state), opened.content.Text()});
     if (!result.residueFile.empty())
         services.editor.Open(result.residueFile);
-    ResultsWindow& window = windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
+    ResultsWindow& window =
+        windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
     if (batch.BatchRun)
         ActInBatch(window);
     plots.insert(plots.end(), result.plots.begin(), result.plots.end());
-    for (const std::string& warning : result.warnings)
-        services.dialogs.ShowMessage(MessageStyle::Information, warning, "");
+    for (const auto* messages : {&result.warnings, &result.notSaved})
+        for (const std::string& message : *messages)
+            services.dialogs.ShowMessage(MessageStyle::Information, message, "");
 }
 
 void Session::ActInBatch(ResultsWindow& window) {
