@@ -34,14 +34,11 @@ bool IsPictureName(const std::string& path) {
     return ChartFormatOf(path).has_value();
 }
 
-FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files, ChartSize size) {
+FileResult SaveChart(const ChartModel& chart, const std::string& path, const PictureWriter& write,
+                     ChartSize size) {
     const ChartPicture picture = RenderChart(chart, ChartFormatOf(path).value_or(ChartFormat::Svg), size);
-    FileResult saved{false, picture.failure};
-    if (picture.failure.empty())
-        saved = files.Replace(path, picture.bytes);
-    if (!saved.done)
-        saved.reason = path + ": " + saved.reason;
-    return saved;
+    return picture.failure.empty() ? write(path, picture.bytes)
+                                   : FileResult{false, path + ": " + picture.failure};
 }
 
 #else
@@ -58,22 +55,33 @@ std::string OutOfReach(const ChartModel&) {
     return {};
 }
 
-FileResult SaveChart(const ChartModel&, const std::string& path, FileStore&, ChartSize) {
+FileResult SaveChart(const ChartModel&, const std::string& path, const PictureWriter&, ChartSize) {
     return {false, path + ": this corvane was built without charts"};
 }
 
 #endif
 
-FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files) {
+FileResult SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files,
+                      std::vector<std::string>& written) {
+    const auto write = [&](const std::string& path, const std::string& bytes) {
+        FileResult saved = files.ReplaceEntry(path, [&](const auto& sink) { sink(bytes); });
+        if (!saved.done)
+            saved.reason = path + ": " + saved.reason;
+        return saved;
+    };
     FileResult saved{true, {}};
     for (std::size_t i = 0; i < charts.size() && saved.done; ++i) {
         if (const std::string reason = OutOfReach(charts[i]); !reason.empty()) {
             Warn("the chart '" + charts[i].title + "' is not saved: " + reason);
             continue;
         }
-        std::string path = folder + (i + 1 < 10 ? "/plot-0" : "/plot-");
-        path += std::to_string(i + 1) + "-" + InFileName(charts[i].title) + ".svg";
-        saved = SaveChart(charts[i], path, files);
+        std::string name = i + 1 < 10 ? "plot-0" : "plot-";
+        name += std::to_string(i + 1) + "-" + InFileName(charts[i].title) + ".svg";
+        std::string path = folder + "/";
+        path += name;
+        saved = SaveChart(charts[i], path, write);
+        if (saved.done)
+            written.push_back(name);
     }
     return saved;
 }
