@@ -71,7 +71,7 @@ void WriteFile(RunState& run, ReportSection& section, const ResidualTable& table
         return;
     }
     section.failures.push_back(path + ": " + saved.reason);
-    run.warnings.push_back("the residual listing was not saved: " + path + ": " + saved.reason);
+    run.notSaved.push_back("the residual listing was not saved: " + path + ": " + saved.reason);
 }
 
 void WriteInfluence(ReportSection& section, const ResidualTable& table, const InfluenceLimits& limits) {

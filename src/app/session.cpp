@@ -42,7 +42,8 @@ ResultsServices Session::ForResults() const {
 }
 
 bool Session::Start(std::string_view commandLine) {
-    ReadUserSettings(dataset.options, services.settings);
+    if (const std::string fault = ReadUserSettings(dataset.options, services.settings); !fault.empty())
+        services.dialogs.ShowMessage(MessageStyle::Information, fault, "");
     WorkingFolder(services.folders);
     return !commandLine.empty() && Dispatch(commandLine);
 }
@@ -128,8 +129,9 @@ void Session::CalculateAction() {
     if (batch.BatchRun)
         ActInBatch(window);
     plots.insert(plots.end(), result.plots.begin(), result.plots.end());
-    for (const std::string& warning : result.warnings)
-        services.dialogs.ShowMessage(MessageStyle::Information, warning, "");
+    for (const auto* messages : {&result.warnings, &result.notSaved})
+        for (const std::string& message : *messages)
+            services.dialogs.ShowMessage(MessageStyle::Information, message, "");
 }
 
 void Session::ActInBatch(ResultsWindow& window) {

@@ -4,6 +4,7 @@
 #include "app/saved_windows.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
+#include "cli/output_guard.h"
 #include "cli/report_clock.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
@@ -11,7 +12,6 @@
 #include "platform/native/seeds.h"
 #include "plots/create_chart.h"
 
-#include <filesystem>
 #include <new>
 #include <optional>
 #include <utility>
@@ -29,7 +29,8 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
 }
 
 /// Every chart that the run opened; those that cannot be painted are named.
-ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files) try {
+ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files,
+                   std::vector<std::string>& written) try {
     if (!result.plots.empty() && !HasCharts()) {
         Fail(std::to_string(result.plots.size()) + " charts are not saved: this corvane was built without");
         return ExitDone;
@@ -37,14 +38,27 @@ ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore
     std::vector<ChartModel> charts;
     for (const ChartRequest& request : result.plots)
         charts.push_back(CreateChart(request));
-    return SaveCharts(charts, folder, files) ? ExitDone : ExitFailed;
+    return SaveCharts(charts, folder, files, written) ? ExitDone : ExitFailed;
 } catch (const std::bad_alloc&) {
     return Fail("there is not enough memory for the charts");
 }
 
-} // namespace
+/// Saves what --out asks for and says what else is there.
+ExitCode SaveInFolder(const CalcRequest& request, const RunResult& result, KeptMessages& messages,
+                      FileStore& files) {
+    std::vector<std::string> written;
+    if (request.outFolder.empty())
+        return ExitDone;
+    if (const FileResult saved = SaveWindows(request.outFolder, result, files, written); !saved.done) {
+        messages.texts.push_back(saved.reason);
+        return Fail(saved.reason);
+    }
+    const ExitCode charts = SavePlots(request.outFolder, result, files, written);
+    TellOldFiles(request.outFolder, written);
+    return charts;
+}
 
-ExitCode RunCalc(const CalcRequest& request) {
+ExitCode Evaluate(const CalcRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
@@ -52,14 +66,14 @@ ExitCode RunCalc(const CalcRequest& request) {
     if (!clock)
         return Fail(WrongEpochMessage);
 
-    std::error_code error;
     std::vector<std::string> messages;
     if (const std::string fault = OpenDataset(request.data, dataset, session, files, &messages);
         !fault.empty())
         return Fail(fault);
-    if (request.jsonFile != StandardOutput &&
-        std::filesystem::equivalent(request.data, request.jsonFile, error))
-        return Fail("--json " + request.jsonFile + " would replace the dataset");
+    OutputGuard guard;
+    guard.Read(request.data, "the dataset");
+    if (const std::string fault = ClaimOutputs(request.outFolder, request.jsonFile, guard); !fault.empty())
+        return Fail(fault);
     if (request.all)
         TickAllGates(dataset, session);
     if (const std::string fault = ApplyAssignments(request.assignments, dataset, session); !fault.empty())
@@ -86,17 +100,21 @@ ExitCode RunCalc(const CalcRequest& request) {
             WriteErrorLine("corvane: " + request.data + ": " + window.name +
                            ".txt has a window of its own and is not printed here; --out DIR saves it" +
                            (window.name == "residue" ? ", --set RESIDUE_WINDOW=0 prints it" : ""));
+    for (const std::string& failure : result.notSaved)
+        dialogs.Fail(request.data, failure);
 
-    ExitCode charts = ExitDone;
-    if (!request.outFolder.empty()) {
-        if (const FileResult saved = SaveWindows(request.outFolder, result, files); !saved.done)
-            return Fail(saved.reason);
-        charts = SavePlots(request.outFolder, result, files);
-    }
+    // The report comes even where a file of the run could not be written.
+    const ExitCode saved = SaveInFolder(request, result, dialogs, files);
     const std::string json =
         request.jsonFile.empty() ? "" : JsonReport({dataset, session, result, request.data, dialogs.texts});
     const ExitCode printed = PrintReport(result.report, request.jsonFile, json, files);
-    return printed == ExitDone ? charts : printed;
+    return !result.notSaved.empty() || saved != ExitDone ? ExitFailed : printed;
+}
+
+} // namespace
+
+ExitCode RunCalc(const CalcRequest& request) {
+    return WithinMemory(request.data, [&] { return Evaluate(request); });
 }
 
 } // namespace corvane

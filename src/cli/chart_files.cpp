@@ -86,38 +86,42 @@ FileResult Paint(std::span<const ChartModel>, ChartFormat, ChartSize, std::vecto
 
 #endif
 
-FileResult SaveChart(const ChartModel& chart, const std::string& path, FileStore& files, ChartSize size) {
+FileResult SaveChart(const ChartModel& chart, const std::string& path, const PictureWriter& write,
+                     ChartSize size) {
     std::vector<std::string> pictures;
-    FileResult saved = Paint({&chart, 1}, ChartFormatOf(path).value_or(ChartFormat::Svg), size, pictures);
-    if (saved.done)
-        saved = files.Replace(path, pictures.front());
-    if (!saved.done)
-        saved.reason = path + ": " + saved.reason;
-    return saved;
+    const FileResult painted =
+        Paint({&chart, 1}, ChartFormatOf(path).value_or(ChartFormat::Svg), size, pictures);
+    return painted.done ? write(path, pictures.front()) : FileResult{false, path + ": " + painted.reason};
 }
 
-bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files) {
+bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files,
+                std::vector<std::string>& written) {
+    const auto write = [&](const std::string& path, const std::string& bytes) {
+        FileResult saved = files.ReplaceEntry(path, [&](const auto& sink) { sink(bytes); });
+        if (!saved.done)
+            saved.reason = path + ": " + saved.reason;
+        return saved;
+    };
     std::vector<ChartModel> drawable;
-    std::vector<std::string> paths, pictures;
+    std::vector<std::string> names, pictures;
     for (std::size_t i = 0; i < charts.size(); ++i) {
         if (const std::string reason = OutOfReach(charts[i]); !reason.empty()) {
             Warn("the chart '" + charts[i].title + "' is not saved: " + reason);
             continue;
         }
         drawable.push_back(charts[i]);
-        paths.push_back(folder + (i + 1 < 10 ? "/plot-0" : "/plot-") + std::to_string(i + 1) + "-" +
+        names.push_back((i + 1 < 10 ? "plot-0" : "plot-") + std::to_string(i + 1) + "-" +
                         InFileName(charts[i].title) + ".svg");
     }
     // Together they are painted faster; where that fails, each alone shows which can be painted.
     const bool painted = !drawable.empty() && Paint(drawable, ChartFormat::Svg, {}, pictures).done;
     bool allSaved = true;
     for (std::size_t i = 0; i < drawable.size(); ++i) {
-        FileResult saved;
-        if (!painted)
-            saved = SaveChart(drawable[i], paths[i], files);
-        else if (saved = files.Replace(paths[i], pictures[i]); !saved.done)
-            saved.reason = paths[i] + ": " + saved.reason;
-        if (!saved.done)
+        const std::string path = folder + "/" + names[i];
+        const FileResult saved = painted ? write(path, pictures[i]) : SaveChart(drawable[i], path, write, {});
+        if (saved.done)
+            written.push_back(names[i]);
+        else
             Fail(saved.reason);
         allSaved = allSaved && saved.done;
     }

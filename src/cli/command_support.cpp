@@ -1,11 +1,13 @@
 #include "cli/command_support.h"
 
 #include "app/option_assignments.h"
+#include "app/run_folder.h"
 #include "core/format/text_lists.h"
 #include "core/grid_operations.h"
 #include "files/csv_import.h"
 #include "files/dataset_reader.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace corvane {
@@ -13,6 +15,11 @@ namespace corvane {
 void KeptMessages::ShowMessage(MessageStyle style, const std::string& text, const std::string& title) {
     texts.push_back(text);
     TerminalDialogs::ShowMessage(style, text, title);
+}
+
+void KeptMessages::Fail(const std::string& file, const std::string& failure) {
+    WriteErrorLine("corvane: " + file + ": " + failure);
+    texts.push_back(failure);
 }
 
 void KeptMessages::Warn(const std::string& file, const std::string& warning) {
@@ -67,6 +74,26 @@ std::string ApplyAssignments(const std::vector<std::string>& assignments, Datase
         if (const auto wrong = AssignOption(dataset, session, assignment))
             return "--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong;
     return {};
+}
+
+std::string ExistsMessage(const std::string& path) {
+    return path + " exists; --force replaces it";
+}
+
+FileResult WriteOutputFile(const std::string& path, const std::string& bytes, bool force, FileStore& files) {
+    FileResult written = force ? files.Replace(path, bytes) : files.Create(path, bytes);
+    if (!written.done)
+        written.reason = written.taken ? ExistsMessage(path) : path + ": " + written.reason;
+    return written;
+}
+
+void TellOldFiles(const std::string& folder, const std::vector<std::string>& written) {
+    std::string old;
+    for (const std::string& name : SavedNames(folder))
+        if (std::ranges::find(written, name) == written.end())
+            old += (old.empty() ? "" : ", ") + name;
+    if (!old.empty())
+        WriteErrorLine("corvane: " + folder + ": left from an earlier run: " + old);
 }
 
 std::string MakeFolder(const std::string& folder) {

@@ -54,6 +54,7 @@ struct RunState {
     std::vector<ChartRequest> plots{};   ///< In the order in which they open.
     std::string residueFile{};           ///< Path of the residue file that the run wrote; empty: none.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
+    std::vector<std::string> notSaved{}; ///< Which file that the run should write could not be, and why.
 
     std::shared_ptr<RunColumns> columns = std::make_shared<RunColumns>();
     EvaluationArrays& arrays = columns->arrays;

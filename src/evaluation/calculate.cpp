@@ -94,10 +94,10 @@ RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& 
     SetDeviationConfidence(run);
     WriteSections(run, services.feedback);
     services.feedback.HideProgress();
-    return {RunEnd::Finished,       rows,
-            std::move(run.report),  std::move(run.windows),
-            std::move(run.plots),   std::move(run.residueFile),
-            std::move(run.warnings)};
+    return {RunEnd::Finished,        rows,
+            std::move(run.report),   std::move(run.windows),
+            std::move(run.plots),    std::move(run.residueFile),
+            std::move(run.warnings), std::move(run.notSaved)};
 }
 
 } // namespace corvane

@@ -23,6 +23,7 @@ struct RunResult {
     std::vector<ChartRequest> plots{};
     std::string residueFile{};           ///< The residue file that was written; empty: none.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
+    std::vector<std::string> notSaved{}; ///< Which file that the run should write could not be, and why.
 };
 
 inline constexpr const char* IdenticalValuesMessage = "X and Y values are identical. Computation halted!";
@@ -30,7 +31,8 @@ inline constexpr const char* NoMethodMessage = "No option for regression is sele
 
 /// The Calculate action: selects the rows, corrects the regression method where the uncertainties do not
 /// allow the weighted one (which changes the option itself), fits, and writes every section whose gate is
-/// set. Messages go to the dialogs, all before there is a report; warnings are the caller's to show.
+/// set. Messages go to the dialogs, all before there is a report; warnings, and what was not
+/// saved, are the caller's to show.
 RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& services);
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #include "support/program.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace corvane {
@@ -29,6 +30,18 @@ TEST(PlotCommand, PaintsIntoFilesAndReplacesNoneUnasked) {
     EXPECT_EQ(separate.exit, 0) << separate.err;
     for (const char* name : {"h.pdf", "h-2.pdf", "h-3.pdf"})
         EXPECT_EQ(folder.Read(name).substr(0, 5), "%PDF-") << name;
+}
+
+TEST(PlotCommand, NoPictureReplacesAnother) {
+    const testing::ProgramFolder folder;
+    const std::string histogram =
+        "$corvane plot $examples/mtcars.KOV histogram --set HIST_PLOT_DIFFERENCE=1 ";
+    const Ran linked = folder.Run("touch a.svg; ln -s a.svg a-2.svg; " + histogram + "--force -o a.svg");
+    EXPECT_EQ(linked.exit, 1);
+    EXPECT_EQ(linked.err, "corvane: -o a-2.svg would replace the file of -o a.svg\n");
+    EXPECT_EQ(folder.Read("a.svg"), "");
+    std::string exits = folder.RunSix("$corvane plot $examples/mtcars.KOV scatter -o six.svg").out;
+    EXPECT_EQ(std::ranges::count(exits, '0'), 1) << exits;
 }
 
 TEST(PlotCommand, RefusesWithOneClearLine) {

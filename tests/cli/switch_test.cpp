@@ -117,7 +117,7 @@ TEST_F(Switches, AFullDiskLeavesNoPartOfAFile) {
     const Ran calc =
         folder.Run("export corvane; " + inTmpfs +
                    "$corvane calc d.KOV --set SHOW_LITERATURE=1 --out full; echo $?; ls -A full'");
-    EXPECT_EQ(calc.out, "1\nx\n");
+    EXPECT_TRUE(calc.out.starts_with("KOV v.") && calc.out.ends_with("\n1\nx\n")) << calc.out;
     EXPECT_NE(calc.err.find("full/results.txt: No space left on device"), std::string::npos);
 }
 

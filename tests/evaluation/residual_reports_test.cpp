@@ -109,7 +109,8 @@ TEST_F(ResidualReports, AFileThatCannotBeWritten) {
                                    "Residue calculation saved in file:/locked/Residue0000.TXT\r\n\r\n" +
                                    whole.substr(behind, rule - behind));
     EXPECT_EQ(refused.residueFile, "");
-    EXPECT_TRUE(Has(refused.warnings.at(0), "/locked/Residue0000.TXT: Permission denied"));
+    EXPECT_EQ(refused.warnings, Strings{});
+    EXPECT_TRUE(Has(refused.notSaved.at(0), "/locked/Residue0000.TXT: Permission denied"));
     EXPECT_EQ(refused.report.Sections().back().failures.size(), 1U);
 }
 
