@@ -5,6 +5,19 @@
 #include <utility>
 
 namespace corvane {
+namespace {
+
+constexpr const char* residualSection = "residual_analysis";
+
+/// The report that holds the residual section.
+Report& ResidualReport(RunResult& result) {
+    for (RunWindow& window : result.windows)
+        if (window.content.Find(residualSection))
+            return window.content;
+    return result.report;
+}
+
+} // namespace
 
 Calculation::Calculation(const Dataset& dataset, const SessionState& session, const Clock& clock,
                          Random& random, FileStore& fileStore, const std::string& residueFolder)
@@ -30,11 +43,13 @@ void Calculation::SaveResidueFile(RunResult& result) {
     if (result.residueText.empty())
         return;
     const FileResult saved = files.Replace(snapshot.residueFile, result.residueText);
-    if (saved.done)
+    if (saved.done) {
         residueFile = snapshot.residueFile;
-    else
-        result.warnings.push_back("the residual listing was not saved: " + snapshot.residueFile + ": " +
-                                  saved.reason);
+        return;
+    }
+    const std::string reason = snapshot.residueFile + ": " + saved.reason;
+    ResidualReport(result).FileFailure(residualSection, reason);
+    result.notSaved.push_back("the residual listing was not saved: " + reason);
 }
 
 } // namespace corvane

@@ -27,7 +27,7 @@ public:
     /// Runs, once. The document may change meanwhile.
     RunResult Run(Progress& progress, const std::stop_token& stop = {});
 
-    /// Writes the residue file, if the run has one. What cannot be saved is told in `result.warnings`.
+    /// Writes the residue file, if the run has one. What cannot be saved is told in `result.notSaved`.
     void SaveResidueFile(RunResult& result);
 
     /// The residue file that was written; empty: none.

@@ -44,7 +44,8 @@ ResultsServices Session::ForResults() const {
 }
 
 bool Session::Start(std::string_view commandLine) {
-    ReadUserSettings(dataset.options, services.settings);
+    if (const std::string fault = ReadUserSettings(dataset.options, services.settings); !fault.empty())
+        services.dialogs.ShowMessage(MessageStyle::Information, fault, "");
     WorkingFolder(services.folders);
     return !commandLine.empty() && Dispatch(commandLine);
 }
@@ -134,15 +135,18 @@ void Session::CalculateAction() {
     if (batch.BatchRun)
         ActInBatch(window);
     plots.insert(plots.end(), result.plots.begin(), result.plots.end());
-    for (const std::string& warning : result.warnings)
-        services.dialogs.ShowMessage(MessageStyle::Information, warning, "");
+    for (const auto* messages : {&result.warnings, &result.notSaved})
+        for (const std::string& message : *messages)
+            services.dialogs.ShowMessage(MessageStyle::Information, message, "");
 }
 
 void Session::ActInBatch(ResultsWindow& window) {
     if (batch.BatchSave) {
         std::string path;
-        // A folder that cannot be written leaves no file and, in a batch, no message.
-        if (SaveUnderNumber(window, batch.BatchPath, ForResults(), path).done && batch.BatchShow)
+        const FileResult saved = SaveUnderNumber(window, batch.BatchPath, ForResults(), path);
+        if (!saved.done)
+            notSaved.push_back(path + ": the results are not saved: " + saved.reason);
+        else if (batch.BatchShow)
             services.editor.Open(path);
     }
     if (batch.BatchPrint)

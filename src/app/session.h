@@ -52,7 +52,7 @@ public:
     bool Start(std::string_view commandLine);
 
     /// Carries a switch line out, at the start or when a later process hands it over. Failures pass in
-    /// silence; a missing file skips its step. True: the program shall end now.
+    /// silence but for `NotSaved`; a missing file skips its step. True: the program shall end now.
     bool Dispatch(std::string_view commandLine);
 
     /// Opens a dataset; on an old version the message of a refused file comes, other failures leave what was
@@ -75,6 +75,9 @@ public:
     /// The plots that runs asked for, oldest first.
     const std::vector<ChartRequest>& Plots() const { return plots; }
     const Dataset& CurrentDataset() const { return dataset; }
+    /// What switch lines could not save, each with its reason, oldest first. It is for standard error and
+    /// never for a box.
+    const std::vector<std::string>& NotSaved() const { return notSaved; }
     const BatchState& Batch() const { return batch; }
     /// The list of the comparison's window.
     ComparisonList& Comparison() { return comparison; }
@@ -89,6 +92,7 @@ private:
     BatchState batch;
     std::list<ResultsWindow> windows;
     std::vector<ChartRequest> plots;
+    std::vector<std::string> notSaved;
     ComparisonList comparison;
 };
 

@@ -25,12 +25,14 @@ constexpr StoredBox storedBoxes[] = {
 
 } // namespace
 
-void ReadUserSettings(AnalysisOptions& options, Settings& settings) {
-    const Settings::Values values = settings.Read(application, section);
+std::string ReadUserSettings(AnalysisOptions& options, Settings& settings) {
+    std::string fault;
+    const Settings::Values values = settings.Read(application, section, fault);
     for (const StoredBox& stored : storedBoxes)
         if (const auto found = values.find(stored.name); found != values.end())
             if (const auto value = ReadOptionValue(OptionOf(stored.box), found->second))
                 options.*stored.box = std::get<std::int16_t>(*value);
+    return fault;
 }
 
 FileResult WriteUserSettings(const AnalysisOptions& options, Settings& settings) {

@@ -7,6 +7,7 @@
 #include "plots/axis_scale.h"
 
 #include <QBuffer>
+#include <QDateTime>
 #include <QPdfWriter>
 #include <QSvgGenerator>
 #include <qcustomplot.h>
@@ -35,7 +36,20 @@ QByteArray Svg(const ChartModel& chart, QSize size) {
     return bytes;
 }
 
-QByteArray Pdf(const ChartModel& chart, QSize size) {
+/// Sets the moment in every date of a PDF file. Dates of that form are UTC; blanks keep the file's offsets.
+void SetPdfDates(QByteArray& pdf, std::int64_t moment) {
+    const QByteArray date =
+        "(D:" + QDateTime::fromSecsSinceEpoch(moment, Qt::UTC).toString("yyyyMMddHHmmss").toLatin1() + "Z)";
+    const QByteArray key = "/CreationDate ";
+    for (qsizetype at = 0; (at = pdf.indexOf(key, at)) >= 0;) {
+        at += key.size();
+        const qsizetype room = pdf.indexOf(')', at) + 1 - at;
+        if (room >= date.size())
+            pdf.replace(at, room, date.leftJustified(room, ' '));
+    }
+}
+
+QByteArray Pdf(const ChartModel& chart, QSize size, std::optional<std::int64_t> created) {
     constexpr int resolution = 1200; // the writer rounds places to its dots
     constexpr double pointsPerInch = 72;
     QByteArray bytes;
@@ -48,17 +62,20 @@ QByteArray Pdf(const ChartModel& chart, QSize size) {
     writer.setPageSize(QPageSize(QSizeF(size) * pointsPerInch / pixelsPerInch, QPageSize::Point));
     writer.setPageMargins(QMarginsF());
     PaintChartOn(writer, chart, size, resolution / pixelsPerInch);
+    if (created)
+        SetPdfDates(bytes, *created);
     return bytes;
 }
 
-QByteArray Bytes(const ChartModel& chart, ChartFormat format, QSize size) {
+QByteArray Bytes(const ChartModel& chart, ChartFormat format, QSize size,
+                 std::optional<std::int64_t> created) {
     switch (format) {
     case ChartFormat::Svg:
         return Svg(chart, size);
     case ChartFormat::Png:
         return Raster(chart, size, "PNG");
     case ChartFormat::Pdf:
-        return Pdf(chart, size);
+        return Pdf(chart, size, created);
     case ChartFormat::Bmp:
         return Raster(chart, size, "BMP");
     }
@@ -99,12 +116,13 @@ std::optional<ChartFormat> ChartFormatOf(std::string_view path) {
     return std::nullopt;
 }
 
-ChartPicture RenderChart(const ChartModel& chart, ChartFormat format, ChartSize size) {
+ChartPicture RenderChart(const ChartModel& chart, ChartFormat format, ChartSize size,
+                         std::optional<std::int64_t> created) {
     if (const std::string reason = PrepareQt(); !reason.empty())
         return {{}, reason};
     if (const std::string reason = OutOfReach(chart); !reason.empty())
         return {{}, reason};
-    const QByteArray bytes = Bytes(chart, format, {size.width, size.height});
+    const QByteArray bytes = Bytes(chart, format, {size.width, size.height}, created);
     if (bytes.isEmpty())
         return {{}, "the picture could not be made"};
     return {bytes.toStdString(), {}};

@@ -2,6 +2,7 @@
 
 #include "plots/chart_model.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,11 +17,13 @@ std::optional<ChartFormat> ChartFormatOf(std::string_view path);
 /// Why the values of a chart cannot be drawn, or "": ranges beyond 1E±250.
 std::string OutOfReach(const ChartModel& chart);
 
-/// A chart as the bytes of a picture file, or why there is none. PNG and BMP have two dots a pixel.
+/// A chart as the bytes of a picture file, or why there is none. PNG and BMP have two dots a pixel. A PDF
+/// file holds when it was made: now, or at `created`, in seconds since 1970-01-01 00:00:00 UTC.
 struct ChartPicture {
     std::string bytes;
     std::string failure; ///< Empty where the picture was made.
 };
-ChartPicture RenderChart(const ChartModel& chart, ChartFormat format, ChartSize size = {});
+ChartPicture RenderChart(const ChartModel& chart, ChartFormat format, ChartSize size = {},
+                         std::optional<std::int64_t> created = std::nullopt);
 
 } // namespace corvane

@@ -4,6 +4,8 @@
 #include <QFontMetrics>
 #include <clocale>
 #include <cstdio>
+#include <unistd.h>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -11,15 +13,28 @@ namespace {
 /// Words of Qt for its own developers, as of a runtime folder that painting does not need, are not for users.
 void PassOnFailures(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtCriticalMsg || type == QtFatalMsg)
-        std::fprintf(stderr, "corvane: %s\n", qPrintable(qFormatLogMessage(type, context, message)));
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+/// What the user tells the windows of Qt programs (a platform, a theme, a scale) is not for a painter without
+/// a window: it would change the picture or end the program.
+void PaintOffscreen() {
+    std::vector<QByteArray> variables;
+    for (char** entry = environ; *entry; ++entry) {
+        const QByteArray name = QByteArray(*entry).split('=').first();
+        if (name.startsWith("QT_") && name != "QT_PLUGIN_PATH")
+            variables.push_back(name);
+    }
+    for (const QByteArray& name : variables)
+        qunsetenv(name.constData());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
 } // namespace
 
 std::string PrepareQt() {
     if (!QCoreApplication::instance()) {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
+        PaintOffscreen();
         qInstallMessageHandler(PassOnFailures);
         static int argumentCount = 1;
         static char name[] = "corvane";

@@ -6,6 +6,7 @@
 #include "app/shown_progress.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
+#include "cli/output_guard.h"
 #include "cli/report_clock.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
@@ -13,8 +14,7 @@
 #include "platform/native/seeds.h"
 #include "plots/create_chart.h"
 
-#include <filesystem>
-#include <iostream>
+#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -30,25 +30,37 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
     return ExitFailed;
 }
 
-/// Every window and chart that the run opened.
-FileResult SaveAll(const std::string& folder, const RunResult& result, FileStore& files) {
-    FileResult saved = SaveWindows(folder, result, files);
-    if (!saved.done || result.plots.empty())
-        return saved;
-    if (!HasCharts()) {
-        std::cerr << "corvane: " << result.plots.size()
-                  << " charts are not saved: this corvane was built without\n";
-        return saved;
+/// Every chart that the run opened; those that cannot be painted are named.
+ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files,
+                   std::vector<std::string>& written) try {
+    if (!result.plots.empty() && !HasCharts()) {
+        Fail(std::to_string(result.plots.size()) + " charts are not saved: this corvane was built without");
+        return ExitDone;
     }
     std::vector<ChartModel> charts;
     for (const ChartRequest& request : result.plots)
         charts.push_back(CreateChart(request));
-    return SaveCharts(charts, folder, files);
+    return SaveCharts(charts, folder, files, written) ? ExitDone : ExitFailed;
+} catch (const std::bad_alloc&) {
+    return Fail("there is not enough memory for the charts");
 }
 
-} // namespace
+/// Saves what --out asks for and says what else is there.
+ExitCode SaveInFolder(const CalcRequest& request, const RunResult& result, KeptMessages& messages,
+                      FileStore& files) {
+    std::vector<std::string> written;
+    if (request.outFolder.empty())
+        return ExitDone;
+    if (const FileResult saved = SaveWindows(request.outFolder, result, files, written); !saved.done) {
+        messages.texts.push_back(saved.reason);
+        return Fail(saved.reason);
+    }
+    const ExitCode charts = SavePlots(request.outFolder, result, files, written);
+    TellOldFiles(request.outFolder, written);
+    return charts;
+}
 
-ExitCode RunCalc(const CalcRequest& request) {
+ExitCode Evaluate(const CalcRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
@@ -56,14 +68,14 @@ ExitCode RunCalc(const CalcRequest& request) {
     if (!clock)
         return Fail(WrongEpochMessage);
 
-    std::error_code error;
     std::vector<std::string> messages;
     if (const std::string fault = OpenDataset(request.data, dataset, session, files, &messages);
         !fault.empty())
         return Fail(fault);
-    if (request.jsonFile != StandardOutput &&
-        std::filesystem::equivalent(request.data, request.jsonFile, error))
-        return Fail("--json " + request.jsonFile + " would replace the dataset");
+    OutputGuard guard;
+    guard.Read(request.data, "the dataset");
+    if (const std::string fault = ClaimOutputs(request.outFolder, request.jsonFile, guard); !fault.empty())
+        return Fail(fault);
     if (request.all)
         TickAllGates(dataset, session);
     if (const std::string fault = ApplyAssignments(request.assignments, dataset, session); !fault.empty())
@@ -91,16 +103,24 @@ ExitCode RunCalc(const CalcRequest& request) {
         dialogs.Warn(request.data, warning);
     if (request.outFolder.empty() && request.jsonFile.empty())
         for (const RunWindow& window : result.windows)
-            std::cerr << "corvane: " << request.data << ": " << window.name
-                      << ".txt has a window of its own and is not printed here; --out DIR saves it"
-                      << (window.name == "residue" ? ", --set RESIDUE_WINDOW=0 prints it" : "") << '\n';
+            WriteErrorLine("corvane: " + request.data + ": " + window.name +
+                           ".txt has a window of its own and is not printed here; --out DIR saves it" +
+                           (window.name == "residue" ? ", --set RESIDUE_WINDOW=0 prints it" : ""));
+    for (const std::string& failure : result.notSaved)
+        dialogs.Fail(request.data, failure);
 
-    if (!request.outFolder.empty())
-        if (const FileResult saved = SaveAll(request.outFolder, result, files); !saved.done)
-            return Fail(saved.reason);
+    // The report comes even where a file of the run could not be written.
+    const ExitCode saved = SaveInFolder(request, result, dialogs, files);
     const std::string json =
         request.jsonFile.empty() ? "" : JsonReport({dataset, session, result, request.data, dialogs.texts});
-    return PrintReport(result.report, request.jsonFile, json, files);
+    const ExitCode printed = PrintReport(result.report, request.jsonFile, json, files);
+    return !result.notSaved.empty() || saved != ExitDone ? ExitFailed : printed;
+}
+
+} // namespace
+
+ExitCode RunCalc(const CalcRequest& request) {
+    return WithinMemory(request.data, [&] { return Evaluate(request); });
 }
 
 } // namespace corvane

@@ -2,6 +2,7 @@
 
 #include "cli/calc_command.h"
 #include "cli/chart_files.h"
+#include "cli/command_support.h"
 #include "cli/compare_command.h"
 #include "cli/generate_command.h"
 #include "cli/plot_command.h"
@@ -13,10 +14,10 @@
 #include "core/version.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
-#include <iostream>
 #include <limits>
-#include <regex>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,6 +33,19 @@ std::string CheckAssignment(const std::string& text) {
 
 std::string CheckNotEmpty(const std::string& text) {
     return text.empty() ? "the name is empty" : "";
+}
+
+/// One run of "#" and "0" with at most one point in it, between any other characters.
+std::string CheckPicture(const std::string& picture) {
+    constexpr std::size_t longest = 40;
+    if (CharacterCount(picture) > longest)
+        return QuotedForMessage(picture) + " is longer than the " + std::to_string(longest) +
+               " characters that a picture may have";
+    const std::size_t first = picture.find_first_of("#0."), last = picture.find_last_of("#0.");
+    const std::string run = first == std::string::npos ? "" : picture.substr(first, last - first + 1);
+    const bool fits = run.find_first_not_of("#0.") == std::string::npos &&
+                      std::ranges::count(run, '.') <= 1 && run.find_first_of("#0") != std::string::npos;
+    return fits ? "" : QuotedForMessage(picture) + " is no picture of #, 0 and one point, as 0.00";
 }
 
 /// A whole number that a `Number` can hold, in decimal digits: "010" is ten, and "0x10" none.
@@ -154,12 +168,7 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
         ->check(CLI::Range(0, 255));
     plot->add_option("--format", request.labelFormat, "Number format of the axis labels, as 0.00")
         ->type_name("PICTURE")
-        ->check([](const std::string& picture) {
-            static const std::regex form("[^#0.]*[#0]*[.]?[#0]*[^#0.]*");
-            const bool fits =
-                std::regex_match(picture, form) && picture.find_first_of("#0") != std::string::npos;
-            return fits ? std::string() : "'" + picture + "' is no picture of #, 0 and one point, as 0.00";
-        });
+        ->check(CheckPicture);
     plot->add_flag("--grid", request.grid, "Draw grid lines");
     plot->add_flag("--no-legend", request.noLegend, "Leave the legend out");
     plot->add_option("--look", request.looks,
@@ -262,6 +271,22 @@ void AddExport(CLI::App& program, ExportRequest& request) {
     AddOutput(*command, request.outputFile, request.force, ".csv");
 }
 
+/// Prints the help or the version that was asked for, or says what cannot be understood.
+ExitCode EndOfParsing(const CLI::App& program, const CLI::ParseError& error) {
+    std::ostringstream asked, faults;
+    if (program.exit(error, asked, faults) == 0) {
+        WriteOutput(asked.str());
+        return EndOutput() ? ExitDone : Fail("standard output could not be written");
+    }
+    // The fault may quote the user's words and their line ends; what follows it is the parser's own.
+    const std::string fault = error.what();
+    WriteErrorLine(fault);
+    std::istringstream advice(faults.str().substr(std::min(fault.size() + 1, faults.str().size())));
+    for (std::string line; std::getline(advice, line);)
+        WriteErrorLine(line);
+    return ExitUsage;
+}
+
 } // namespace
 
 ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
@@ -298,16 +323,13 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
     if (!subcommand && IsSwitchLine(words))
         return RunSwitchLine(words);
     for (const std::string& word : words)
-        if (!IsValidUtf8(word)) {
-            std::cerr << "corvane: an argument is no valid UTF-8: " << QuotedForMessage(FromWindows1252(word))
-                      << '\n';
-            return ExitFailed;
-        }
+        if (!IsValidUtf8(word))
+            return Fail("an argument is no valid UTF-8: " + QuotedForMessage(FromWindows1252(word)));
 
     try {
         program.parse(argumentCount, arguments);
     } catch (const CLI::ParseError& error) {
-        return program.exit(error) == 0 ? ExitDone : ExitUsage;
+        return EndOfParsing(program, error);
     }
     if (program.got_subcommand("calc"))
         return RunCalc(calc);
@@ -321,9 +343,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
         return RunImport(import);
     if (program.got_subcommand("export"))
         return RunExport(exported);
-    std::cerr << "corvane: this build has no window; to evaluate a file: corvane calc "
-              << (file.empty() ? "FILE.KOV" : file) << '\n';
-    return ExitFailed;
+    return Fail("this build has no window; to evaluate a file: corvane calc " +
+                (file.empty() ? "FILE.KOV" : file));
 }
 
 } // namespace corvane

@@ -1,13 +1,14 @@
 #include "cli/command_support.h"
 
 #include "app/option_assignments.h"
+#include "app/run_folder.h"
 #include "core/format/text_lists.h"
 #include "core/grid_operations.h"
 #include "files/csv_import.h"
 #include "files/dataset_reader.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <iostream>
 
 namespace corvane {
 
@@ -16,18 +17,23 @@ void KeptMessages::ShowMessage(MessageStyle style, const std::string& text, cons
     TerminalDialogs::ShowMessage(style, text, title);
 }
 
+void KeptMessages::Fail(const std::string& file, const std::string& failure) {
+    WriteErrorLine("corvane: " + file + ": " + failure);
+    texts.push_back(failure);
+}
+
 void KeptMessages::Warn(const std::string& file, const std::string& warning) {
-    std::cerr << "corvane: warning: " << file << (file.empty() ? "" : ": ") << warning << '\n';
+    corvane::Warn(file + (file.empty() ? "" : ": ") + warning);
     texts.push_back(warning);
 }
 
 ExitCode Fail(const std::string& what) {
-    std::cerr << "corvane: " << what << '\n';
+    WriteErrorLine("corvane: " + what);
     return ExitFailed;
 }
 
 void Warn(const std::string& what) {
-    std::cerr << "corvane: warning: " + what + '\n'; // one write for each of many
+    WriteErrorLine("corvane: warning: " + what);
 }
 
 std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
@@ -47,7 +53,7 @@ std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState&
             if (messages)
                 messages->push_back(table.Located(warning));
         }
-        std::cerr << "corvane: " << table.Located({0, table.summary}) << '\n';
+        WriteErrorLine("corvane: " + table.Located({0, table.summary}));
         if (messages)
             messages->push_back(table.Located({0, table.summary}));
         return {};
@@ -70,6 +76,26 @@ std::string ApplyAssignments(const std::vector<std::string>& assignments, Datase
     return {};
 }
 
+std::string ExistsMessage(const std::string& path) {
+    return path + " exists; --force replaces it";
+}
+
+FileResult WriteOutputFile(const std::string& path, const std::string& bytes, bool force, FileStore& files) {
+    FileResult written = force ? files.Replace(path, bytes) : files.Create(path, bytes);
+    if (!written.done)
+        written.reason = written.taken ? ExistsMessage(path) : path + ": " + written.reason;
+    return written;
+}
+
+void TellOldFiles(const std::string& folder, const std::vector<std::string>& written) {
+    std::string old;
+    for (const std::string& name : SavedNames(folder))
+        if (std::ranges::find(written, name) == written.end())
+            old += (old.empty() ? "" : ", ") + name;
+    if (!old.empty())
+        WriteErrorLine("corvane: " + folder + ": left from an earlier run: " + old);
+}
+
 std::string MakeFolder(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
@@ -79,15 +105,14 @@ std::string MakeFolder(const std::string& folder) {
 ExitCode PrintReport(const Report& report, const std::string& jsonFile, const std::string& json,
                      FileStore& files) {
     if (jsonFile == StandardOutput) {
-        std::cout << json;
+        WriteOutput(json);
     } else {
         if (!jsonFile.empty())
             if (const FileResult written = files.Replace(jsonFile, json); !written.done)
                 return Fail(jsonFile + ": " + written.reason);
-        report.Write([](std::string_view part) { std::cout << part; }, "\n");
+        report.Write(WriteOutput, "\n");
     }
-    std::cout << std::flush;
-    return std::cout ? ExitDone : Fail("the report could not be written to standard output");
+    return EndOutput() ? ExitDone : Fail("the report could not be written to standard output");
 }
 
 } // namespace corvane

@@ -7,7 +7,9 @@
 #include "platform/native/terminal.h"
 #include "report/report.h"
 
+#include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -24,6 +26,9 @@ public:
 
     /// Writes "corvane: warning: " and the warning, of a file where one is given.
     void Warn(const std::string& file, const std::string& warning);
+
+    /// Writes "corvane: ", the file and what failed although the run goes on.
+    void Fail(const std::string& file, const std::string& failure);
 
     std::vector<std::string> texts;
 };
@@ -42,6 +47,27 @@ std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState&
 /// Applies "KEY=VALUE" texts from left to right. Returns the first fault, or "".
 std::string ApplyAssignments(const std::vector<std::string>& assignments, Dataset& dataset,
                              SessionState& session);
+
+/// Runs a command's work; where memory does not suffice for it, the message names this file.
+template<class Work>
+ExitCode WithinMemory(const std::string& file, Work&& work) {
+    try {
+        return std::forward<Work>(work)();
+    } catch (const std::bad_alloc&) {
+        return Fail(file + ": " + NotEnoughMemory);
+    }
+}
+
+/// Writes the file of -o, which must be free unless `force` replaces it. On failure the reason is the
+/// message.
+FileResult WriteOutputFile(const std::string& path, const std::string& bytes, bool force, FileStore& files);
+
+/// What is said of a file of -o that is there already.
+std::string ExistsMessage(const std::string& path);
+
+/// Says which files in the folder of --out an earlier run left there: those that would bear a name of this
+/// one's and were not written.
+void TellOldFiles(const std::string& folder, const std::vector<std::string>& written);
 
 /// Makes the folder of --out, and those above it. Returns why it cannot be made, or "".
 std::string MakeFolder(const std::string& folder);

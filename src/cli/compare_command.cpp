@@ -3,6 +3,7 @@
 #include "app/json_report.h"
 #include "app/saved_windows.h"
 #include "cli/command_support.h"
+#include "cli/output_guard.h"
 #include "cli/report_clock.h"
 #include "comparison/comparison_report.h"
 #include "core/format/numbers.h"
@@ -12,7 +13,6 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <iostream>
 
 namespace corvane {
 namespace {
@@ -66,15 +66,6 @@ void ChangeSettings(const CompareRequest& request, ComparisonSettings& settings)
     }
 }
 
-/// Whether a file is one of those that the comparison reads.
-bool IsRead(const std::string& file, const CompareRequest& request, const ComparisonList& list) {
-    const auto isFile = [&](const std::string& path) {
-        std::error_code error;
-        return std::filesystem::equivalent(path, file, error);
-    };
-    return isFile(request.files.front()) || std::ranges::any_of(list.Rows(), isFile, &ListedFile::path);
-}
-
 } // namespace
 
 std::optional<std::array<std::string, 3>> ReadDecimals(const std::string& text) {
@@ -108,8 +99,12 @@ ExitCode RunCompare(const CompareRequest& request) {
     if (const std::string fault = FillList(request, list, messages, files); !fault.empty())
         return Fail(fault);
     ChangeSettings(request, list.settings);
-    if (request.jsonFile != StandardOutput && IsRead(request.jsonFile, request, list))
-        return Fail("--json " + request.jsonFile + " would replace a file of the comparison");
+    OutputGuard guard;
+    guard.Read(request.files.front(), "a file of the comparison");
+    for (const ListedFile& row : list.Rows())
+        guard.Read(row.path, "a file of the comparison");
+    if (const std::string fault = ClaimOutputs(request.outFolder, request.jsonFile, guard); !fault.empty())
+        return Fail(fault);
 
     const ComparisonResult result =
         CompareModels(list, request.references, {messages, feedback, *clock, files});
@@ -120,9 +115,12 @@ ExitCode RunCompare(const CompareRequest& request) {
     if (!request.outFolder.empty()) {
         if (const std::string fault = MakeFolder(request.outFolder); !fault.empty())
             return Fail(fault);
-        if (const FileResult saved = SaveReport(request.outFolder + "/results.txt", result.report, files);
+        std::vector<std::string> written;
+        if (const FileResult saved =
+                SaveReport(request.outFolder, "results.txt", result.report, files, written);
             !saved.done)
             return Fail(saved.reason);
+        TellOldFiles(request.outFolder, written);
     }
     const std::string koc = IsComparisonFile(request.files.front()) ? request.files.front() : "";
     const std::string json =

@@ -1,6 +1,7 @@
 #include "cli/generate_command.h"
 
 #include "cli/command_support.h"
+#include "core/format/code_page.h"
 #include "files/dataset_writer.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
@@ -15,7 +16,7 @@ namespace corvane {
 ExitCode RunGenerate(const GenerateRequest& request) {
     std::error_code error;
     if (!request.force && std::filesystem::exists(request.outputFile, error))
-        return Fail(request.outputFile + " exists; --force replaces it");
+        return Fail(ExistsMessage(request.outputFile));
     TerminalDialogs dialogs("corvane: ");
     ClockSeeds clockSeeds;
     FixedSeed userSeed(request.seed.value_or(0));
@@ -29,8 +30,10 @@ ExitCode RunGenerate(const GenerateRequest& request) {
         if (GeneratePairs(pairs, true, dataset, dialogs, random) != GenerationEnd::Written)
             return ExitFailed;
         NativeFileStore files;
-        if (const FileResult saved = SaveFile(request.outputFile, dataset, files, dialogs); !saved.done)
-            return Fail(request.outputFile + ": " + saved.reason);
+        const std::string bytes = EncodeText(DatasetFileText(dataset));
+        if (const FileResult saved = WriteOutputFile(request.outputFile, bytes, request.force, files);
+            !saved.done)
+            return Fail(saved.reason);
     } catch (const std::bad_alloc&) {
         return Fail("there is not enough memory for " + std::to_string(pairs.N) + " pairs");
     }

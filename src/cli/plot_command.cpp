@@ -3,6 +3,8 @@
 #include "analyses/rank_analysis.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
+#include "cli/output_guard.h"
+#include "cli/report_clock.h"
 #include "platform/native/native_file_store.h"
 #include "plots/chart_operations.h"
 #include "plots/dataset_plots.h"
@@ -70,11 +72,11 @@ std::string Numbered(const std::string& path, std::size_t index) {
     return index == 0 ? path : path.substr(0, dot) + "-" + std::to_string(index + 1) + path.substr(dot);
 }
 
-} // namespace
-
-ExitCode RunPlot(const PlotCommandRequest& request) {
+ExitCode Plot(const PlotCommandRequest& request) {
     if (!HasCharts())
         return Fail("this corvane was built without charts (CORVANE_DESKTOP=OFF)");
+    if (!ReportClock()) // a PDF file holds the moment that it was made
+        return Fail(WrongEpochMessage);
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
@@ -86,20 +88,34 @@ ExitCode RunPlot(const PlotCommandRequest& request) {
     std::vector<ChartModel> charts = Charts(request, dataset, session, message);
     if (charts.empty())
         return Fail(request.data + ": " + message);
+    OutputGuard guard;
+    guard.Read(request.data, "the dataset");
     for (std::size_t i = 0; i < charts.size(); ++i) {
         if (const std::string fault = Adjust(charts[i], request); !fault.empty())
             return Fail(request.data + ": " + fault);
         std::error_code error;
         const std::string path = Numbered(request.outputFile, i);
+        if (const std::string fault = guard.Claim("-o", path); !fault.empty())
+            return Fail(fault);
         if (!request.force && std::filesystem::exists(path, error))
-            return Fail(path + " exists; --force replaces it");
+            return Fail(ExistsMessage(path));
     }
+    ExitCode exit = ExitDone;
+    const auto write = [&](const std::string& path, const std::string& bytes) {
+        return WriteOutputFile(path, bytes, request.force, files);
+    };
     for (std::size_t i = 0; i < charts.size(); ++i)
         if (const FileResult saved =
-                SaveChart(charts[i], Numbered(request.outputFile, i), files, request.size);
+                SaveChart(charts[i], Numbered(request.outputFile, i), write, request.size);
             !saved.done)
-            return Fail(saved.reason);
-    return ExitDone;
+            exit = Fail(saved.reason);
+    return exit;
+}
+
+} // namespace
+
+ExitCode RunPlot(const PlotCommandRequest& request) {
+    return WithinMemory(request.data, [&] { return Plot(request); });
 }
 
 } // namespace corvane

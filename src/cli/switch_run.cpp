@@ -1,6 +1,7 @@
 #include "cli/switch_run.h"
 
 #include "app/session.h"
+#include "cli/command_support.h"
 #include "cli/report_clock.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
@@ -14,15 +15,21 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iostream>
 
 namespace corvane {
 namespace {
 
+/// "C:\..." or "\\server\...": no path of this system, but the line carries it.
+bool IsWindowsPath(std::string_view path) {
+    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    const std::string drive = UpperCase(path.substr(0, 3));
+    return path.starts_with("\\\\") || (drive.ends_with(":\\") && letters.find(drive[0]) != letters.npos);
+}
+
 /// A path as the line carries it.
 std::string ForLine(const std::string& path) {
     std::error_code error;
-    std::string absolute = std::filesystem::absolute(path, error).string();
+    std::string absolute = IsWindowsPath(path) ? path : std::filesystem::absolute(path, error).string();
     std::replace(absolute.begin(), absolute.end(), '/', '\\');
     return "\"" + absolute + "\"";
 }
@@ -32,6 +39,47 @@ bool IsPathSwitch(const std::string& argument) {
     constexpr std::string_view letters = "FLC";
     return argument.size() > 2 && argument.front() == '/' &&
            letters.find(UpperCase(argument.substr(1, 1))) != std::string_view::npos;
+}
+
+/// Takes the path of a path switch: without its double quotes, and where it has such, up to the blank outside
+/// of them that ends the line's token. `argument` keeps what follows. Nothing where a quote has no partner.
+std::optional<std::string> TakePath(std::string& argument) {
+    const bool quoted = argument.find('"') != std::string::npos;
+    std::string path;
+    bool inQuote = false;
+    std::size_t at = 2;
+    for (; at < argument.size() && !(quoted && !inQuote && argument[at] == ' '); ++at)
+        if (argument[at] == '"')
+            inQuote = !inQuote;
+        else
+            path += argument[at];
+    argument.erase(0, std::min(argument.find_first_not_of(' ', at), argument.size()));
+    return inQuote ? std::nullopt : std::optional(path);
+}
+
+/// Appends one argument to the line. False where the line cannot carry it.
+bool AppendToLine(std::string& line, std::string argument) {
+    while (!argument.empty()) {
+        line += line.empty() ? "" : " ";
+        if (FileExists(argument)) {
+            line += ForLine(argument);
+            return argument.find_first_of("\\\"") == std::string::npos;
+        }
+        if (!IsPathSwitch(argument)) {
+            // Quotes further on tell that this is a line of several switches.
+            const std::size_t end =
+                argument.find('"') == std::string::npos ? std::string::npos : argument.find(" /");
+            line += argument.substr(0, end);
+            argument.erase(0, end == std::string::npos ? end : end + 1);
+            continue;
+        }
+        const std::string letter = argument.substr(0, 2);
+        const auto path = TakePath(argument);
+        if (!path || (path->find('\\') != std::string::npos && !IsWindowsPath(*path)))
+            return false;
+        line += letter + (path->empty() ? "" : ForLine(*path));
+    }
+    return true;
 }
 
 } // namespace
@@ -50,32 +98,20 @@ bool IsSwitchLine(const std::vector<std::string>& arguments) {
 
 std::optional<std::string> MakeSwitchLine(const std::vector<std::string>& arguments, std::string& refused) {
     std::string line;
-    for (const std::string& argument : arguments) {
-        const bool isFile = FileExists(argument);
-        const bool isSwitch = !isFile && IsPathSwitch(argument);
-        if ((isFile || isSwitch) && argument.find_first_of("\\\"") != std::string::npos) {
+    for (const std::string& argument : arguments)
+        if (!AppendToLine(line, argument)) {
             refused = argument;
             return std::nullopt;
         }
-        line += line.empty() ? "" : " ";
-        if (isFile)
-            line += ForLine(argument);
-        else if (isSwitch)
-            line += argument.substr(0, 2) + ForLine(argument.substr(2));
-        else
-            line += argument;
-    }
     return line;
 }
 
 ExitCode RunSwitchLine(const std::vector<std::string>& arguments) {
     std::string refused;
     const auto line = MakeSwitchLine(arguments, refused);
-    if (!line) {
-        std::cerr << "corvane: " << QuotedForMessage(refused)
-                  << ": a switch cannot carry a path with a backslash or a double quote in it\n";
-        return ExitFailed;
-    }
+    if (!line)
+        return Fail(QuotedForMessage(refused) +
+                    ": a switch cannot carry a path with a backslash or an unpaired double quote in it");
     NativeFileStore files;
     NativeFolders folders;
     SettingsFile settings(files, folders.Configuration());
@@ -89,6 +125,8 @@ ExitCode RunSwitchLine(const std::vector<std::string>& arguments) {
     Session session({files, folders, settings, dialogs, feedback, clock, random, printer, editor});
     session.Start(*line);
     feedback.HideProgress();
+    for (const std::string& text : session.NotSaved())
+        WriteErrorLine("corvane: " + text);
     return ExitDone;
 }
 

@@ -14,8 +14,10 @@ bool IsSwitchLine(const std::vector<std::string>& arguments);
 
 /// The line that the dispatcher reads, in which "/" only marks switches: the path behind /F, /L or /C, and an
 /// argument that is a file, become absolute, with "\" between folders and in double quotes; other arguments
-/// stay. Nothing where a path holds a "\" or a double quote of its own, which the line cannot carry;
-/// `refused` then takes it.
+/// stay. Double quotes in the path of a switch are dropped, and where it has some, a blank outside of them
+/// ends it, as in the line itself. Nothing where the line cannot carry a path: for an unpaired quote, for a
+/// "\" in a path that does not begin as one of Windows does, or for either in the name of a file; `refused`
+/// then takes it.
 std::optional<std::string> MakeSwitchLine(const std::vector<std::string>& arguments, std::string& refused);
 
 /// Runs a session without a window: carries the line out and ends.

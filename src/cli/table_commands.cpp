@@ -1,33 +1,28 @@
 #include "cli/table_commands.h"
 
 #include "cli/command_support.h"
+#include "cli/output_guard.h"
 #include "core/format/code_page.h"
 #include "files/csv_import.h"
 #include "files/csv_writer.h"
 #include "files/dataset_writer.h"
 #include "platform/native/native_file_store.h"
 
-#include <filesystem>
-#include <iostream>
-
 namespace corvane {
 namespace {
 
-/// Writes a file that must not exist, unless it may be replaced, and must not be the one that was read.
+/// Writes a file that must not be the one that was read.
 ExitCode WriteResult(const std::string& read, const std::string& path, const std::string& bytes, bool force,
                      FileStore& files) {
-    std::error_code error;
-    if (std::filesystem::equivalent(read, path, error))
-        return Fail("-o " + path + " would replace the file that is read");
-    const FileResult written = force ? files.Replace(path, bytes) : files.Create(path, bytes);
-    if (written.taken)
-        return Fail(path + " exists; --force replaces it");
-    return written.done ? ExitDone : Fail(path + ": " + written.reason);
+    OutputGuard guard;
+    guard.Read(read, "the file that is read");
+    if (const std::string fault = guard.Claim("-o", path); !fault.empty())
+        return Fail(fault);
+    const FileResult written = WriteOutputFile(path, bytes, force, files);
+    return written.done ? ExitDone : Fail(written.reason);
 }
 
-} // namespace
-
-ExitCode RunImport(const ImportRequest& request) {
+ExitCode Import(const ImportRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
@@ -40,18 +35,31 @@ ExitCode RunImport(const ImportRequest& request) {
         Warn(outcome.Located(warning));
     const ExitCode exit = WriteResult(request.table, request.outputFile, EncodeText(DatasetFileText(dataset)),
                                       request.force, files);
-    if (exit == ExitDone && !(std::cout << request.table << ": " << outcome.summary << std::endl))
+    if (exit != ExitDone)
+        return exit;
+    WriteOutput(request.table + ": " + outcome.summary + '\n');
+    if (!EndOutput())
         return Fail(request.outputFile + " is written, but standard output could not be");
-    return exit;
+    return ExitDone;
 }
 
-ExitCode RunExport(const ExportRequest& request) {
+ExitCode Export(const ExportRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
     if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
         return Fail(fault);
     return WriteResult(request.data, request.outputFile, CsvText(dataset.cells), request.force, files);
+}
+
+} // namespace
+
+ExitCode RunImport(const ImportRequest& request) {
+    return WithinMemory(request.table, [&] { return Import(request); });
+}
+
+ExitCode RunExport(const ExportRequest& request) {
+    return WithinMemory(request.data, [&] { return Export(request); });
 }
 
 } // namespace corvane

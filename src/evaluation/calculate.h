@@ -39,6 +39,7 @@ struct RunResult {
     std::string residueText{}; ///< What belongs into the reserved residue file; empty: it is not wanted.
     std::vector<std::string> messages{}; ///< What was told while the run went on, in order.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.
+    std::vector<std::string> notSaved{}; ///< Which file that belongs to the run could not be saved, and why.
     RunChanges changes{};                ///< Also of a run that ended early; none of a cancelled one.
 };
 

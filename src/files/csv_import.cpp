@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
+#include <optional>
 #include <utility>
 
 namespace corvane {
@@ -284,6 +286,29 @@ std::string CsvImport::Summary() const {
     return text;
 }
 
+/// Takes the cells from the bytes of a file.
+std::optional<CsvRemark> ImportText(std::string text, const CsvOptions& options, Dataset& dataset,
+                                    CsvOutcome& outcome) {
+    const auto isNul = [&](std::size_t at) { return at < text.size() && text[at] == '\0'; };
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") || (isNul(0) && isNul(2)) ||
+        (isNul(1) && isNul(3)))
+        return CsvRemark{0, "the file is in UTF-16; save it in UTF-8"};
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(byteOrderMark))
+        text.erase(0, byteOrderMark.size());
+    if (!IsValidUtf8(text))
+        text = FromWindows1252(text);
+
+    CsvImport import(text, options);
+    if (auto fault = import.Run())
+        return fault;
+    outcome.warnings = import.Warnings();
+    outcome.summary = import.Summary();
+    dataset.options.N = std::to_string(import.cells.RowCount());
+    dataset.cells = std::move(import.cells);
+    return std::nullopt;
+}
+
 } // namespace
 
 std::string CsvOutcome::Located(const CsvRemark& remark) const {
@@ -301,24 +326,13 @@ CsvOutcome ImportCsv(const std::string& path, const CsvOptions& options, Dataset
     std::string text;
     if (const FileResult read = files.Read(path, text); !read.done)
         return refuse({0, read.reason});
-    const auto isNul = [&](std::size_t at) { return at < text.size() && text[at] == '\0'; };
-    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") || (isNul(0) && isNul(2)) ||
-        (isNul(1) && isNul(3)))
-        return refuse({0, "the file is in UTF-16; save it in UTF-8"});
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (text.starts_with(byteOrderMark))
-        text.erase(0, byteOrderMark.size());
-    if (!IsValidUtf8(text))
-        text = FromWindows1252(text);
-
-    CsvImport import(text, options);
-    if (auto fault = import.Run())
-        return refuse(std::move(*fault));
+    try {
+        if (auto fault = ImportText(std::move(text), options, dataset, outcome))
+            return refuse(std::move(*fault));
+    } catch (const std::bad_alloc&) {
+        return refuse({0, NotEnoughMemory});
+    }
     outcome.done = true;
-    outcome.warnings = import.Warnings();
-    outcome.summary = import.Summary();
-    dataset.options.N = std::to_string(import.cells.RowCount());
-    dataset.cells = std::move(import.cells);
     session.CurrentDatasetName = path;
     return outcome;
 }

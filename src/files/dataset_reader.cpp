@@ -9,6 +9,7 @@
 #include "files/text_reader.h"
 
 #include <algorithm>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -117,6 +118,24 @@ std::optional<Stop> ReadBody(TextReader& reader, Dataset& dataset, SessionState&
     return std::nullopt;
 }
 
+/// Reads what the file holds, its bytes being given.
+std::optional<Stop> ReadText(const std::string& path, std::string text, Dataset& dataset,
+                             SessionState& session, LoadOutcome& outcome) {
+    if (!IsValidUtf8(text))
+        text = FromWindows1252(text);
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    std::string_view content = text;
+    if (content.starts_with(byteOrderMark))
+        content.remove_prefix(byteOrderMark.size());
+
+    TextReader reader(content);
+    if (auto stop = CheckVersion(reader))
+        return stop;
+    dataset.cells.Clear();
+    session.CurrentDatasetName = path;
+    return ReadBody(reader, dataset, session, outcome);
+}
+
 } // namespace
 
 std::string LoadOutcome::Error() const {
@@ -156,20 +175,13 @@ LoadOutcome LoadFile(const std::string& path, Dataset& dataset, SessionState& se
     std::string text;
     if (const FileResult read = files.Read(path, text); !read.done)
         return stopAt({LoadState::Refused, 0, read.reason});
-    if (!IsValidUtf8(text))
-        text = FromWindows1252(text);
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    std::string_view content = text;
-    if (content.starts_with(byteOrderMark))
-        content.remove_prefix(byteOrderMark.size());
-
-    TextReader reader(content);
-    if (auto stop = CheckVersion(reader))
-        return stopAt(std::move(*stop));
-    dataset.cells.Clear();
-    session.CurrentDatasetName = path;
-    if (auto stop = ReadBody(reader, dataset, session, outcome))
-        return stopAt(std::move(*stop));
+    try {
+        if (auto stop = ReadText(path, std::move(text), dataset, session, outcome))
+            return stopAt(std::move(*stop));
+    } catch (const std::bad_alloc&) {
+        dataset.cells.Clear();
+        return stopAt({LoadState::Partial, 0, NotEnoughMemory});
+    }
     return outcome;
 }
 

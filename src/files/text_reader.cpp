@@ -17,8 +17,11 @@ void TextReader::SkipLineEnd() {
 }
 
 void TextReader::SkipBlanks() {
-    while (!AtEnd() && text[position] == ' ')
-        ++position;
+    const std::size_t first = text.find_first_not_of(" \t", position);
+    if (first != std::string_view::npos && text[first] == '"')
+        position = first;
+    else
+        position = std::min(text.find_first_not_of(' ', position), text.size());
 }
 
 std::optional<std::string_view> TextReader::ReadLine() {

@@ -13,7 +13,10 @@ struct FileResult {
     bool taken = false; ///< It was not done since the name is taken.
 };
 
-/// Gives a file's bytes out in pieces.
+/// The reason of a read that memory does not suffice for.
+inline constexpr const char* NotEnoughMemory = "there is not enough memory for it";
+
+/// Gives a file's bytes out in pieces, and the same again when it is asked again.
 using ByteSource = std::function<void(const std::function<void(std::string_view)>& sink)>;
 
 /// Whole files, as bytes. Paths are native.
@@ -32,6 +35,11 @@ public:
         std::string bytes;
         source([&](std::string_view piece) { bytes += piece; });
         return Replace(path, bytes);
+    }
+
+    /// The same, but a symbolic link of this name is replaced itself and never followed.
+    virtual FileResult ReplaceEntry(const std::string& path, const ByteSource& source) {
+        return ReplaceFrom(path, source);
     }
 
     /// Replace for a name that must be free: of several programs that try it at once, one succeeds.

@@ -14,10 +14,11 @@ public:
 
     using Values = std::map<std::string, std::string>;
 
-    /// What a section holds; nothing where it has never been written or cannot be read.
-    virtual Values Read(const std::string& application, const std::string& section) = 0;
+    /// What a section holds; nothing where it has never been written or cannot be read. `fault` then says why
+    /// not, unless what was there is no settings at all.
+    virtual Values Read(const std::string& application, const std::string& section, std::string& fault) = 0;
 
-    /// Puts values into a section and keeps its other ones.
+    /// Puts values into a section and keeps its other ones; it fails where these cannot be read.
     virtual FileResult Write(const std::string& application, const std::string& section,
                              const Values& values) = 0;
 };

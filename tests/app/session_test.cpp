@@ -69,7 +69,8 @@ struct FixedFolders : Folders {
 };
 
 struct MemorySettings : Settings {
-    Values Read(const std::string& application, const std::string& section) override {
+    Values Read(const std::string& application, const std::string& section, std::string& fault) override {
+        fault = unreadable;
         return stored[application + "/" + section];
     }
     FileResult Write(const std::string& application, const std::string& section,
@@ -78,6 +79,7 @@ struct MemorySettings : Settings {
         return {true, {}};
     }
     std::map<std::string, Values> stored;
+    std::string unreadable;
 };
 
 /// A session whose services write down, in order, what they are asked for.
@@ -174,6 +176,9 @@ TEST_F(SessionRun, ACompareSwitchFillsTheListAndComputesNothing) {
 }
 
 TEST_F(SessionRun, UserSettingsComeBeforeTheFile) {
+    settings.unreadable = "x.conf: locked";
+    session.Start("");
+    EXPECT_EQ(dialogs.messages, Strings{"x.conf: locked"});
     settings.stored["VenlaK4/Config"] = {
         {"PlotYXLine", "0"}, {"AddComments", "0"}, {"ShowRef", "lots"}, {"AutoIncreaseRows", ""}};
     EXPECT_FALSE(session.Start(""));

@@ -1,5 +1,6 @@
 #include "support/program.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace corvane {
@@ -31,6 +32,18 @@ TEST(PlotCommand, PaintsIntoFilesAndReplacesNoneUnasked) {
         EXPECT_EQ(folder.Read(name).substr(0, 5), "%PDF-") << name;
 }
 
+TEST(PlotCommand, NoPictureReplacesAnother) {
+    const testing::ProgramFolder folder;
+    const std::string histogram =
+        "$corvane plot $examples/mtcars.KOV histogram --set HIST_PLOT_DIFFERENCE=1 ";
+    const Ran linked = folder.Run("touch a.svg; ln -s a.svg a-2.svg; " + histogram + "--force -o a.svg");
+    EXPECT_EQ(linked.exit, 1);
+    EXPECT_EQ(linked.err, "corvane: -o a-2.svg would replace the file of -o a.svg\n");
+    EXPECT_EQ(folder.Read("a.svg"), "");
+    std::string exits = folder.RunSix("$corvane plot $examples/mtcars.KOV scatter -o six.svg").out;
+    EXPECT_EQ(std::ranges::count(exits, '0'), 1) << exits;
+}
+
 TEST(PlotCommand, RefusesWithOneClearLine) {
     const testing::ProgramFolder folder;
     folder.Write("two.KOV", "4,0,0\nN=3\nDATA:\n1,,2,,,,\n2,,3,,,,\n,,,,,,\n");
@@ -47,6 +60,9 @@ TEST(PlotCommand, RefusesWithOneClearLine) {
     refused("low.KOV histogram --set HIST_PLOT_XY=0 -o a.png", 1, "no histogram is ticked");
     refused("low.KOV scatter -o a.gif", 2, "does not end in");
     refused("low.KOV pie -o a.svg", 2, "pie");
+    refused("low.KOV scatter -o a.svg --format 0.0.0", 2, "no picture");
+    refused("low.KOV scatter -o a.svg --format $(head -c 40000 /dev/zero | tr '\\0' 0)", 2,
+            "longer than the 40");
     refused("low.KOV scatter -o none/a.svg", 1, "none/a.svg: ");
     EXPECT_FALSE(folder.Exists("a.png"));
 }
@@ -58,6 +74,45 @@ TEST(PlotCommand, CalcSavesTheChartsOfItsRun) {
     for (const char* name :
          {"results.txt", "plot-01-Kleijnen Analysis.svg", "plot-04-Histogram of X and Y.svg"})
         EXPECT_TRUE(Has(ran.out, name)) << name;
+}
+
+TEST(PlotCommand, ThePictureIsTheSameWhateverTheEnvironmentSays) {
+    const testing::ProgramFolder folder;
+    const Ran ran = folder.Run(R"(unset DISPLAY WAYLAND_DISPLAY
+plot() { $corvane plot $examples/mtcars.KOV scatter --force -o $1; }
+plot a.png && TZ=UTC0 plot a.pdf && TZ=XYZ-9 plot b.pdf && cmp a.pdf b.pdf || exit 3
+for platform in xcb minimal nonsense ''; do
+    QT_QPA_PLATFORM=$platform QT_QPA_PLATFORMTHEME=gtk3 QT_SCALE_FACTOR=2 QT_FATAL_WARNINGS=1 plot b.png || exit 4
+    cmp a.png b.png || exit 5
+done
+SOURCE_DATE_EPOCH=2e99 plot c.pdf)");
+    EXPECT_EQ(ran.exit, 1) << ran.out;
+    EXPECT_EQ(ran.err, "corvane: SOURCE_DATE_EPOCH is no count of seconds since 1970\n");
+    EXPECT_TRUE(Has(folder.Read("a.pdf"), "/CreationDate (D:19700101000000Z)"));
+}
+
+TEST(PlotCommand, ChartsThatCannotBePaintedComeAfterAllElse) {
+    const testing::ProgramFolder folder;
+    const std::string calc = " calc $examples/mtcars.KOV --all --seed 1 ";
+    const Ran plain = folder.Run("$corvane" + calc + "--out plain");
+    const Ran ran =
+        folder.Run("mkdir bin && cp $corvane bin/c && printf '[Paths]\\nPlugins=/none\\n' >bin/qt.conf"
+                   " && bin/c" +
+                   calc + "--out out --json j.json");
+    EXPECT_EQ(ran.exit, 1);
+    EXPECT_EQ(ran.out, plain.out);
+    EXPECT_TRUE(Has(ran.err,
+                    "corvane: out/plot-09-Deviation vs Model-Predicted.svg: the chart could not be painted"));
+    EXPECT_EQ(folder.Read("out/residue.txt"), folder.Read("plain/residue.txt"));
+    EXPECT_TRUE(Has(folder.Read("j.json"), "mtcars"));
+    // The program itself needs one descriptor beside the standard streams, a chart some more.
+    const std::string closed = "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; "; // what the test was given
+    for (const int most : {4, 5, 6, 20}) {
+        const Ran few =
+            folder.Run(closed + "ulimit -n " + std::to_string(most) + "; $corvane" + calc + "--out few");
+        EXPECT_EQ(few.exit, few.err.empty() ? 0 : 1) << few.err;
+        EXPECT_EQ(few.out, plain.out) << most;
+    }
 }
 
 } // namespace

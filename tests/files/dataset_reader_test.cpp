@@ -126,6 +126,9 @@ TEST(LoadFile, WhatWasAssignedBeforeAFailureStays) {
     const Loaded noLineEnd =
         Load("4,0,0\nN=2\nDATA:\n1,,2,,,,\n3,,4,,,,"); // the last field is there, and empty
     EXPECT_TRUE(noLineEnd.outcome.Complete());
+    const Loaded tabs = Load("4,0,0\nN=2\nDATA:\n\t\"1,5\",\"\", \t \"2\"\t,\"\",,,\n\t3,,4,,,,\n");
+    EXPECT_EQ(tabs.X(1), "1,5");
+    EXPECT_EQ(tabs.X(2), "\t3"); // without quotes a tab is text
     const Loaded cut = Load("4,0,0\nN=5\nDATA:\n1,,2,,,,\n3,,4,,");
     EXPECT_EQ(cut.outcome.Error(), "d.KOV:5: the file ends in row 2 of the 5 that N announces");
     EXPECT_EQ(cut.X(2), "3");

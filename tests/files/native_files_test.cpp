@@ -2,11 +2,17 @@
 #include "platform/native/native_processes.h"
 
 #include "platform/native/settings_file.h"
+#include "platform/native/unfinished_file.h"
 #include "support/temporary_folder.h"
 
+#include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdexcept>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace corvane {
@@ -66,27 +72,122 @@ TEST_F(NativeFiles, FailuresSayWhyAndLeaveNothingBehind) {
     EXPECT_EQ(FilesInFolder(), 0U);
 }
 
+TEST_F(NativeFiles, AReplacedFileKeepsWhoseItIsButNoSetIdBits) {
+    const std::string file = folder / "d.KOV";
+    ASSERT_TRUE(files.Replace(file, "old").done);
+    if (::geteuid() == 0) { // only the superuser gives files away
+        ASSERT_EQ(::chown(file.c_str(), 1234, 2345), 0);
+    }
+    ASSERT_EQ(::chmod(file.c_str(), 06750), 0);
+    struct stat old {
+    }, now{};
+    ::stat(file.c_str(), &old);
+    ASSERT_TRUE(files.Replace(file, "new").done);
+    ::stat(file.c_str(), &now);
+    EXPECT_EQ(std::tuple(now.st_uid, now.st_gid, now.st_mode & 07777),
+              std::tuple(old.st_uid, old.st_gid, mode_t{0750}));
+}
+
+TEST_F(NativeFiles, LinksAreFollowedOrReplacedAsAsked) {
+    const std::string file = folder / "d.KOV", link = folder / "link", device = folder / "device";
+    ASSERT_TRUE(files.Create(file, "old").done);
+    fs::create_symlink(file, link);
+    fs::create_symlink("/dev/null", device);
+    EXPECT_TRUE(files.Create(link, "x").taken);
+    EXPECT_EQ(files.Replace(device, "x").reason, "this is a device or a pipe, not a file");
+    for (const std::string& replaced : {link, device}) {
+        EXPECT_TRUE(files.ReplaceEntry(replaced, [](const auto& sink) { sink("new"); }).done);
+        EXPECT_FALSE(fs::is_symlink(replaced));
+    }
+    std::string bytes;
+    EXPECT_TRUE(files.Read(file, bytes).done);
+    EXPECT_EQ(bytes, "old");
+}
+
+TEST_F(NativeFiles, WhatIsTooLargeForTheMemoryIsRefused) {
+    std::string bytes;
+    ASSERT_TRUE(files.Create(folder / "large", "x").done);
+    fs::resize_file(folder / "large", std::uintmax_t{1} << 40);
+    EXPECT_EQ(files.Read(folder / "large", bytes).reason, NotEnoughMemory);
+}
+
+/// An end by a signal in the middle of writing leaves nothing, whether the file has a name or not.
+TEST_F(NativeFiles, AnUnfinishedFileGoesWithTheProgram) {
+    for (const auto nameless : {UnfinishedFile::Nameless::IfPossible, UnfinishedFile::Nameless::Never})
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+            const pid_t child = ::fork();
+            if (child == 0) {
+                std::signal(signal, SIG_DFL);
+                UnlinkVanishingNamesOnSignals();
+                UnfinishedFile file(folder.Path(), 0600, nameless);
+                const bool shown = FilesInFolder() == (file.HasName() ? 1U : 0U);
+                if (!shown || !file.Write("half") ||
+                    (nameless == UnfinishedFile::Nameless::Never) != file.HasName())
+                    ::_exit(1);
+                std::raise(signal);
+                ::_exit(2);
+            }
+            int status = 0;
+            ASSERT_EQ(::waitpid(child, &status, 0), child);
+            EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
+            EXPECT_EQ(FilesInFolder(), 0U);
+        }
+    // Both ways of writing end with the same files.
+    for (const auto nameless : {UnfinishedFile::Nameless::IfPossible, UnfinishedFile::Nameless::Never})
+        for (const bool replace : {false, true}) {
+            UnfinishedFile file(folder.Path(), 0600, nameless);
+            EXPECT_TRUE(file.Write("whole") && file.Flush());
+            EXPECT_TRUE(replace ? file.TakePlaceOf(folder / "f") : file.NameIt(folder / "f"));
+            EXPECT_EQ(FilesInFolder(), 1U);
+            UnfinishedFile late(folder.Path(), 0600, nameless);
+            EXPECT_FALSE(late.NameIt(folder / "f"));
+            EXPECT_EQ(errno, EEXIST);
+            fs::remove(folder / "f");
+        }
+}
+
 TEST_F(NativeFiles, SettingsComeBackAndABrokenFileIsKeptAside) {
     SettingsFile settings(files, folder / "config");
-    EXPECT_TRUE(settings.Read("App", "One").empty());
+    std::string fault;
+    EXPECT_TRUE(settings.Read("App", "One", fault).empty());
     EXPECT_TRUE(settings.Write("App", "One", {{"a", "1"}, {"path", "x=y [z]"}}).done);
     EXPECT_TRUE(settings.Write("App", "Two", {{"a", "2"}}).done);
     EXPECT_TRUE(settings.Write("App", "One", {{"a", "3"}}).done);
-    EXPECT_EQ(settings.Read("App", "One"), (Settings::Values{{"a", "3"}, {"path", "x=y [z]"}}));
+    EXPECT_EQ(settings.Read("App", "One", fault), (Settings::Values{{"a", "3"}, {"path", "x=y [z]"}}));
 
     std::string whole;
     files.Read(folder / "config/App.conf", whole);
     files.Replace(folder / "config/App.conf", "# by hand\r\n\r\n" + whole);
-    EXPECT_EQ(settings.Read("App", "Two"), (Settings::Values{{"a", "2"}}));
+    EXPECT_EQ(settings.Read("App", "Two", fault), (Settings::Values{{"a", "2"}}));
     for (const std::string& broken :
          {whole.substr(0, whole.size() / 2), whole.substr(0, whole.rfind(';')), std::string("\x00\xFF", 2)}) {
         files.Replace(folder / "config/App.conf", broken);
-        EXPECT_TRUE(settings.Read("App", "One").empty());
+        EXPECT_TRUE(settings.Read("App", "One", fault).empty());
         EXPECT_FALSE(fs::exists(folder / "config/App.conf"));
     }
     std::string aside;
     EXPECT_TRUE(files.Read(folder / "config/App.conf.broken2", aside).done);
     EXPECT_EQ(aside, whole.substr(0, whole.rfind(';')));
+}
+
+TEST_F(NativeFiles, SettingsThatCannotBeReadAreLeftAlone) {
+    const std::string path = folder / "App.conf";
+    SettingsFile settings(files, folder.Path());
+    const auto expectLeftAlone = [&](const std::string& reason) {
+        std::string fault;
+        EXPECT_TRUE(settings.Read("App", "One", fault).empty());
+        EXPECT_EQ(fault, path + ": the settings cannot be read and are left as they are: " + reason);
+        EXPECT_EQ(settings.Write("App", "One", {{"a", "1"}}).reason, fault);
+        EXPECT_EQ(FilesInFolder(), 1U);
+    };
+    fs::create_directory(path);
+    expectLeftAlone("this is a folder, not a file");
+    fs::remove(path);
+    fs::create_symlink(path, path);
+    expectLeftAlone("Too many levels of symbolic links");
+    fs::remove(path);
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    expectLeftAlone("this is a pipe, not a file");
 }
 
 TEST(NativeProcesses, RunsACommandLineAndGivesItsExitCode) {

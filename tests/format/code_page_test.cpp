@@ -1,5 +1,7 @@
 #include "core/format/code_page.h"
 
+#include "core/format/console_text.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -15,6 +17,17 @@ TEST(CodePage, KnowsUtf8) {
          {"\x80", "a\xC3", "\xC3(", "\xE2\x82", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF",
           "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF"})
         EXPECT_FALSE(IsValidUtf8(text)) << testing::PrintToString(text);
+}
+
+TEST(ForTerminal, WritesOutWhatSteersIt) {
+    const std::string plain =
+        "aé€😀\xC2\xA0\xE2\x80\xA9\xE2\x80\xAF\xE2\x81\xA5\xE2\x81\xAA"; // the neighbours
+    EXPECT_EQ(ForTerminal(plain), plain);
+    EXPECT_EQ(ForTerminal(std::string("\0\x1B\x1F\n\t\r\x7F", 7)), R"(\u0000\u001B\u001F\n\t\r\u007F)");
+    EXPECT_EQ(ForTerminal("\xC2\x80\xC2\x9F\xE2\x80\xAA\xE2\x80\xAE\xE2\x81\xA6\xE2\x81\xA9"),
+              R"(\u0080\u009F\u202A\u202E\u2066\u2069)");
+    EXPECT_EQ(ForTerminal("\x9B\xE2\x80"), R"(\x9B\xE2\x80)"); // a lone C1 byte, a cut character
+    EXPECT_EQ(ForTerminal("a\n\t", "\n"), "a\n\\t");
 }
 
 TEST(CodePage, MapsEveryByteToOneCharacter) {

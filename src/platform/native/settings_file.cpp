@@ -34,30 +34,44 @@ std::optional<std::map<std::string, Settings::Values>> Parse(const std::string& 
 }
 
 /// Renames a file out of the way under the first free name.
-void KeepAside(const std::string& path) {
+std::error_code KeepAside(const std::string& path) {
     std::error_code error;
     std::string aside = path + ".broken";
     for (int number = 2; std::filesystem::exists(aside, error); ++number)
         aside = path + ".broken" + std::to_string(number);
     std::filesystem::rename(path, aside, error);
+    return error;
 }
 
 } // namespace
 
-SettingsFile::Sections SettingsFile::ReadAll(const std::string& path) {
+std::optional<SettingsFile::Sections> SettingsFile::ReadAll(const std::string& path, std::string& fault) {
+    const auto leaveAlone = [&](const std::string& reason) {
+        fault = path + ": the settings cannot be read and are left as they are: " + reason;
+        return std::nullopt;
+    };
     std::error_code error;
-    if (!std::filesystem::exists(path, error))
-        return {};
+    const auto type = std::filesystem::status(path, error).type();
+    if (type == std::filesystem::file_type::not_found)
+        return Sections();
+    if (error)
+        return leaveAlone(error.message());
+    if (type == std::filesystem::file_type::fifo) // reading one would wait for a writer
+        return leaveAlone("this is a pipe, not a file");
     std::string text;
-    if (std::filesystem::is_regular_file(path, error) && files.Read(path, text).done)
-        if (auto sections = Parse(text))
-            return *sections;
-    KeepAside(path);
-    return {};
+    if (const FileResult read = files.Read(path, text); !read.done)
+        return leaveAlone(read.reason);
+    if (auto sections = Parse(text))
+        return sections;
+    if (const std::error_code kept = KeepAside(path))
+        return leaveAlone("they are broken, and cannot be renamed: " + kept.message());
+    return Sections();
 }
 
-Settings::Values SettingsFile::Read(const std::string& application, const std::string& section) {
-    return ReadAll(folder + "/" + application + ".conf")[section];
+Settings::Values SettingsFile::Read(const std::string& application, const std::string& section,
+                                    std::string& fault) {
+    auto sections = ReadAll(folder + "/" + application + ".conf", fault);
+    return sections ? (*sections)[section] : Values();
 }
 
 FileResult SettingsFile::Write(const std::string& application, const std::string& section,
@@ -65,11 +79,13 @@ FileResult SettingsFile::Write(const std::string& application, const std::string
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     const std::string path = folder + "/" + application + ".conf";
-    Sections sections = ReadAll(path);
+    std::string text, fault;
+    auto sections = ReadAll(path, fault);
+    if (!sections)
+        return {false, fault, false};
     for (const auto& [name, value] : values)
-        sections[section][name] = value;
-    std::string text;
-    for (const auto& [title, entries] : sections) {
+        (*sections)[section][name] = value;
+    for (const auto& [title, entries] : *sections) {
         text += "[" + title + "]\n";
         for (const auto& [name, value] : entries)
             text.append(name).append("=").append(value).append("\n");

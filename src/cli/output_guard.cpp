@@ -1,0 +1,86 @@
+#include "cli/output_guard.h"
+
+#include "app/run_folder.h"
+#include "cli/command_support.h"
+
+#include <filesystem>
+#include <initializer_list>
+#include <string_view>
+#include <system_error>
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The path without links and dots, as far as it exists.
+fs::path Resolved(fs::path path) {
+    std::error_code error;
+    // A link may lead to a file that is still to come. The system follows no more links in a row than these.
+    for (int links = 0; links < 40 && fs::is_symlink(path, error); ++links)
+        path = path.parent_path() / fs::read_symlink(path, error);
+    const fs::path absolute = fs::absolute(path, error);
+    const fs::path resolved = fs::weakly_canonical(error ? path : absolute, error);
+    return error ? path.lexically_normal() : resolved;
+}
+
+/// The path of a name itself, even if that is a symbolic link.
+fs::path ResolvedEntry(const fs::path& path) {
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    return Resolved(absolute.parent_path()) / absolute.filename();
+}
+
+/// Whether two paths lead to one file, which need not exist yet.
+bool SameFile(const fs::path& one, const fs::path& other) {
+    std::error_code error;
+    return fs::equivalent(one, other, error) || Resolved(one) == Resolved(other);
+}
+
+std::string Joined(std::initializer_list<std::string_view> parts) {
+    std::string text;
+    for (const std::string_view part : parts)
+        text += part;
+    return text;
+}
+
+} // namespace
+
+void OutputGuard::Read(const std::string& path, const std::string& what) {
+    known.push_back({path, what});
+}
+
+std::string OutputGuard::ClaimFolder(const std::string& folder) {
+    runFolder = folder;
+    for (const std::string& name : SavedNames(folder))
+        for (const Known& file : known) {
+            std::error_code error;
+            const fs::path path = fs::path(folder) / name;
+            if (ResolvedEntry(path) == ResolvedEntry(file.path) ||
+                (!fs::is_symlink(path, error) && SameFile(path, file.path)))
+                return Joined({"--out ", folder, ": ", name, " would replace ", file.what});
+        }
+    return {};
+}
+
+std::string OutputGuard::Claim(const std::string& option, const std::string& path) {
+    for (const Known& file : known)
+        if (SameFile(path, file.path) || ResolvedEntry(path) == ResolvedEntry(file.path))
+            return Joined({option, " ", path, " would replace ", file.what});
+    for (const fs::path& written : {Resolved(path), ResolvedEntry(path)})
+        if (!runFolder.empty() && IsRunName(written.filename().string()) &&
+            SameFile(written.parent_path(), runFolder))
+            return Joined({option, " ", path, " would replace a file of --out ", runFolder});
+    known.push_back({path, "the file of " + option + " " + path});
+    return {};
+}
+
+std::string ClaimOutputs(const std::string& outFolder, const std::string& jsonFile, OutputGuard& guard) {
+    if (!outFolder.empty())
+        if (std::string fault = guard.ClaimFolder(outFolder); !fault.empty())
+            return fault;
+    const bool toFile = !jsonFile.empty() && jsonFile != StandardOutput;
+    return toFile ? guard.Claim("--json", jsonFile) : "";
+}
+
+} // namespace corvane
