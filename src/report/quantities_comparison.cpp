@@ -59,7 +59,7 @@ constexpr Quantity quantities[] = {
     {
         .key = "comparison.best",
         .title = "Best model",
-        .meaning = "It is the number of the model that is best by the index above.",
+        .meaning = "It is the number of the model that is best by the index of its column.",
         .formula =
             "the largest r², MEF, Cb and CCC; the smallest MSEP, |MB|, ||CD| - 1|, AIC, AICc and AICc'",
         .range = "whole number, 1 to the number of models compared",

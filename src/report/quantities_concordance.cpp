@@ -69,7 +69,7 @@ constexpr Quantity quantities[] = {
     {
         .key = "concordance.z",
         .title = "Z of a concordance coefficient",
-        .meaning = "It is the coefficient in units of its standard error, and the farther from 0 it is the "
+        .meaning = "It is the coefficient in units of its standard error, and the farther above 0 it is the "
                    "clearer the agreement.",
         .formula = "rc/SE(rc); Gr/SE(Gr)",
         .range = "any number",
@@ -121,8 +121,8 @@ constexpr Quantity quantities[] = {
     {
         .key = "concordance.transformed.z",
         .title = "Z of the transformed coefficient",
-        .meaning = "It is the transformed coefficient in units of its standard error, and the farther from 0 "
-                   "it is the clearer the agreement.",
+        .meaning = "It is the transformed coefficient in units of its standard error, and the farther above "
+                   "0 it is the clearer the agreement.",
         .formula = "transformed coefficient/its standard error",
         .range = "any number",
         .sign = "The coefficient is positive.",

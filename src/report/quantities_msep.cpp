@@ -126,7 +126,7 @@ constexpr Quantity quantities[] = {
         .key = "msep.part.incomplete_covariation",
         .title = "MSEP from incomplete covariation",
         .meaning = "It is the part of MSEP that comes from predictions and observations not rising and "
-                   "falling together, and the rest of MSEP should be small beside it.",
+                   "falling together, and smaller is better.",
         .formula = "2 Sx Sy (1 - r), Sx and Sy the SDs of divisor N",
         .range = "squared unit of Y, 0 to MSEP",
         .better = Better::Lower,
@@ -168,7 +168,7 @@ constexpr Quantity quantities[] = {
         .key = "msep.part.random_errors",
         .title = "MSEP from random errors",
         .meaning = "It is the part of MSEP that no straight-line correction of the predictions could remove, "
-                   "and the rest of MSEP should be small beside it.",
+                   "and smaller is better.",
         .formula = "Sy² (1 - r²), divisor N",
         .range = "squared unit of Y, 0 to MSEP",
         .better = Better::Lower,

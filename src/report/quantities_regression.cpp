@@ -15,8 +15,9 @@ constexpr Quantity quantities[] = {
         .better = Better::NearZero,
         .sign = "The fitted line lies above 0 where X is 0.",
         .papers = "neter1996; york2004",
-        .sameIn = "R: coef(lm(Y ~ X))[1]; R, least absolute deviations: coef(quantreg::rq(Y ~ X))[1]; scipy, "
-                  "weighted: odr.ODR(RealData(X, Y, sx = SDX, sy = SDY), linear model).run().beta",
+        .sameIn =
+            "R, least squares: coef(lm(Y ~ X))[1]; R, least absolute deviations: coef(quantreg::rq(Y ~ "
+            "X))[1]; scipy, weighted: odr.ODR(RealData(X, Y, sx = SDX, sy = SDY), linear model).run().beta",
         .remark = "The method of the run decides which of the three lines it is. A weighted run that ignores "
                   "the errors of one side takes 1e-30 for them.",
     },
@@ -31,8 +32,8 @@ constexpr Quantity quantities[] = {
         .better = Better::Lower,
         .papers = "neter1996; york2004",
         .others = "Standard error",
-        .sameIn =
-            "R: coef(summary(lm(Y ~ X)))[1, 2]; scipy, weighted: root of the diagonal of odr's cov_beta",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X)))[1, 2]; scipy, weighted: root of the diagonal "
+                  "of odr's cov_beta",
         .remark = "The report calls it SD. The weighted one is not scaled by the goodness of fit.",
     },
     {
@@ -46,7 +47,8 @@ constexpr Quantity quantities[] = {
         .better = Better::NearOne,
         .sign = "Observations rise with predictions.",
         .papers = "neter1996; york2004",
-        .sameIn = "R: coef(lm(Y ~ X))[2]; R, least absolute deviations: coef(quantreg::rq(Y ~ X))[2]",
+        .sameIn = "R, least squares: coef(lm(Y ~ X))[2]; R, least absolute deviations: coef(quantreg::rq(Y ~ "
+                  "X))[2]",
         .remark = "The regression is of the observations on the predictions, not the other way round.",
     },
     {
@@ -60,8 +62,8 @@ constexpr Quantity quantities[] = {
         .better = Better::Lower,
         .papers = "neter1996; york2004",
         .others = "Standard error",
-        .sameIn =
-            "R: coef(summary(lm(Y ~ X)))[2, 2]; scipy, weighted: root of the diagonal of odr's cov_beta",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X)))[2, 2]; scipy, weighted: root of the diagonal "
+                  "of odr's cov_beta",
         .remark = "The report calls it SD. The weighted one is not scaled by the goodness of fit.",
     },
     {
@@ -73,7 +75,7 @@ constexpr Quantity quantities[] = {
         .better = Better::Lower,
         .papers = "neter1996",
         .others = "Residual variance",
-        .sameIn = "R: sigma(lm(Y ~ X))^2",
+        .sameIn = "R, least squares: sigma(lm(Y ~ X))^2",
         .remark = "It is around the regression line; the error of the predictions themselves is MSEP. The "
                   "residuals are unweighted in a weighted run, too.",
     },
@@ -87,7 +89,7 @@ constexpr Quantity quantities[] = {
         .better = Better::Lower,
         .papers = "neter1996",
         .others = "Residual standard error; not the RMSE of the predictions, which is RMSEP",
-        .sameIn = "R: sigma(lm(Y ~ X))",
+        .sameIn = "R, least squares: sigma(lm(Y ~ X))",
     },
     {
         .key = "pairs.count",
@@ -167,7 +169,7 @@ constexpr Quantity quantities[] = {
         .better = Better::Lower,
         .papers = "york2004",
         .others = "SSE, residual sum of squares, where unweighted",
-        .sameIn = "R: deviance(lm(Y ~ X)); scipy, weighted: odr's sum_square",
+        .sameIn = "R, least squares: deviance(lm(Y ~ X)); scipy, weighted: odr's sum_square",
         .remark = "Without weights every observation counts as having an error of 1, so that the value "
                   "depends on the unit of Y.",
     },
@@ -227,9 +229,9 @@ constexpr Quantity quantities[] = {
         .better = Better::NearZero,
         .sign = "The intercept is positive.",
         .papers = "neter1996",
-        .sameIn = "R: coef(summary(lm(Y ~ X)))[1, 3]",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X)))[1, 3]",
         .remark = "It is left out where the standard error is 0 or, as with least absolute deviations, not "
-                  "computed.",
+                  "computed. In the Bland-Altman regression an intercept other than 0 is expected.",
     },
     {
         .key = "test.intercept.p",
@@ -240,7 +242,7 @@ constexpr Quantity quantities[] = {
         .range = "0 to 1",
         .better = Better::Higher,
         .papers = "neter1996",
-        .sameIn = "R: coef(summary(lm(Y ~ X)))[1, 4]",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X)))[1, 4]",
     },
     {
         .key = "test.slope_zero.t",
@@ -250,7 +252,7 @@ constexpr Quantity quantities[] = {
         .range = "any number; N - 2 degrees of freedom",
         .sign = "The slope is positive.",
         .papers = "neter1996",
-        .sameIn = "R: coef(summary(lm(Y ~ X)))[2, 3]",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X)))[2, 3]",
         .remark = "A model wants a slope of the observations on the predictions, but none of the deviations "
                   "or residuals.",
     },
@@ -262,7 +264,7 @@ constexpr Quantity quantities[] = {
         .formula = "2 P(T > |b/SDb|), N - 2 degrees of freedom",
         .range = "0 to 1",
         .papers = "neter1996",
-        .sameIn = "R: coef(summary(lm(Y ~ X)))[2, 4]",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X)))[2, 4]",
     },
     {
         .key = "test.slope_one.t",
@@ -274,7 +276,7 @@ constexpr Quantity quantities[] = {
         .better = Better::NearZero,
         .sign = "The observations change by more than the predictions.",
         .papers = "neter1996",
-        .sameIn = "R: coef(summary(lm(Y ~ X + offset(X))))[2, 3]",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X + offset(X))))[2, 3]",
     },
     {
         .key = "test.slope_one.p",
@@ -285,7 +287,7 @@ constexpr Quantity quantities[] = {
         .range = "0 to 1",
         .better = Better::Higher,
         .papers = "neter1996",
-        .sameIn = "R: coef(summary(lm(Y ~ X + offset(X))))[2, 4]",
+        .sameIn = "R, least squares: coef(summary(lm(Y ~ X + offset(X))))[2, 4]",
     },
     {
         .key = "test.identity.dent_blackie.f",

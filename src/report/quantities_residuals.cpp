@@ -12,7 +12,7 @@ constexpr Quantity quantities[] = {
         .range = "unit of Y",
         .papers = "neter1996",
         .others = "Fitted value",
-        .sameIn = "R: fitted(lm(Y ~ X))",
+        .sameIn = "R, least squares: fitted(lm(Y ~ X))",
         .remark = "The column's title, Y Pred., means the regression's value, not the model's.",
     },
     {
@@ -25,7 +25,7 @@ constexpr Quantity quantities[] = {
         .better = Better::NearZero,
         .sign = "The observation lies above the line.",
         .papers = "neter1996",
-        .sameIn = "R: resid(lm(Y ~ X))",
+        .sameIn = "R, least squares: resid(lm(Y ~ X))",
         .remark = "The report calls it residue. It is not the deviation, which is from Y = X. Stars mark "
                   "values outside the limits set, at first ±10% of the mean of Y.",
     },
@@ -38,7 +38,7 @@ constexpr Quantity quantities[] = {
         .range = "unit of Y",
         .papers = "neter1996",
         .others = "Normal score by Blom's formula",
-        .sameIn = "R: sigma(f)*qnorm((rank(resid(f)) - 0.375)/(N + 0.25)), f <- lm(Y ~ X)",
+        .sameIn = "R, least squares: sigma(f)*qnorm((rank(resid(f)) - 0.375)/(N + 0.25)), f <- lm(Y ~ X)",
     },
     {
         .key = "residual.se",
@@ -47,7 +47,7 @@ constexpr Quantity quantities[] = {
         .formula = "√(MSE (1 - h)), h the leverage",
         .range = "unit of Y, 0 or more",
         .papers = "neter1996",
-        .sameIn = "R: sigma(f)*sqrt(1 - hatvalues(f)), f <- lm(Y ~ X)",
+        .sameIn = "R, least squares: sigma(f)*sqrt(1 - hatvalues(f)), f <- lm(Y ~ X)",
     },
     {
         .key = "residual.semi_studentized",
@@ -59,7 +59,7 @@ constexpr Quantity quantities[] = {
         .better = Better::NearZero,
         .sign = "The observation lies above the line.",
         .papers = "neter1996",
-        .sameIn = "R: resid(f)/sigma(f), f <- lm(Y ~ X)",
+        .sameIn = "R, least squares: resid(f)/sigma(f), f <- lm(Y ~ X)",
     },
     {
         .key = "residual.studentized",
@@ -72,7 +72,7 @@ constexpr Quantity quantities[] = {
         .sign = "The observation lies above the line.",
         .papers = "neter1996",
         .others = "Internally studentized residual; standardized residual",
-        .sameIn = "R: rstandard(lm(Y ~ X))",
+        .sameIn = "R, least squares: rstandard(lm(Y ~ X))",
     },
     {
         .key = "residual.deleted_studentized",
@@ -85,7 +85,7 @@ constexpr Quantity quantities[] = {
         .sign = "The observation lies above the line.",
         .papers = "neter1996",
         .others = "Externally studentized residual; studentized deleted residual",
-        .sameIn = "R: rstudent(lm(Y ~ X))",
+        .sameIn = "R, least squares: rstudent(lm(Y ~ X))",
         .remark = "Stars mark values outside of ±2.5 whatever limits are set.",
     },
     {
@@ -110,7 +110,7 @@ constexpr Quantity quantities[] = {
         .better = Better::Lower,
         .papers = "neter1996",
         .others = "Cook's D",
-        .sameIn = "R: cooks.distance(lm(Y ~ X))",
+        .sameIn = "R, least squares: cooks.distance(lm(Y ~ X))",
         .remark = "Stars mark the distances below the median of F(2, N - 2), which are the harmless ones.",
     },
     {
@@ -123,7 +123,7 @@ constexpr Quantity quantities[] = {
         .better = Better::NearZero,
         .sign = "The pair pulls its fitted value up.",
         .papers = "neter1996",
-        .sameIn = "R: dffits(lm(Y ~ X))",
+        .sameIn = "R, least squares: dffits(lm(Y ~ X))",
     },
     {
         .key = "residual.press",
@@ -135,7 +135,7 @@ constexpr Quantity quantities[] = {
         .sign = "The observation lies above the line.",
         .papers = "neter1996",
         .others = "Deleted residual; leave-one-out prediction error",
-        .sameIn = "R: resid(f)/(1 - hatvalues(f)), f <- lm(Y ~ X)",
+        .sameIn = "R, least squares: resid(f)/(1 - hatvalues(f)), f <- lm(Y ~ X)",
         .remark = "It is the pair's own residual; the statistic PRESS is the sum of their squares.",
     },
     {

@@ -13,7 +13,7 @@ constexpr Quantity quantities[] = {
         .range = "0 to 1",
         .better = Better::Higher,
         .papers = "royston1995; shapiro1965",
-        .sameIn = "R: shapiro.test(x)$statistic; scipy: stats.shapiro(x)",
+        .sameIn = "R: shapiro.test(x)$statistic",
         .remark = "Above 5000 values, where R refuses, the same formulas are extrapolated.",
     },
     {
@@ -253,7 +253,7 @@ constexpr Quantity quantities[] = {
     {
         .key = "robust.sn",
         .title = "Sn",
-        .meaning = "It is a standard deviation that up to half of the values can be wild without spoiling, "
+        .meaning = "It is a kind of standard deviation that stays sound with up to half of the values wild, "
                    "and the predictions' should be near the observations'.",
         .formula = "1.1926 c(N) lomed over i of himed over j of |x(i) - x(j)|, c(N) the correction for small "
                    "samples",
@@ -265,7 +265,7 @@ constexpr Quantity quantities[] = {
     {
         .key = "robust.qn",
         .title = "Qn",
-        .meaning = "It is a standard deviation that up to half of the values can be wild without spoiling, "
+        .meaning = "It is a kind of standard deviation that stays sound with up to half of the values wild, "
                    "more precise than Sn, and the predictions' should be near the observations'.",
         .formula = "2.21914 c(N) times the k-th smallest |x(i) - x(j)|, i < j, k = h (h - 1)/2, h = N/2 "
                    "rounded down + 1, c(N) the correction for small samples",
