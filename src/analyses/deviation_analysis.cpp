@@ -80,13 +80,13 @@ void WriteTTest(ReportSection& section, const std::string& name, double estimate
 }
 
 constexpr Place intervalPlaces[] = {
-    {"X", "data.x", "X", 12},
+    {"X", "pair.predicted", "X", 12},
     {"Deviation", "deviation", "Deviation", 12},
-    {"Fitted", "deviation.fitted", "Fitted", 12},
-    {"CILower", "deviation.interval.ci_lower", "CI Lower", 12},
-    {"CIUpper", "deviation.interval.ci_upper", "CI Upper", 12},
-    {"PILower", "deviation.interval.pi_lower", "PI Lower", 12},
-    {"PIUpper", "deviation.interval.pi_upper", "PI Upper", 12},
+    {"Fitted", "deviation_line.fitted", "Fitted", 12},
+    {"CILower", "deviation.mean.interval", "CI Lower", 12},
+    {"CIUpper", "deviation.mean.interval", "CI Upper", 12},
+    {"PILower", "deviation.new.interval", "PI Lower", 12},
+    {"PIUpper", "deviation.new.interval", "PI Upper", 12},
 };
 
 /// Of the columns, in their order.

@@ -9,18 +9,18 @@ namespace corvane {
 namespace {
 
 constexpr Place places[] = {
-    {"T_r", "pearson.t", "H0: r = 0            T-value (P-value): "},
-    {"P_r", "pearson.p", " (", 7, 5, Look::Probability},
-    {"T_a", "line.intercept.t", "H0: a = 0            T-value (P-value): "},
-    {"P_a", "line.intercept.p", " (", 7, 5, Look::Probability},
-    {"T_b", "line.slope.t", "H0: b = 0            T-value (P-value): "},
-    {"P_b", "line.slope.p", " (", 7, 5, Look::Probability},
-    {"T_b1", "line.slope1.t", "H0: b = 1            T-value (P-value): "},
-    {"P_b1", "line.slope1.p", " (", 7, 5, Look::Probability},
-    {"F1", "line.joint.f1", "H0: a = 0 & b = 1    F-value (P-value): "},
-    {"P1", "line.joint.p1", " (", 7, 5, Look::Probability},
-    {"F2", "line.joint.f2", "H0: a = 0 & b = 1    F-value (P-value): "},
-    {"P2", "line.joint.p2", " (", 7, 5, Look::Probability},
+    {"T_r", "test.correlation.t", "H0: r = 0            T-value (P-value): "},
+    {"P_r", "test.correlation.p", " (", 7, 5, Look::Probability},
+    {"T_a", "test.intercept.t", "H0: a = 0            T-value (P-value): "},
+    {"P_a", "test.intercept.p", " (", 7, 5, Look::Probability},
+    {"T_b", "test.slope_zero.t", "H0: b = 0            T-value (P-value): "},
+    {"P_b", "test.slope_zero.p", " (", 7, 5, Look::Probability},
+    {"T_b1", "test.slope_one.t", "H0: b = 1            T-value (P-value): "},
+    {"P_b1", "test.slope_one.p", " (", 7, 5, Look::Probability},
+    {"F1", "test.identity.dent_blackie.f", "H0: a = 0 & b = 1    F-value (P-value): "},
+    {"P1", "test.identity.dent_blackie.p", " (", 7, 5, Look::Probability},
+    {"F2", "test.identity.mayer.f", "H0: a = 0 & b = 1    F-value (P-value): "},
+    {"P2", "test.identity.mayer.p", " (", 7, 5, Look::Probability},
 };
 
 /// One t-test of a coefficient: t = (estimate - null value) / SD with N - 2 degrees of freedom.

@@ -8,31 +8,31 @@ namespace corvane {
 namespace {
 
 constexpr Place leastSquares[] = {
-    {"a", "line.intercept", "Estimate a ± SD : "},
-    {"SDa", "line.intercept.sd", " ± "},
-    {"b", "line.slope", "Estimate b ± SD : "},
-    {"SDb", "line.slope.sd", " ± "},
-    {"MSE", "line.mse", "MSE             : "},
-    {"RootMSE", "line.root_mse", "          Root MSE            : "},
+    {"a", "regression.intercept", "Estimate a ± SD : "},
+    {"SDa", "regression.intercept.sd", " ± "},
+    {"b", "regression.slope", "Estimate b ± SD : "},
+    {"SDb", "regression.slope.sd", " ± "},
+    {"MSE", "regression.mse", "MSE             : "},
+    {"RootMSE", "regression.rmse", "          Root MSE            : "},
     {"N", "pairs.count", "N               : ", 10, 0},
-    {"r", "pearson.r", "          r                   : "},
-    {"RSquared", "pearson.r_squared", "r²              : "},
-    {"AdjRSquared", "pearson.r_squared.adjusted", "          Adj. r²             : "},
-    {"ResistantR2", "line.resistant_r2", "Resistant r²    : "},
-    {"AdjResistantR2", "line.resistant_r2.adjusted", "          Adj. Resistant r²   : "},
-    {"Chi2", "line.chi2", "Chi²            : "},
-    {"Q", "line.chi2.q", "          Q(Chi²)             : ", 10, 5, Look::Probability},
+    {"r", "correlation.pearson", "          r                   : "},
+    {"RSquared", "regression.r_squared", "r²              : "},
+    {"AdjRSquared", "regression.r_squared.adjusted", "          Adj. r²             : "},
+    {"ResistantR2", "regression.r_squared.resistant", "Resistant r²    : "},
+    {"AdjResistantR2", "regression.r_squared.resistant.adjusted", "          Adj. Resistant r²   : "},
+    {"Chi2", "regression.chi2", "Chi²            : "},
+    {"Q", "regression.chi2.q", "          Q(Chi²)             : ", 10, 5, Look::Probability},
 };
 
 constexpr Place leastAbsoluteDeviations[] = {
-    {"a", "line.intercept", "Estimate a         : "},
-    {"b", "line.slope", "Estimate b         : "},
-    {"AbsDev", "line.abs_dev", "Absolute Deviation : "},
+    {"a", "regression.intercept", "Estimate a         : "},
+    {"b", "regression.slope", "Estimate b         : "},
+    {"AbsDev", "regression.absolute_deviation", "Absolute Deviation : "},
     {"N", "pairs.count", "N                  : ", 10, 0},
-    {"ResistantR2", "line.resistant_r2", "Resistant r²       : "},
-    {"AdjResistantR2", "line.resistant_r2.adjusted", "          Adj. Resistant r²   : "},
-    {"Chi2", "line.chi2", "Chi²               : "},
-    {"Q", "line.chi2.q", "          Q(Chi²)             : ", 10, 5, Look::Probability},
+    {"ResistantR2", "regression.r_squared.resistant", "Resistant r²       : "},
+    {"AdjResistantR2", "regression.r_squared.resistant.adjusted", "          Adj. Resistant r²   : "},
+    {"Chi2", "regression.chi2", "Chi²               : "},
+    {"Q", "regression.chi2.q", "          Q(Chi²)             : ", 10, 5, Look::Probability},
 };
 
 void WriteLeastSquares(RunState& run, ReportSection& section) {

@@ -14,9 +14,9 @@ namespace {
 constexpr std::int32_t rowNumberWidth = 3, valueWidth = 9, decimals = 4;
 
 constexpr Place places[] = {
-    {"Row", "pairs.row", "#", rowNumberWidth, 0},
-    {"X", "data.x", "X values", valueWidth, decimals},
-    {"Y", "data.y", "Y values", valueWidth, decimals},
+    {"Row", "pair.number", "#", rowNumberWidth, 0},
+    {"X", "pair.predicted", "X values", valueWidth, decimals},
+    {"Y", "pair.observed", "Y values", valueWidth, decimals},
     {"Deviation", "deviation", "Deviation", valueWidth, decimals},
     {"Fitted", "residual.fitted", "Y Pred.", valueWidth, decimals},
     {"Residue", "residual", "Residue", valueWidth, decimals},
@@ -26,7 +26,7 @@ constexpr Place places[] = {
     {"StdtRes", "residual.studentized", "StdtRes", valueWidth, decimals},
     {"RStdtRes", "residual.deleted_studentized", "RStdtRes", valueWidth, decimals},
     {"Leverage", "residual.leverage", "Leverage", valueWidth, decimals},
-    {"CookD", "residual.cook_d", "Cook'D", valueWidth, decimals},
+    {"CookD", "residual.cook", "Cook'D", valueWidth, decimals},
     {"DFFITS", "residual.dffits", "DFFITS", valueWidth, decimals},
     {"PRESS", "residual.press", "PRESS", valueWidth, decimals},
 };

@@ -10,9 +10,9 @@ namespace corvane {
 namespace {
 
 constexpr Place places[] = {
-    {"X", "data.x", "X", 10, 3},
-    {"Y", "data.y", "Y", 10, 3},
-    {"WtDev", "deviation.weighted", "WtDev", 15, 10},
+    {"X", "pair.predicted", "X", 10, 3},
+    {"Y", "pair.observed", "Y", 10, 3},
+    {"WtDev", "deviation.weighed", "WtDev", 15, 10},
 };
 
 } // namespace
