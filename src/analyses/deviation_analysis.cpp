@@ -138,7 +138,8 @@ void WriteDeviationAnalysis(RunState& run) {
     const Limits constantBias = SizeLimits((n - 1) * variance, N - 1, alpha, alpha);
     const Limits proportionalBias = SizeLimits(line.Chi2, N - 2, alpha / 2, alpha);
 
-    ReportSection& section = run.report.BeginSection({"deviation_analysis", "DEVIATION ANALYSIS", {places}});
+    ReportSection& section =
+        run.report.BeginSection({"deviation_analysis", "DEVIATION ANALYSIS", {places, NormalityPlaces()}});
     Line(section, "Regression of: Deviation = a + b×'Model-Predicted'");
     WriteEstimate(section, "a", line.a, line.SDa);
     WriteEstimate(section, "b", line.b, line.SDb);

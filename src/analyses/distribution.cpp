@@ -1,7 +1,5 @@
 #include "analyses/distribution.h"
 
-#include "report/transition.h"
-
 #include "analyses/normality_test.h"
 #include "stats/normality.h"
 
@@ -11,37 +9,51 @@
 namespace corvane {
 namespace {
 
+constexpr Place places[] = {
+    {"W_*", "normality.shapiro_wilk.w"},
+    {"P_*", "normality.shapiro_wilk.p", " (", 10, 5, Look::Probability},
+};
+
 void WriteShapiroWilk(RunState& run, ReportSection& section, const std::string& name,
                       const std::vector<double>& sample) {
     const stats::ShapiroWilkResult test = stats::ShapiroWilk(sample);
     run.Statement([&] {
-        Line(section, "SW's W-value for normality for " + name + " (P-value < W) : ",
-             F(10, 5, test.W).Named("W_" + name), " (", FP(10, 5, test.P).Named("P_" + name), ")");
+        section.Row({"SW's W-value for normality for " + name + " (P-value < W) : ",
+                     {"W_*", test.W, name},
+                     {"P_*", test.P, name},
+                     ")"});
     });
 }
 
-} // namespace
-
-void WriteDistribution(RunState& run) {
+void Write(RunState& run) {
     const std::vector<double>&X = run.SortedX(), &Y = run.SortedY();
-    ReportSection& section =
-        run.report.BeginSection({"distribution", "DISTRIBUTION ANALYSES (Shapiro and Wilk, 1965)"});
+    ReportSection& section = run.report.BeginSection(DistributionSection.frame);
     if (run.Comments()) {
-        Line(section, "!! .SW is the Shapiro-Wilk's W-value (0 to 1) that measures normal distribution in "
-                      "which small values lead !!");
-        Line(section, "!!  to the rejection of the null hypothesis of normality !!");
+        section.Note("!! .SW is the Shapiro-Wilk's W-value (0 to 1) that measures normal distribution in "
+                     "which small values lead !!");
+        section.Note("!!  to the rejection of the null hypothesis of normality !!");
     }
     WriteShapiroWilk(run, section, "X", X);
     WriteShapiroWilk(run, section, "Y", Y);
     section.Blank();
-    Line(section, "Empirical Distribution Function for Normality");
-    Line(section, std::string(45, '='));
-    Line(section, "Predicted values (X):");
+    section.Heading("Empirical Distribution Function for Normality", '=');
+    section.Text("Predicted values (X):");
     run.Statement([&] { NormalityTest(section, X, "X."); });
     section.Blank();
     section.Blank();
-    Line(section, "Observed values (Y):");
+    section.Text("Observed values (Y):");
     run.Statement([&] { NormalityTest(section, Y, "Y."); });
 }
+
+} // namespace
+
+const SectionDefinition DistributionSection{
+    .frame = {"distribution", "DISTRIBUTION ANALYSES (Shapiro and Wilk, 1965)", {places, NormalityPlaces()}},
+    .gate = {&AnalysisOptions::DISTRIBUTION_ANALYSIS},
+    .progress = "Distribution...",
+    .meaning = "Tests of whether the predicted and the observed values come from normal distributions.",
+    .papers = "shapiro1965; royston1995; davis1989; dagostino1986",
+    .write = Write,
+};
 
 } // namespace corvane

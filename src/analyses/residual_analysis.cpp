@@ -18,13 +18,13 @@ Report& BeginResidualSection(RunState& run) {
     const char* id = "residual_analysis";
     const char* title = "RESIDUAL ANALYSES";
     if (!IsSet(run.Options().RESIDUE_WINDOW)) {
-        run.report.BeginSection({id, title, {ResidualPlaces()}});
+        run.report.BeginSection({id, title, {ResidualPlaces(), NormalityPlaces()}});
         return run.report;
     }
     run.windows.push_back({"residue", "Residue Analyses - ", Report(id)});
     Report& content = run.windows.back().content;
     content.Current().title = title;
-    content.Current().places = {ResidualPlaces()};
+    content.Current().places = {ResidualPlaces(), NormalityPlaces()};
     content.SetApart();
     return content;
 }

@@ -38,42 +38,6 @@ void RequestHistograms(RunState& run) {
         run.plots.emplace_back(std::move(request));
 }
 
-const SectionDefinition LineFamilySection{.frame = {"line_family", ""},
-                                          .gate = {&Options::OLS_SLS},
-                                          .progress = "OLS and SLS...",
-                                          .write = WriteLineFamily};
-const SectionDefinition DistributionSection{.frame = {"distribution", ""},
-                                            .gate = {&Options::DISTRIBUTION_ANALYSIS},
-                                            .progress = "Distribution...",
-                                            .write = WriteDistribution};
-const SectionDefinition MomentsSection{.frame = {"moments", ""},
-                                       .gate = {&Options::MOMENT_STATISTIC},
-                                       .progress = "Moments...",
-                                       .write = WriteMoments};
-const SectionDefinition RobustStatisticsSection{.frame = {"robust_statistics", ""},
-                                                .gate = {&Options::ROBUST_STATISTICS},
-                                                .progress = "Robust statistics...",
-                                                .write = WriteRobustStatistics};
-const SectionDefinition DiverseMeasuresSection{.frame = {"diverse_measures", ""},
-                                               .gate = {&Options::DIVERSE_MEASURES},
-                                               .progress = "Mean bias...",
-                                               .write = WriteDiverseMeasures};
-const SectionDefinition IndexAnalysisSection{.frame = {"index_analysis", ""},
-                                             .gate = {&Options::INDEX_ANALYSIS},
-                                             .progress = "Index...",
-                                             .write = WriteIndexAnalysis};
-const SectionDefinition ConcordanceSection{.frame = {"concordance", ""},
-                                           .gate = {&Options::CONCORDANCE_TEST},
-                                           .progress = "Concordance...",
-                                           .write = WriteConcordance};
-const SectionDefinition GeneralizedConcordanceSection{.frame = {"generalized_concordance", ""},
-                                                      .gate = {&Options::GENERAL_CCC},
-                                                      .progress = "Generalized CCC...",
-                                                      .write = WriteGeneralizedConcordance};
-const SectionDefinition RankAnalysisSection{.frame = {"rank_analysis", ""},
-                                            .gate = {&Options::RANK_ANALYSIS},
-                                            .progress = "Rank analysis...",
-                                            .write = WriteRankAnalysis};
 const SectionDefinition BalanceSection{.frame = {"balance", ""},
                                        .gate = {&Options::BALANCE_ANALYSIS},
                                        .progress = "Balance analysis...",

@@ -137,6 +137,25 @@ TEST(JsonReport, HoldsEveryNumberOfAFullRunUnderItsName) {
     }
 }
 
+TEST(JsonReport, AnEstimateHasItsLimits) {
+    const FullRun run = Example("mtcars.KOV");
+    const auto expectLimits = [&](const char* id, const std::string& estimate, const std::string& lower,
+                                  const std::string& upper) {
+        const Json& section = run.Section(id);
+        const Json &values = section.at("values"), &limits = section.at("intervals").at(estimate);
+        EXPECT_EQ(limits, (Json{values.at(lower), values.at(upper)})) << estimate;
+        EXPECT_LT(limits[0], values.at(estimate)) << estimate;
+        EXPECT_GT(limits[1], values.at(estimate)) << estimate;
+    };
+    expectLimits("concordance", "rc", "Lower", "Upper");
+    expectLimits("concordance", "TRc", "TLower", "TUpper");
+    expectLimits("concordance", "Gr", "GLower", "GUpper");
+    expectLimits("concordance", "TGr", "E1", "E3");
+    for (const std::string distance : {"Squared", "Absolute", "Power", "WinsorizedSquared",
+                                       "WinsorizedAbsolute", "WinsorizedPower", "Huber"})
+        expectLimits("generalized_concordance", distance + ".Rg", distance + ".Lower", distance + ".Upper");
+}
+
 TEST(JsonReport, HoldsEveryNumberOfAComparison) {
     testing::MemoryFiles files;
     const auto file = [](const char* X) {
@@ -193,6 +212,7 @@ TEST(JsonReport, TheSchemaRefusesBrokenDocuments) {
                    R"({"op": "replace", "path": "/options/LSM", "value": null})",
                    R"({"op": "remove", "path": "/sections/header/failures"})",
                    R"({"op": "replace", "path": "/sections/regression/values/a", "value": true})",
+                   R"({"op": "replace", "path": "/sections/concordance/intervals/rc", "value": [1]})",
                    R"({"op": "add", "path": "/sections/header/failures/0", "value": {}})"});
 }
 
