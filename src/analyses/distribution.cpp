@@ -48,7 +48,7 @@ void Write(RunState& run) {
 } // namespace
 
 const SectionDefinition DistributionSection{
-    .frame = {"distribution", "DISTRIBUTION ANALYSES (Shapiro and Wilk, 1965)", {places, NormalityPlaces()}},
+    .frame = {"distribution", "DISTRIBUTION ANALYSES (Shapiro and Wilk, 1965)", {places, NormalityPlaces}},
     .gate = {&AnalysisOptions::DISTRIBUTION_ANALYSIS},
     .progress = "Distribution...",
     .meaning = "Tests of whether the predicted and the observed values come from normal distributions.",

@@ -13,8 +13,6 @@ void Request(RunState& run, PlotTitles titles, const SharedColumn& x, SharedColu
     run.plots.emplace_back(PointPlot(std::move(titles), x, std::move(y), run.session));
 }
 
-} // namespace
-
 void RequestResidualPlot(RunState& run) {
     const std::vector<double>& residuals = run.residuals.RStdtRes;
     double k = 0;
@@ -51,5 +49,34 @@ void RequestResidueRegressionPlots(RunState& run) {
     Request(run, {"Deviation vs Model-Predicted", "Model-Predicted", "Deviation"}, run.Share(run.arrays.X),
             run.Share(run.residuals.Deviation));
 }
+
+} // namespace
+
+const SectionDefinition ResidualPlot{
+    .frame = {"residual_plot", ""},
+    .gate = {&AnalysisOptions::SHOW_RESIDUAL_PLOT, &AnalysisOptions::RESIDUAL_ANALYSIS},
+    .progress = "Residual plot...",
+    .write = RequestResidualPlot,
+};
+
+const SectionDefinition DeviationPlot{
+    .frame = {"deviation_plot", ""},
+    .gate = {&AnalysisOptions::SHOW_DEVIATION_PLOT, &AnalysisOptions::RESIDUAL_ANALYSIS},
+    .progress = "Deviation plot...",
+    .write = RequestDeviationPlot,
+};
+
+const SectionDefinition NormalPlot{
+    .frame = {"normal_plot", ""},
+    .gate = {&AnalysisOptions::SHOW_NORMAL_PLOT, &AnalysisOptions::RESIDUAL_ANALYSIS},
+    .progress = "Normal plot...",
+    .write = RequestNormalPlot,
+};
+
+const SectionDefinition ResidueRegressionPlots{
+    .frame = {"residue_regression_plots", ""},
+    .gate = {&AnalysisOptions::RESIDUAL_REGRESSION_PLOT},
+    .write = RequestResidueRegressionPlots,
+};
 
 } // namespace corvane

@@ -1,7 +1,5 @@
 #include "analyses/residual_table.h"
 
-#include "report/transition.h"
-
 #include "core/format/text_lists.h"
 #include "stats/distributions.h"
 
@@ -11,25 +9,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::int32_t rowNumberWidth = 3, valueWidth = 9, decimals = 4;
-
-constexpr Place places[] = {
-    {"Row", "pair.number", "#", rowNumberWidth, 0},
-    {"X", "pair.predicted", "X values", valueWidth, decimals},
-    {"Y", "pair.observed", "Y values", valueWidth, decimals},
-    {"Deviation", "deviation", "Deviation", valueWidth, decimals},
-    {"Fitted", "residual.fitted", "Y Pred.", valueWidth, decimals},
-    {"Residue", "residual", "Residue", valueWidth, decimals},
-    {"NormRes", "residual.normal", "NormRes", valueWidth, decimals},
-    {"SERes", "residual.se", "SE Res.", valueWidth, decimals},
-    {"SemiStdtR", "residual.semi_studentized", "SemiStdtR", valueWidth, decimals},
-    {"StdtRes", "residual.studentized", "StdtRes", valueWidth, decimals},
-    {"RStdtRes", "residual.deleted_studentized", "RStdtRes", valueWidth, decimals},
-    {"Leverage", "residual.leverage", "Leverage", valueWidth, decimals},
-    {"CookD", "residual.cook", "Cook'D", valueWidth, decimals},
-    {"DFFITS", "residual.dffits", "DFFITS", valueWidth, decimals},
-    {"PRESS", "residual.press", "PRESS", valueWidth, decimals},
-};
+constexpr std::int32_t rowNumberWidth = 3, valueWidth = 9;
 
 /// A column that can be chosen.
 struct Choice {
@@ -56,10 +36,6 @@ const ListingColumn* Find(const Listing& table, std::string_view name) {
 
 } // namespace
 
-std::span<const Place> ResidualPlaces() {
-    return places;
-}
-
 double ResidualTable::Count(std::string_view name, const std::function<bool(double)>& test) const {
     const ListingColumn* column = Find(rows, name);
     return column ? static_cast<double>(std::ranges::count_if(*column->values, test)) : 0;
@@ -70,7 +46,7 @@ double ResidualTable::Starred(std::string_view name) const {
     return column ? Count(name, column->starred) : 0;
 }
 
-ResidualTable ListResiduals(const RunState& run, const InfluenceLimits& limits) {
+ResidualTable ListResiduals(const RunState& run, const stats::InfluenceLimits& limits) {
     const AnalysisOptions& options = run.Options();
     const EvaluationArrays& pairs = run.arrays;
     const stats::Residuals& r = run.residuals;
@@ -102,12 +78,14 @@ ResidualTable ListResiduals(const RunState& run, const InfluenceLimits& limits) 
     ResidualTable table;
     table.rows.rows = pairs.Count();
     table.header = table.fileHeader = HeaderCell("#", rowNumberWidth);
+    table.titles.emplace_back("#");
     table.rows.columns.push_back({"Row", nullptr, " "});
     for (const Choice& choice : choices) {
         if (!choice.chosen)
             continue;
         table.header += HeaderCell(choice.header, valueWidth);
         table.fileHeader += HeaderCell(choice.fileHeader, valueWidth);
+        table.titles.emplace_back(choice.header);
         table.rows.columns.push_back({choice.name, run.Share(choice.values), " ", choice.starred});
     }
     return table;

@@ -1,10 +1,6 @@
 #include "analyses/weighed_deviance.h"
 
-#include "report/transition.h"
-
 #include "plots/point_plot.h"
-
-#include <string>
 
 namespace corvane {
 namespace {
@@ -15,21 +11,28 @@ constexpr Place places[] = {
     {"WtDev", "deviation.weighed", "WtDev", 15, 10},
 };
 
-} // namespace
-
-void WriteWeighedDeviance(RunState& run) {
-    const std::string rule(36, '-');
+void Write(RunState& run) {
+    constexpr std::size_t ruleLength = 36;
     const SharedColumn X = run.Share(run.arrays.X), WtDev = run.Share(run.residuals.WtDev);
-    ReportSection& section =
-        run.report.BeginSection({"weighed_deviance", "WEIGHED DEVIANCE ANALYSIS", {places}});
+    ReportSection& section = run.report.BeginSection(WeighedDevianceSection.frame);
     section.Blank();
-    Line(section, "   X          Y         WtDev     ");
-    Line(section, rule);
+    section.BeginTable({"X", "Y", "WtDev"});
+    section.TableHead("   X          Y         WtDev     ");
+    section.Rule(ruleLength);
     section.List({{{"X", X}, {"Y", run.Share(run.arrays.Y)}, {"WtDev", WtDev}}, run.arrays.Count()});
-    Line(section, rule);
+    section.Rule(ruleLength);
     // The X axis is named after the observed values although the predicted ones are on it.
     run.plots.emplace_back(
         PointPlot({"Weighed Deviance vs Model-Predicted", "Observed", "Deviation"}, X, WtDev, run.session));
 }
+
+} // namespace
+
+const SectionDefinition WeighedDevianceSection{
+    .frame = {"weighed_deviance", "WEIGHED DEVIANCE ANALYSIS", {places}},
+    .gate = {&AnalysisOptions::WEIGHED_DEVIANCE},
+    .meaning = "How much of the total squared deviation each pair contributes.",
+    .write = Write,
+};
 
 } // namespace corvane

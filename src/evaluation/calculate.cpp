@@ -56,15 +56,14 @@ void SetDeviationConfidence(RunState& run) {
 void WriteSections(RunState& run) {
     std::vector<const SectionDefinition*> open;
     for (const SectionDefinition* section : SectionCatalog())
-        if (section->gate.IsOpen(run.Options()))
+        if (!section->nested && section->gate.IsOpen(run.Options()))
             open.push_back(section);
     for (std::size_t done = 0; done < open.size(); ++done) {
         stats::ThrowIfCancelled(run.stop);
-        run.progress.ShowShare(static_cast<double>(done + 1) / static_cast<double>(open.size() + 1));
-        if (open[done]->progress)
-            run.progress.ShowStage(open[done]->progress);
-        run.sectionId = open[done]->frame.id;
-        run.Statement([&] { open[done]->write(run); });
+        run.sectionBegins = static_cast<double>(done + 1) / static_cast<double>(open.size() + 1);
+        run.sectionEnds = static_cast<double>(done + 2) / static_cast<double>(open.size() + 1);
+        run.ShowSectionShare(0);
+        RunSection(run, *open[done]);
     }
 }
 

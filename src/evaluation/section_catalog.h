@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// The sections in the order of the report, then the plots.
+/// The sections in the order of the report, a nested one after that which runs it, then the plots.
 std::span<const SectionDefinition* const> SectionCatalog();
 
 } // namespace corvane

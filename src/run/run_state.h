@@ -8,6 +8,7 @@
 #include "run/snapshot.h"
 #include "stats/correlation.h"
 #include "stats/error_measures.h"
+#include "stats/harlow.h"
 #include "stats/line_family.h"
 #include "stats/line_fits.h"
 #include "stats/median_fit.h"
@@ -15,7 +16,6 @@
 #include "stats/pair_statistics.h"
 #include "stats/residual_statistics.h"
 
-#include <array>
 #include <cstdint>
 #include <list>
 #include <memory>
@@ -40,9 +40,6 @@ struct RunColumns {
     stats::Residuals residuals;
 };
 
-/// Counts of pairs: first index over- or underprediction, second below or above.
-using AllocationTable = std::array<std::array<std::int32_t, 2>, 2>;
-
 /// What one Calculate carries from section to section. The values keep the names that the report's text uses;
 /// those that the chosen method does not compute stay 0.
 struct RunState {
@@ -62,6 +59,7 @@ struct RunState {
     bool regularMethod = false;            ///< The run took the regular method in place of the weighted one.
     bool ranked = false;                   ///< The rank columns were written.
     std::string_view sectionId = "header"; ///< Of the section that runs.
+    double sectionBegins = 0, sectionEnds = 1; ///< The shares of the whole at which it begins and ends.
 
     std::shared_ptr<RunColumns> columns = std::make_shared<RunColumns>();
     EvaluationArrays& arrays = columns->arrays;
@@ -77,7 +75,7 @@ struct RunState {
     stats::Pearson pearson{};
 
     /// The tables of Balance analysis; Orthogonal balance counts in them again.
-    AllocationTable BalanceTableX{}, BalanceTableY{};
+    stats::AllocationTable BalanceTableX{}, BalanceTableY{};
 
     const AnalysisOptions& Options() const { return dataset.options; }
     double N() const { return static_cast<double>(arrays.Count()); }
@@ -105,6 +103,11 @@ struct RunState {
                 return;
             }
         report.FileFailure(sectionId, std::move(reason));
+    }
+
+    /// How much of the section that runs is done, from 0 to 1.
+    void ShowSectionShare(double share) {
+        progress.ShowShare(sectionBegins + share * (sectionEnds - sectionBegins));
     }
 
     void Tell(MessageStyle style, const std::string& text) {

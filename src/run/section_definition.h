@@ -5,6 +5,7 @@
 #include "run/run_state.h"
 
 #include <string_view>
+#include <utility>
 
 namespace corvane {
 
@@ -32,6 +33,16 @@ struct SectionDefinition {
     std::string_view meaning{}; ///< What it computes, in one sentence; empty for a plot without text.
     std::string_view papers{};  ///< Keys of the papers that it follows, separated by "; ".
     void (*write)(RunState&) = nullptr;
+    bool nested = false; ///< Another section runs it.
 };
+
+/// Runs a section under its own name: what fails in it is filed with it.
+inline void RunSection(RunState& run, const SectionDefinition& section) {
+    if (section.progress)
+        run.progress.ShowStage(section.progress);
+    const std::string_view outer = std::exchange(run.sectionId, section.frame.id);
+    run.Statement([&] { section.write(run); });
+    run.sectionId = outer;
+}
 
 } // namespace corvane

@@ -1,7 +1,9 @@
 #include "stats/intercept_slope_test.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "stats/checked.h"
 #include "stats/distributions.h"
 #include "stats/line_residuals.h"
 
@@ -49,6 +51,13 @@ InterceptSlopeTest FTestInterceptSlope(std::span<const double> x, std::span<cons
     result.P1 = Probability(result.F1, freedom);
     result.P2 = Probability(result.F2, freedom);
     return result;
+}
+
+std::optional<double> FTestZeroLine(double SS0, double SSE, double df) {
+    if (SSE <= 0)
+        return 0.0;
+    const double explained = std::max(0.0, SS0 - SSE); // negative by rounding alone
+    return CheckedQuotient(df / 2 * explained, SSE);
 }
 
 } // namespace corvane::stats

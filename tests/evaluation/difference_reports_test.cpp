@@ -38,6 +38,19 @@ TEST(DifferenceReports, TheSizeRoundsHalvesToEvenAndThreePasses) {
                 {size("60 per cent"), {&Options::MSPE_BOOTSTRAP_SUBSAMPLE, std::string("0")}});
 }
 
+TEST(DifferenceReports, TheBootstrapTellsItsShareOfTheRun) {
+    Workbench bench;
+    bench.OpenExample("mtcars.KOV")
+        .Only(ours)
+        .Set({{&Options::MSPE_BOOTSTRAP_SUBSAMPLE, std::string("5000")}});
+    bench.Evaluate();
+    // 5000 x 32 draws are in the third of five stretches, with a look each 65536.
+    const std::vector<double> expected = {0.2, 0.4, 0.4 + 0.2 * 0.4096, 0.4 + 0.2 * 0.8192, 0.6, 0.8};
+    ASSERT_EQ(bench.progress.shares.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_NEAR(bench.progress.shares[i], expected[i], 1e-15);
+}
+
 TEST(SampleReports, ARatioBeyondRangeLeavesZeros) {
     EXPECT_TRUE(Has(
         RunOfPairs("pairs.KOV", {{"1e200", "1e-200"}, {"2", "1"}, {"3", "5"}}, {&Options::INDEX_ANALYSIS}),

@@ -204,7 +204,7 @@ TEST_F(ResidualReports, TheResidualPlotIsStretchedWhereItIsNarrow) {
         RunState run{.snapshot = {dataset, session, {}, 0, {}}, .progress = progress};
         run.residuals.RStdtRes = {low, 0.5, high};
         run.residuals.Fitted = {1, 2, 3};
-        RequestResidualPlot(run);
+        ResidualPlot.write(run);
         const auto& plot = std::get<PlotRequest>(run.plots.at(0));
         return std::pair(plot.YAxisTitle, plot.ChartData.at(2)->back());
     };
