@@ -131,7 +131,7 @@ void WriteDeviationAnalysis(RunState& run) {
     const double n = run.N();
     const double alpha = OutsideProbability(run), confidence = 100 - 100 * alpha;
     const stats::LineFit line = stats::FitLine(X, D);
-    const auto [mean, variance] = stats::MeanVariance(D);
+    const auto [mean, variance, sd] = stats::MeanVariance(D);
     const double sumOfSquares = n * run.errors.MSEP;
     const Limits noBias = SizeLimits(sumOfSquares, N, alpha, alpha);
     // (n - 1) variance = sum D^2 - n mean^2, which rounding would make negative where the bias is all.
@@ -149,7 +149,7 @@ void WriteDeviationAnalysis(RunState& run) {
     Line(section, "r²                               : ",
          F(10, 5, stats::PearsonCorrelation(X, D).RSquared).Named("RSquared"));
     Line(section, "MSE                              : ", F(10, 5, Divide(line.Chi2, n - 2)).Named("MSE"));
-    const double t = Divide(mean, SquareRoot(variance / n));
+    const double t = Divide(mean, sd / SquareRoot(n));
     Line(section, "Mean deviation                   : ", F(10, 5, mean).Named("MeanDeviation"),
          " (P = ", FP(7, 5, stats::TailT(t, n - 1)).Named("P_MeanDeviation"), ")");
     const std::string percent = ToFifteenDigits(confidence);
@@ -161,7 +161,7 @@ void WriteDeviationAnalysis(RunState& run) {
     WriteLimits(section, "Prediction interval (" + percent + "%)        : ", "PI",
                 around(variance / n + variance));
     Line(section, "Variance deviation               : ", F(10, 5, variance).Named("Variance"));
-    Line(section, "S deviation                      : ", F(10, 5, SquareRoot(variance)).Named("SD"));
+    Line(section, "S deviation                      : ", F(10, 5, sd).Named("SD"));
     section.Blank();
     Line(section,
          "Confidence Interval of the Distribution of the |Deviations| (Freese, 1960; Reynolds, 1984)");
