@@ -2,6 +2,7 @@
 
 #include "app/json_report.h"
 #include "app/saved_windows.h"
+#include "app/shown_progress.h"
 #include "cli/command_support.h"
 #include "cli/report_clock.h"
 #include "comparison/comparison_report.h"
@@ -111,8 +112,11 @@ ExitCode RunCompare(const CompareRequest& request) {
     if (request.jsonFile != StandardOutput && IsRead(request.jsonFile, request, list))
         return Fail("--json " + request.jsonFile + " would replace a file of the comparison");
 
+    ShownProgress progress(feedback, messages);
     const ComparisonResult result =
-        CompareModels(list, request.references, {messages, feedback, *clock, files});
+        CompareModels({list.Rows(), list.settings, request.references, clock->Now()}, files, progress);
+    feedback.HideProgress();
+    list.settings = result.settings;
     for (const std::string& warning : result.warnings)
         messages.Warn("", warning);
     if (!result.finished)

@@ -31,7 +31,7 @@ struct SectionDefinition {
         nullptr;                ///< The text of the progress line while it runs; null: the last one stays.
     std::string_view meaning{}; ///< What it computes, in one sentence; empty for a plot without text.
     std::string_view papers{};  ///< Keys of the papers that it follows, separated by "; ".
-    void (*write)(RunState&) = nullptr;
+    void (*write)(RunState&) = nullptr; ///< Null: a comparison's, which writes its sections itself.
 };
 
 } // namespace corvane
