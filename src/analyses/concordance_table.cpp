@@ -82,9 +82,8 @@ void WriteLiao(RunState& run, ReportSection& section, const stats::Concordance& 
 
 void Write(RunState& run) {
     const stats::PairSummary& pairs = run.pairs;
-    const stats::Concordance c =
-        stats::ConcordanceStatistics(run.arrays.Count(), run.pearson.r, pairs.MeanX, pairs.MeanY, pairs.VarX,
-                                     pairs.VarY, pairs.VarDiff, pairs.MeanDiff);
+    const stats::Concordance c = stats::ConcordanceStatistics(
+        {run.arrays.Count(), run.pearson.r, pairs.MeanDiff, pairs.SDX, pairs.SDY, pairs.SDDiff});
     ReportSection& section = run.report.BeginSection(ConcordanceSection.frame);
     WriteLin(run, section, c);
     section.Blank();

@@ -16,7 +16,9 @@ public:
 
     void ShowStage(const std::string& text) override { feedback.ShowProgress(text); }
     void ShowShare(double) override {}
-    void Tell(MessageStyle style, const std::string& text) override { dialogs.ShowMessage(style, text, ""); }
+    void Tell(MessageStyle style, const std::string& text, const std::string& title) override {
+        dialogs.ShowMessage(style, text, title);
+    }
 
 private:
     Feedback& feedback;

@@ -2,6 +2,7 @@
 
 #include "app/json_report.h"
 #include "app/saved_windows.h"
+#include "app/shown_progress.h"
 #include "cli/command_support.h"
 #include "cli/output_guard.h"
 #include "cli/report_clock.h"
@@ -106,8 +107,11 @@ ExitCode RunCompare(const CompareRequest& request) {
     if (const std::string fault = ClaimOutputs(request.outFolder, request.jsonFile, guard); !fault.empty())
         return Fail(fault);
 
+    ShownProgress progress(feedback, messages);
     const ComparisonResult result =
-        CompareModels(list, request.references, {messages, feedback, *clock, files});
+        CompareModels({list.Rows(), list.settings, request.references, clock->Now()}, files, progress);
+    feedback.HideProgress();
+    list.settings = result.settings;
     for (const std::string& warning : result.warnings)
         messages.Warn("", warning);
     if (!result.finished)

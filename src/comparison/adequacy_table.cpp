@@ -1,22 +1,21 @@
 #include "comparison/adequacy_table.h"
 
-#include "report/transition.h"
-
 #include "core/format/text_lists.h"
 #include "stats/concordance.h"
 #include "stats/error_measures.h"
-#include "stats/line_fits.h"
+#include "stats/information_criteria.h"
 #include "stats/moment_statistics.h"
 
 #include <array>
 #include <cmath>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace corvane {
 namespace {
 
-/// The columns behind the three moments, in their order.
+/// The columns after the three moments, in their order.
 enum Index { RSquared, MSEP, MB, MEF, CD, Cb, CCC, AIC, AICc, AICcPrime, IndexCount };
 
 struct IndexColumn {
@@ -38,6 +37,26 @@ constexpr std::array<IndexColumn, IndexCount> indexColumns{{
     {"AICc", "AICc", true, false},
     {"AICc'", "AICcPrime", true, false},
 }};
+
+// Widths and decimals come from the settings.
+constexpr Place places[] = {
+    {"Mean_*", "moments.mean"},
+    {"SD_*", "moments.sd"},
+    {"Median_*", "moments.median"},
+    {"RSquared_*", "regression.r_squared"},
+    {"MSEP_*", "msep"},
+    {"MB_*", "bias.mean"},
+    {"MEF_*", "error.mef"},
+    {"CD_*", "error.cd"},
+    {"Cb_*", "concordance.cb"},
+    {"CCC_*", "comparison.ccc"},
+    {"AIC_*", "comparison.aic"},
+    {"AICc_*", "comparison.aicc"},
+    {"AICcPrime_*", "comparison.aicc_prime"},
+    {"best_*", "comparison.best"},
+};
+
+constexpr const char* momentTitles[] = {"Mean", "SD", "Median"};
 
 constexpr const char* notes[] = {
     ".SD = Standard deviation",
@@ -83,36 +102,25 @@ ModelPairs TakePairs(const ComparisonData& data, std::size_t model, std::size_t&
     return pairs;
 }
 
-void SetInformationCriteria(Indexes& indexes, const ComparedModel& model, double n, double SSE) {
-    if (n < 4 || !(SSE > 0))
-        return;
-    if (n == 4)
-        throw RunFailure(model.path +
-                         ": 4 observed values are in use, and AICc divides by their number less 4; it takes "
-                         "5 or more");
-    constexpr double parameters = 3, twicePi = 6.283186; // to these digits: the report's AIC rests on them
-    const double c = std::log(twicePi) + 1;
-    const double q = Logarithm(SSE / n);
-    const double correction = Divide(2 * parameters * (parameters + 1), n - parameters - 1);
-    indexes[AIC] = n * (q + c) + 2 * parameters;
-    indexes[AICc] = correction + n * (q + c) + 2 * parameters;
-    indexes[AICcPrime] = correction + n * q + 2 * parameters;
-}
-
+/// `sameRows`: the moments of Y are those of these pairs.
 Indexes IndexesOf(const ComparedModel& model, const ModelPairs& pairs,
                   const stats::MomentStatisticsResult& momentsX,
-                  const stats::MomentStatisticsResult& momentsY) {
+                  const stats::MomentStatisticsResult& momentsY, bool sameRows) {
     const auto& [X, Y] = pairs;
     const stats::ErrorMeasures errors = stats::DiverseStatistics(X, Y, momentsX.Mean, momentsY.Mean);
     // The positive root: a model that runs against the observations shows that in its MEF, not in its CCC.
     const double r = SquareRoot(errors.RSquared);
     // The variance of the differences counts for the intraclass coefficient only.
-    const stats::Concordance concordance = stats::ConcordanceStatistics(
-        X.size(), r, momentsX.Mean, momentsY.Mean, momentsX.Variance, momentsY.Variance, 0);
-    Indexes indexes{errors.RSquared, errors.MSEP,    errors.MeanBias, errors.MEF,
-                    errors.CD,       concordance.Cb, concordance.rc};
-    SetInformationCriteria(indexes, model, static_cast<double>(X.size()), stats::FitLine(X, Y).Chi2);
-    return indexes;
+    const double meanDifference = sameRows ? -errors.MeanBias : momentsX.Mean - momentsY.Mean;
+    const stats::Concordance concordance =
+        stats::ConcordanceStatistics({X.size(), r, meanDifference, momentsX.SD, momentsY.SD, 0});
+    const auto criteria = stats::LineInformationCriteria(X, Y);
+    if (!criteria)
+        throw RunFailure(model.path +
+                         ": 4 observed values are in use, and AICc divides by their number less 4; it takes "
+                         "5 or more");
+    return {errors.RSquared, errors.MSEP,    errors.MeanBias, errors.MEF,     errors.CD,
+            concordance.Cb,  concordance.rc, criteria->AIC,   criteria->AICc, criteria->AICcPrime};
 }
 
 /// The size by which a value competes for "best", the smaller the better. CD is judged by its distance from
@@ -139,55 +147,51 @@ public:
     AdequacyTable(ReportSection& reportSection, const ReportColumns& reportColumns)
         : section(reportSection), columns(reportColumns) {}
 
-    void WriteHeader() {
+    void WriteHead() {
         section.Blank();
-        std::string header = "Model:";
-        for (const char* title : {"Mean", "SD", "Median"})
-            header += Centred(columns.Long, title);
-        for (const IndexColumn& column : indexColumns)
-            header += Centred(Width(column), column.title);
-        Line(section, header);
+        std::vector<std::string> titles(std::begin(momentTitles), std::end(momentTitles));
+        std::string head = "Model:";
+        for (const std::string& title : titles)
+            head += Centred(columns.Long, title);
+        for (const IndexColumn& column : indexColumns) {
+            titles.emplace_back(column.title);
+            head += Centred(Width(column), column.title);
+        }
+        section.BeginTable(std::move(titles));
+        section.TableHead(std::move(head));
         WriteRule('-');
     }
 
-    void WriteRule(char character) {
-        Line(section,
-             std::string(static_cast<std::size_t>(8 * columns.Long + 5 * columns.Short + 7), character));
-    }
-
     void WriteObserved(const stats::MomentStatisticsResult& moments) {
-        ReportLine line;
-        line.pieces.emplace_back("Obs  : ");
-        AddMoments(line, moments, "observed");
-        section.lines.push_back(std::move(line));
+        std::vector<RowItem> items{"Obs  : "};
+        AddMoments(items, moments, "observed", "the observations");
+        section.TableRow(items);
     }
 
-    void WriteModel(const std::string& tag, const stats::MomentStatisticsResult& moments,
+    void WriteModel(const ComparedModel& model, const stats::MomentStatisticsResult& moments,
                     const Indexes& indexes) {
-        ReportLine line;
-        line.pieces.emplace_back(F(3, 0, tag));
-        line.pieces.emplace_back("  : ");
-        AddMoments(line, moments, tag);
+        std::vector<RowItem> items{AtRight(3, model.tag) + "  : "};
+        AddMoments(items, moments, model.tag, model.path);
         for (std::size_t i = 0; i < IndexCount; ++i) {
             const IndexColumn& column = indexColumns[i];
-            line.pieces.emplace_back(
-                F(Width(column), column.isStatistics ? columns.Statistics : columns.Correlations, indexes[i])
-                    .Named(column.name + ("_" + tag)));
+            const std::int32_t decimals = column.isStatistics ? columns.Statistics : columns.Correlations;
+            items.push_back(RowItem(std::string(column.name) + "_*", indexes[i], model.tag)
+                                .Sized(Width(column), decimals)
+                                .Of(model.path + ": " + column.title));
         }
-        section.lines.push_back(std::move(line));
+        section.TableRow(items);
     }
 
     void WriteBest(std::span<const std::size_t> ordinals) {
         WriteRule('=');
-        ReportLine line;
-        line.pieces.emplace_back("Best :" + std::string(static_cast<std::size_t>(3 * columns.Long), ' '));
+        std::vector<RowItem> items{"Best :" + std::string(static_cast<std::size_t>(3 * columns.Long), ' ')};
         for (std::size_t i = 0; i < IndexCount; ++i)
-            line.pieces.emplace_back(F(Width(indexColumns[i]), 0, static_cast<double>(ordinals[i]))
-                                         .Named(std::string("best_") + indexColumns[i].name));
-        section.lines.push_back(std::move(line));
+            items.push_back(RowItem("best_*", static_cast<double>(ordinals[i]), indexColumns[i].name)
+                                .Sized(Width(indexColumns[i]), 0));
+        section.TableRow(items, std::size(momentTitles));
         WriteRule('-');
         for (const char* note : notes)
-            Line(section, note);
+            section.Note(note);
     }
 
 private:
@@ -195,35 +199,48 @@ private:
         return column.isLong ? columns.Long : columns.Short;
     }
 
-    void AddMoments(ReportLine& line, const stats::MomentStatisticsResult& moments,
-                    const std::string& whose) {
-        const auto add = [&](double value, const char* name) {
-            line.pieces.emplace_back(F(columns.Long, columns.Statistics, value).Named(name + whose));
-        };
-        add(moments.Mean, "Mean_");
-        add(moments.SD, "SD_");
-        add(moments.Median, "Median_");
+    void WriteRule(char character) {
+        section.Rule(static_cast<std::size_t>(8 * columns.Long + 5 * columns.Short + 7), character);
+    }
+
+    void AddMoments(std::vector<RowItem>& items, const stats::MomentStatisticsResult& moments,
+                    const std::string& tag, const std::string& whose) const {
+        const double values[] = {moments.Mean, moments.SD, moments.Median};
+        for (std::size_t i = 0; i < std::size(values); ++i)
+            items.push_back(RowItem(std::string(momentTitles[i]) + "_*", values[i], tag)
+                                .Sized(columns.Long, columns.Statistics)
+                                .Of(whose + ": " + momentTitles[i]));
     }
 
     ReportSection& section;
     const ReportColumns& columns;
 };
 
-} // namespace
-
-std::string Centred(std::int32_t width, std::string_view text) {
-    Field field{std::string(text), width, 0, AlignCentre};
+std::string InColumn(std::int32_t width, std::string_view text, std::int16_t alignment) {
+    Field field{std::string(text), width, 0, alignment};
     if (auto shown = FormatField(field))
         return std::move(*shown);
     throw RunFailure(QuotedForMessage(text) + " does not fit a column of width " + std::to_string(width));
 }
 
-Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns) {
-    AdequacyTable table(report.BeginSection({"adequacy", "Model Adequacy Indexes"}), columns);
-    table.WriteHeader();
+} // namespace
+
+std::string Centred(std::int32_t width, std::string_view text) {
+    return InColumn(width, text, AlignCentre);
+}
+
+std::string AtRight(std::int32_t width, std::string_view text) {
+    return InColumn(width, text, AlignRight);
+}
+
+Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns,
+                       ComparisonSteps& steps) {
+    AdequacyTable table(report.BeginSection(AdequacySection.frame), columns);
+    table.WriteHead();
     Adequacy adequacy;
     adequacy.ValidCount = data.N;
     std::optional<stats::MomentStatisticsResult> momentsY; // of the first model's rows, for all models
+    std::size_t firstRows = 0;
     std::array<std::size_t, IndexCount> bestOrdinals{};
     Indexes best{};
     for (std::size_t model = 0; model < data.models.size(); ++model) {
@@ -231,10 +248,12 @@ Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportC
         const stats::MomentStatisticsResult momentsX = stats::MomentStatistics(pairs.X);
         if (!momentsY) {
             momentsY = stats::MomentStatistics(pairs.Y);
+            firstRows = pairs.Y.size();
             table.WriteObserved(*momentsY);
         }
-        const Indexes indexes = IndexesOf(data.models[model], pairs, momentsX, *momentsY);
-        table.WriteModel(data.models[model].tag, momentsX, indexes);
+        const Indexes indexes =
+            IndexesOf(data.models[model], pairs, momentsX, *momentsY, pairs.Y.size() == firstRows);
+        table.WriteModel(data.models[model], momentsX, indexes);
         adequacy.AICcPrime.push_back(indexes[AICcPrime]);
         for (std::size_t i = 0; i < IndexCount; ++i) {
             const double rank = Rank(static_cast<Index>(i), indexes[i]);
@@ -243,9 +262,16 @@ Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportC
                 bestOrdinals[i] = model + 1;
             }
         }
+        steps.Done();
     }
     table.WriteBest(bestOrdinals);
     return adequacy;
 }
+
+const SectionDefinition AdequacySection{
+    .frame = {"adequacy", "Model Adequacy Indexes", {places}},
+    .meaning = "How well each model agrees with the observations, and which is best by each index.",
+    .papers = "burnham2002; burnham2011; lin1989; loague1991; neter1996; zacharias1996",
+};
 
 } // namespace corvane

@@ -54,7 +54,7 @@ void ReadItems(Items& items, ComparisonSettings& settings, std::vector<ListedFil
         if (item != optionsEnd)
             item = items.Next("</Options>");
     }
-    // In hand is a tick, or the end of the options with a tick behind it.
+    // In hand is a tick, or the end of the options with a tick after it.
     const auto here = [&] { return outcome.file + ":" + std::to_string(items.Line()) + ": "; };
     while (!items.AtEnd()) {
         if (item == optionsEnd)

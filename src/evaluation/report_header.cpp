@@ -1,7 +1,5 @@
 #include "evaluation/report_header.h"
 
-#include "report/transition.h"
-
 #include "core/format/format_picture.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
@@ -34,25 +32,25 @@ std::string TimeText(const ClockTime& time) {
 void WriteReportHeader(RunState& run, const ClockTime& time) {
     ReportSection& section = run.report.Current();
     const std::string line = HeaderLine(FileNameOf(run.session.CurrentDatasetName), time);
-    Line(section, line);
-    Line(section, std::string(CharacterCount(line), '.'));
+    section.Text(line);
+    section.Rule(CharacterCount(line), '.');
     section.Blank();
     run.header = section.lines;
 
     const AnalysisOptions& options = run.Options();
     if (options.LSM)
-        Line(section, "Regular Least-Squares Regression");
+        section.Text("Regular Least-Squares Regression");
     if (options.WLSM) {
-        Line(section, "Weighted Least-Squares Regression");
+        section.Text("Weighted Least-Squares Regression");
         if (IsSet(options.UNCERTAINTY_X))
-            Line(section, "Ignored uncertainties in X");
+            section.Text("Ignored uncertainties in X");
         if (IsSet(options.UNCERTAINTY_Y))
-            Line(section, "Ignored uncertainties in Y");
+            section.Text("Ignored uncertainties in Y");
     }
     if (options.ROBUSTR)
-        Line(section, "Robust Regression (Median)");
+        section.Text("Robust Regression (Median)");
     if (IsSet(options.SwapXY))
-        Line(section, "Swapped X <=> Y");
+        section.Text("Swapped X <=> Y");
     section.Blank();
 }
 

@@ -28,12 +28,6 @@
 namespace corvane {
 namespace {
 
-using Options = AnalysisOptions;
-
-const SectionDefinition ReferencesSection{.frame = {"references", ""},
-                                          .gate = {&Options::SHOW_LITERATURE},
-                                          .progress = nullptr,
-                                          .write = WriteReferences};
 
 const SectionDefinition* const catalog[] = {
     &RegressionSection,

@@ -18,8 +18,9 @@ public:
     /// How much of the whole is done, from 0 to 1.
     virtual void ShowShare(double share) = 0;
 
-    /// Something that the user should know at once. Nobody waits until it was seen.
-    virtual void Tell(MessageStyle style, const std::string& text) = 0;
+    /// Something that the user should know at once, under a title where it has one. Nobody waits until it was
+    /// seen.
+    virtual void Tell(MessageStyle style, const std::string& text, const std::string& title = {}) = 0;
 };
 
 } // namespace corvane

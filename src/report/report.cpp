@@ -14,12 +14,13 @@ Field FieldOf(const Place& place, CellValue value, std::optional<std::int32_t> w
             AlignRight,       place.look == Look::Probability, place.look == Look::LeadingZero};
 }
 
-/// The field's text. A RunFailure where it cannot be formatted.
-std::string Formatted(Field field) {
+/// The field's text. A RunFailure, which says what the value is of, where it cannot be formatted.
+std::string Formatted(Field field, const std::string& of = {}) {
     if (auto text = FormatField(field))
         return std::move(*text);
-    throw RunFailure(CellText(field.value) + " does not fit a field of width " + std::to_string(field.width) +
-                     " with " + std::to_string(field.decimals) + " decimals");
+    throw RunFailure((of.empty() ? "" : of + ": ") + CellText(field.value) +
+                     " does not fit a field of width " + std::to_string(field.width) + " with " +
+                     std::to_string(field.decimals) + " decimals");
 }
 
 /// Whether "n/a" is in the place of the value; a text that itself says "n/a" is shown.
@@ -52,6 +53,11 @@ RowItem&& RowItem::As(std::string itsText) && {
 
 RowItem&& RowItem::Between(double lower, double upper) && {
     interval = {lower, upper};
+    return std::move(*this);
+}
+
+RowItem&& RowItem::Of(std::string what) && {
+    of = std::move(what);
     return std::move(*this);
 }
 
@@ -98,7 +104,7 @@ ReportLine ReportSection::Built(LineKind kind, const RowItem* items, std::size_t
         const Place& place = At(item->place);
         addWords(place.label);
         Field field = FieldOf(place, item->value, item->width, item->decimals);
-        std::string text = item->text ? *item->text : Formatted(field);
+        std::string text = item->text ? *item->text : Formatted(field, item->of);
         const bool shown = IsShown(field, text);
         if (place.look == Look::Trimmed)
             text = std::string(TrimBlanks(text));
@@ -134,8 +140,9 @@ void ReportSection::TableHead(std::string words) {
         {.kind = LineKind::TableHead, .pieces = {{std::move(words)}}, .table = tables.size() - 1});
 }
 
-void ReportSection::Text(std::string words) {
-    lines.push_back({.kind = LineKind::Text, .pieces = {{std::move(words)}}});
+void ReportSection::Text(std::string words, LineEnd end) {
+    lines.push_back(
+        {.kind = LineKind::Text, .pieces = {{std::move(words)}}, .closed = end == LineEnd::Closed});
 }
 
 void ReportSection::Heading(std::string words, char underline) {

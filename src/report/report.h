@@ -106,12 +106,14 @@ public:
     RowItem&& As(std::string itsText) &&;
     /// With the limits of the value.
     RowItem&& Between(double lower, double upper) &&;
+    /// With what the value is of; a failure to show it begins so.
+    RowItem&& Of(std::string what) &&;
 
 private:
     friend struct ReportSection;
 
     std::string words{};
-    std::string place{}, part{};
+    std::string place{}, part{}, of{};
     CellValue value{};
     bool isValue = false;
     std::optional<std::int32_t> width{}, decimals{};
@@ -148,7 +150,7 @@ struct ReportSection {
     /// Appends a line of the newest table's head, as printed.
     void TableHead(std::string words);
 
-    void Text(std::string words);
+    void Text(std::string words, LineEnd end = LineEnd::Closed);
     void Heading(std::string words, char underline = '-');
     void Rule(std::size_t length, char character = '-');
     void Note(std::string words, LineEnd end = LineEnd::Closed);

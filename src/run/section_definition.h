@@ -32,8 +32,8 @@ struct SectionDefinition {
         nullptr;                ///< The text of the progress line while it runs; null: the last one stays.
     std::string_view meaning{}; ///< What it computes, in one sentence; empty for a plot without text.
     std::string_view papers{};  ///< Keys of the papers that it follows, separated by "; ".
-    void (*write)(RunState&) = nullptr;
-    bool nested = false; ///< Another section runs it.
+    void (*write)(RunState&) = nullptr; ///< Null: a comparison's, which writes its sections itself.
+    bool nested = false;                ///< Another section runs it.
 };
 
 /// Runs a section under its own name: what fails in it is filed with it.

@@ -172,10 +172,9 @@ TEST(JsonReport, HoldsEveryNumberOfAComparison) {
         list.Select(row, true);
     }
     list.settings.DecimalsProbability = "9"; // too many for the narrow cells
-    testing::RecordingDialogs dialogs;
-    testing::RecordingFeedback feedback;
+    testing::RecordingProgress progress;
     const ComparisonResult result =
-        CompareModels(list, true, {dialogs, feedback, testing::FixedClock(), files});
+        CompareModels({list.Rows(), list.settings, true, testing::FixedClock().Now()}, files, progress);
     ASSERT_TRUE(result.finished) << result.fault;
     const Json json = Json::parse(JsonReport({result, true, "l.KOC", {"a message"}}));
     EXPECT_EQ(SchemaErrors(json), Strings{});

@@ -75,9 +75,12 @@ class RecordingProgress : public Progress {
 public:
     void ShowStage(const std::string& text) override { stages.push_back(text); }
     void ShowShare(double share) override { shares.push_back(share); }
-    void Tell(MessageStyle, const std::string& text) override { messages.push_back(text); }
+    void Tell(MessageStyle, const std::string& text, const std::string& title) override {
+        messages.push_back(text);
+        titles.push_back(title);
+    }
 
-    std::vector<std::string> stages, messages;
+    std::vector<std::string> stages, messages, titles;
     std::vector<double> shares;
 };
 
