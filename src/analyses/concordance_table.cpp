@@ -57,9 +57,8 @@ private:
 
 void WriteConcordance(RunState& run) {
     const stats::PairSummary& pairs = run.pairs;
-    const stats::Concordance c =
-        stats::ConcordanceStatistics(run.arrays.Count(), run.pearson.r, pairs.MeanX, pairs.MeanY, pairs.VarX,
-                                     pairs.VarY, pairs.VarDiff, pairs.MeanDiff);
+    const stats::Concordance c = stats::ConcordanceStatistics(
+        {run.arrays.Count(), run.pearson.r, pairs.MeanDiff, pairs.SDX, pairs.SDY, pairs.SDDiff});
     ReportSection& section =
         run.report.BeginSection("concordance", "CONCORDANCE CORRELATION COEFFICIENT (Lin, 1989; Gromeive et "
                                                "al., 1991; Nickerson, 1997; Liao, 2003)");

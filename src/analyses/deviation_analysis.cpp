@@ -6,6 +6,7 @@
 #include "stats/deviation_intervals.h"
 #include "stats/distributions.h"
 #include "stats/moments.h"
+#include "stats/sums.h"
 
 #include <array>
 #include <charconv>
@@ -47,12 +48,14 @@ double OutsideProbability(RunState& run) {
     return alpha;
 }
 
-/// Limits of the size that a deviation exceeds with probability alpha: sqrt(chi(1 - alpha, 1) S / chi), S a
-/// sum of squares and chi the quantiles at 1 - tail and tail of its DF degrees of freedom. Freese (1960);
-/// Reynolds (1984).
-Limits SizeLimits(double sumOfSquares, int DF, double tail, double alpha) {
-    const double scaled = stats::InverseChiSquare(1 - alpha, 1) * sumOfSquares;
-    const auto limit = [&](double P) { return SquareRoot(Divide(scaled, stats::InverseChiSquare(P, DF))); };
+/// Limits of the size that a deviation exceeds with probability alpha: root sqrt(chi(1 - alpha, 1) / chi),
+/// `root` that of a sum of squares and chi the quantiles at 1 - tail and tail of its DF degrees of freedom.
+/// Freese (1960); Reynolds (1984).
+Limits SizeLimits(double root, int DF, double tail, double alpha) {
+    const double of = stats::InverseChiSquare(1 - alpha, 1);
+    const auto limit = [&](double P) {
+        return root * SquareRoot(Divide(of, stats::InverseChiSquare(P, DF)));
+    };
     return {limit(1 - tail), limit(tail)};
 }
 
@@ -124,12 +127,13 @@ void WriteDeviationAnalysis(RunState& run) {
     const double n = run.N();
     const double alpha = OutsideProbability(run), confidence = 100 - 100 * alpha;
     const stats::LineFit line = stats::FitLine(X, D);
-    const auto [mean, variance] = stats::MeanVariance(D);
-    const double sumOfSquares = n * run.errors.MSEP;
-    const Limits noBias = SizeLimits(sumOfSquares, N, alpha, alpha);
-    // (n - 1) variance = sum D^2 - n mean^2, which rounding would make negative where the bias is all.
-    const Limits constantBias = SizeLimits((n - 1) * variance, N - 1, alpha, alpha);
-    const Limits proportionalBias = SizeLimits(line.Chi2, N - 2, alpha / 2, alpha);
+    const auto [mean, variance, sd] = stats::MeanVariance(D);
+    const double MSE = stats::Square(Divide(line.RootChi2, SquareRoot(n - 2))),
+                 rootSum = SquareRoot(n) * run.errors.RMSEP;
+    const Limits noBias = SizeLimits(rootSum, N, alpha, alpha);
+    // (n - 1) sd^2 = sum D^2 - n mean^2, which rounding would make negative where the bias is all.
+    const Limits constantBias = SizeLimits(SquareRoot(n - 1) * sd, N - 1, alpha, alpha);
+    const Limits proportionalBias = SizeLimits(line.RootChi2, N - 2, alpha / 2, alpha);
 
     ReportSection& section = run.report.BeginSection("deviation_analysis", "DEVIATION ANALYSIS");
     section.Line("Regression of: Deviation = a + b×'Model-Predicted'");
@@ -141,27 +145,25 @@ void WriteDeviationAnalysis(RunState& run) {
         WriteTTest(section, "b", line.b, line.SDb, n - 2);
     section.Line("r²                               : ",
                  F(10, 5, stats::PearsonCorrelation(X, D).RSquared).Named("RSquared"));
-    section.Line("MSE                              : ", F(10, 5, Divide(line.Chi2, n - 2)).Named("MSE"));
-    const double t = Divide(mean, SquareRoot(variance / n));
+    section.Line("MSE                              : ", F(10, 5, stats::Finite(MSE)).Named("MSE"));
+    const double t = Divide(mean, sd / SquareRoot(n));
     section.Line("Mean deviation                   : ", F(10, 5, mean).Named("MeanDeviation"),
                  " (P = ", FP(7, 5, stats::TailT(t, n - 1)).Named("P_MeanDeviation"), ")");
     const std::string percent = ToFifteenDigits(confidence);
-    const auto around = [&, centre = mean](double spread) {
-        const double half = stats::InverseT(1 - alpha / 2, n - 1) * SquareRoot(spread);
+    const auto around = [&, centre = mean, spread = sd](double factor) {
+        const double half = stats::InverseT(1 - alpha / 2, n - 1) * spread * SquareRoot(factor);
         return Limits{centre - half, centre + half};
     };
-    WriteLimits(section, "Confidence interval (" + percent + "%)        : ", "CI", around(variance / n));
-    WriteLimits(section, "Prediction interval (" + percent + "%)        : ", "PI",
-                around(variance / n + variance));
+    WriteLimits(section, "Confidence interval (" + percent + "%)        : ", "CI", around(1 / n));
+    WriteLimits(section, "Prediction interval (" + percent + "%)        : ", "PI", around(1 / n + 1));
     section.Line("Variance deviation               : ", F(10, 5, variance).Named("Variance"));
-    section.Line("S deviation                      : ", F(10, 5, SquareRoot(variance)).Named("SD"));
+    section.Line("S deviation                      : ", F(10, 5, sd).Named("SD"));
     section.Line();
     section.Line(
         "Confidence Interval of the Distribution of the |Deviations| (Freese, 1960; Reynolds, 1984)");
     section.Line(std::string(90, '-'));
     section.Line("Assuming ", ReportField{{confidence}, "Confidence", percent}, "% of probability");
-    section.Line("Root of sum of deviation squared : ",
-                 F(10, 5, SquareRoot(sumOfSquares)).Named("RootSumOfSquares"));
+    section.Line("Root of sum of deviation squared : ", F(10, 5, rootSum).Named("RootSumOfSquares"));
     WriteLimits(section, "Assuming no mean bias            : ", "NoBias", noBias);
     WriteLimits(section, "Assuming constant mean bias      : ", "ConstantBias", constantBias);
     WriteLimits(section, "Assuming proportional bias       : ", "ProportionalBias", proportionalBias);

@@ -3,7 +3,6 @@
 #include "analyses/regression.h"
 #include "plots/point_plot.h"
 #include "stats/distributions.h"
-#include "stats/sums.h"
 #include "stats/two_sample_tests.h"
 
 #include <algorithm>
@@ -31,12 +30,13 @@ void WriteCoefficients(const RunState& run, ReportSection& section, std::int32_t
     writeTest("H0: ß1 = 0, T-value (P-value)", "b", run.b, run.SDb);
 }
 
-/// F test of intercept and slope 0: SS0 the sum of squares about the line y = 0.
-double JointF(double SS0, double SSE, double df) {
-    if (SSE <= 0)
+/// F test of intercept and slope 0, of the roots of the sums of squares: that about the line y = 0 and that
+/// of the residuals.
+double JointF(double root0, double rootSSE, double df) {
+    if (rootSSE <= 0)
         return 0;
-    const double explained = std::max(0.0, SS0 - SSE); // negative by rounding alone
-    return Divide(df / 2 * explained, SSE);
+    const double ratio = Divide(root0, rootSSE);
+    return df / 2 * std::max(0.0, (ratio - 1) * (ratio + 1)); // negative by rounding alone
 }
 
 void WriteVerdict(const RunState& run, ReportSection& section, double PF) {
@@ -69,15 +69,14 @@ void WriteVerdict(const RunState& run, ReportSection& section, double PF) {
 void Kleijnen_Analysis(RunState& run) {
     const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
     std::vector<double> differences(X.size()), sums(X.size());
-    stats::Sum squares;
     for (std::size_t i = 0; i < X.size(); ++i) {
         differences[i] = X[i] - Y[i];
         sums[i] = X[i] + Y[i];
-        squares.AddProduct(differences[i], differences[i]);
     }
-    TakeLine(run, stats::FitLine(sums, differences));
+    const stats::LineFit line = stats::FitLine(sums, differences);
+    TakeLine(run, line);
     const double df = run.N() - 2;
-    const double jointF = JointF(squares.Value(), run.Chi2, df);
+    const double jointF = JointF(run.errors.RMSEP * SquareRoot(run.N()), line.RootChi2, df);
     // The distribution function itself with the degrees of freedom in this order, not the tail above F.
     const double PF = stats::ProbF(jointF, df, 2);
 

@@ -32,34 +32,34 @@ void WriteDecomposition(RunState& run, ReportSection& section, const std::string
     section.Line("MSEP Decomposition " + number + ":");
     for (const Component& component : components)
         run.Statement([&] {
-            const double part = run.errors.MSEPParts[component.part];
+            const double part = run.errors.MSEPParts[component.part],
+                         share = run.errors.MSEPShares[component.part];
             const std::string name = number + "." + component.name;
             section.Line(component.label, F(11, 5, part).Named(name), " (",
-                         F(7, 3, Divide(100 * part, run.errors.MSEP)).Named(name + "Percent"), " %)");
+                         F(7, 3, 100 * share).Named(name + "Percent"), " %)");
         });
 }
 
 } // namespace
 
 void WriteMsep(RunState& run) {
-    const double MSEP = run.errors.MSEP, VarMSEP = run.errors.VarMSEP;
+    const stats::ErrorMeasures& errors = run.errors;
     ReportSection& section =
         run.report.BeginSection("msep", "MEAN SQUARE ERROR OF PREDICTION (Bibby and Toutenburg, 1977)");
     const auto write = [&](const char* label, const char* name, auto value) {
         run.Statement([&] { section.Line(label, F(11, 5, value()).Named(name)); });
     };
-    write("Mean Square Error of Prediction     : ", "MSEP", [&] { return MSEP; });
-    if (MSEP <= 0)
+    write("Mean Square Error of Prediction     : ", "MSEP", [&] { return errors.MSEP; });
+    if (errors.RMSEP <= 0)
         return;
-    write("Variance of MSEP                    : ", "VarMSEP", [&] { return VarMSEP; });
-    write("Standard deviation of MSEP          : ", "SDMSEP", [&] { return SquareRoot(VarMSEP); });
-    write("Coefficient of variation of MSEP, % : ", "CVMSEP",
-          [&] { return Divide(SquareRoot(VarMSEP) * 100, MSEP); });
-    write("Square root of MSEP (RMSEP)         : ", "RMSEP", [&] { return SquareRoot(MSEP); });
+    write("Variance of MSEP                    : ", "VarMSEP", [&] { return errors.VarMSEP; });
+    write("Standard deviation of MSEP          : ", "SDMSEP", [&] { return errors.SDMSEP; });
+    write("Coefficient of variation of MSEP, % : ", "CVMSEP", [&] { return 100 * errors.CVMSEP; });
+    write("Square root of MSEP (RMSEP)         : ", "RMSEP", [&] { return errors.RMSEP; });
     write("RMSEP, % of mean X                  : ", "RMSEPPercentOfX",
-          [&] { return Divide(SquareRoot(MSEP) * 100, run.pairs.MeanX); });
+          [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanX); });
     write("RMSEP, % of mean Y                  : ", "RMSEPPercentOfY",
-          [&] { return Divide(SquareRoot(MSEP) * 100, run.pairs.MeanY); });
+          [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanY); });
     WriteDecomposition(run, section, "I", firstDecomposition);
     WriteDecomposition(run, section, "II", secondDecomposition);
 }

@@ -18,7 +18,7 @@ void WriteLeastSquares(RunState& run, ReportSection& section) {
     });
     run.Statement([&] {
         section.Line("MSE             : ", F(10, 5, run.residuals.MSE).Named("MSE"), gap,
-                     "Root MSE            : ", F(10, 5, SquareRoot(run.residuals.MSE)).Named("RootMSE"));
+                     "Root MSE            : ", F(10, 5, run.residuals.RootMSE).Named("RootMSE"));
     });
     run.Statement([&] {
         section.Line("N               : ", F(10, 0, run.N()).Named("N"), gap,

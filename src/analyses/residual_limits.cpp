@@ -25,7 +25,7 @@ void SetMissingLimits(RunState& run, ReportSection& section) {
         section.Statement([&] {
             const double z = stats::InverseNormal(session.DeviationCIProb);
             // At a confidence of 1 z is the largest double; where the product overflows, nothing is set.
-            const double lower = -z * SquareRoot(Divide(run.pairs.VarY, run.N()));
+            const double lower = -z * Divide(run.pairs.SDY, SquareRoot(run.N()));
             if (!std::isfinite(lower))
                 throw RunFailure("overflow of the deviation limit");
             session.DeviationLower = lower;

@@ -5,9 +5,11 @@
 #include "stats/error_measures.h"
 #include "stats/line_fits.h"
 #include "stats/moment_statistics.h"
+#include "stats/sums.h"
 
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <optional>
 #include <span>
 
@@ -81,7 +83,11 @@ ModelPairs TakePairs(const ComparisonData& data, std::size_t model, std::size_t&
     return pairs;
 }
 
-void SetInformationCriteria(Indexes& indexes, const ComparedModel& model, double n, double SSE) {
+void SetInformationCriteria(Indexes& indexes, const ComparedModel& model, const ModelPairs& pairs) {
+    const double n = static_cast<double>(pairs.X.size());
+    // In units of a power of two, since SSE itself may be out of a double's range where its logarithm is not.
+    const int exponent = stats::ScaleExponent(pairs.Y);
+    const double SSE = stats::FitLine(pairs.X, stats::Scaled(pairs.Y, exponent)).Chi2;
     if (n < 4 || !(SSE > 0))
         return;
     if (n == 4)
@@ -90,26 +96,28 @@ void SetInformationCriteria(Indexes& indexes, const ComparedModel& model, double
                          "5 or more");
     constexpr double parameters = 3, twicePi = 6.283186; // to these digits: the report's AIC rests on them
     const double c = std::log(twicePi) + 1;
-    const double q = Logarithm(SSE / n);
+    const double q = std::log(SSE / n) + 2 * exponent * std::numbers::ln2;
     const double correction = Divide(2 * parameters * (parameters + 1), n - parameters - 1);
     indexes[AIC] = n * (q + c) + 2 * parameters;
     indexes[AICc] = correction + n * (q + c) + 2 * parameters;
     indexes[AICcPrime] = correction + n * q + 2 * parameters;
 }
 
+/// `sameRows`: the moments of Y are those of these pairs.
 Indexes IndexesOf(const ComparedModel& model, const ModelPairs& pairs,
                   const stats::MomentStatisticsResult& momentsX,
-                  const stats::MomentStatisticsResult& momentsY) {
+                  const stats::MomentStatisticsResult& momentsY, bool sameRows) {
     const auto& [X, Y] = pairs;
     const stats::ErrorMeasures errors = stats::DiverseStatistics(X, Y, momentsX.Mean, momentsY.Mean);
     // The positive root: a model that runs against the observations shows that in its MEF, not in its CCC.
     const double r = SquareRoot(errors.RSquared);
     // The variance of the differences counts for the intraclass coefficient only.
-    const stats::Concordance concordance = stats::ConcordanceStatistics(
-        X.size(), r, momentsX.Mean, momentsY.Mean, momentsX.Variance, momentsY.Variance, 0);
+    const double meanDifference = sameRows ? -errors.MeanBias : momentsX.Mean - momentsY.Mean;
+    const stats::Concordance concordance =
+        stats::ConcordanceStatistics({X.size(), r, meanDifference, momentsX.SD, momentsY.SD, 0});
     Indexes indexes{errors.RSquared, errors.MSEP,    errors.MeanBias, errors.MEF,
                     errors.CD,       concordance.Cb, concordance.rc};
-    SetInformationCriteria(indexes, model, static_cast<double>(X.size()), stats::FitLine(X, Y).Chi2);
+    SetInformationCriteria(indexes, model, pairs);
     return indexes;
 }
 
@@ -156,20 +164,22 @@ public:
     void WriteObserved(const stats::MomentStatisticsResult& moments) {
         ReportLine line;
         line.pieces.emplace_back("Obs  : ");
-        AddMoments(line, moments, "observed");
+        AddMoments(line, moments, "observed", "the observations");
         section.lines.push_back(std::move(line));
     }
 
-    void WriteModel(const std::string& tag, const stats::MomentStatisticsResult& moments,
+    void WriteModel(const ComparedModel& model, const stats::MomentStatisticsResult& moments,
                     const Indexes& indexes) {
+        const std::string& tag = model.tag;
         ReportLine line;
         line.pieces.emplace_back(F(3, 0, tag));
         line.pieces.emplace_back("  : ");
-        AddMoments(line, moments, tag);
+        AddMoments(line, moments, tag, model.path);
         for (std::size_t i = 0; i < IndexCount; ++i) {
             const IndexColumn& column = indexColumns[i];
+            const std::int32_t decimals = column.isStatistics ? columns.Statistics : columns.Correlations;
             line.pieces.emplace_back(
-                F(Width(column), column.isStatistics ? columns.Statistics : columns.Correlations, indexes[i])
+                PlacedNumber(F, Width(column), decimals, indexes[i], model.path + ": " + column.title)
                     .Named(column.name + ("_" + tag)));
         }
         section.lines.push_back(std::move(line));
@@ -193,14 +203,16 @@ private:
         return column.isLong ? columns.Long : columns.Short;
     }
 
-    void AddMoments(ReportLine& line, const stats::MomentStatisticsResult& moments,
-                    const std::string& whose) {
-        const auto add = [&](double value, const char* name) {
-            line.pieces.emplace_back(F(columns.Long, columns.Statistics, value).Named(name + whose));
+    void AddMoments(ReportLine& line, const stats::MomentStatisticsResult& moments, const std::string& whose,
+                    const std::string& place) {
+        const auto add = [&](double value, const std::string& name) {
+            line.pieces.emplace_back(
+                PlacedNumber(F, columns.Long, columns.Statistics, value, place + ": " + name)
+                    .Named(name + "_" + whose));
         };
-        add(moments.Mean, "Mean_");
-        add(moments.SD, "SD_");
-        add(moments.Median, "Median_");
+        add(moments.Mean, "Mean");
+        add(moments.SD, "SD");
+        add(moments.Median, "Median");
     }
 
     ReportSection& section;
@@ -216,12 +228,22 @@ std::string Centred(std::int32_t width, std::string_view text) {
     throw RunFailure(QuotedForMessage(text) + " does not fit a column of width " + std::to_string(width));
 }
 
+ReportField PlacedNumber(ReportField (*format)(std::int32_t, std::int32_t, CellValue), std::int32_t width,
+                         std::int32_t decimals, double value, const std::string& place) {
+    try {
+        return format(width, decimals, value);
+    } catch (const RunFailure& failure) {
+        throw RunFailure(place + ": " + failure.what());
+    }
+}
+
 Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns) {
     AdequacyTable table(report.BeginSection("adequacy", "Model Adequacy Indexes"), columns);
     table.WriteHeader();
     Adequacy adequacy;
     adequacy.ValidCount = data.N;
     std::optional<stats::MomentStatisticsResult> momentsY; // of the first model's rows, for all models
+    std::size_t firstRows = 0;
     std::array<std::size_t, IndexCount> bestOrdinals{};
     Indexes best{};
     for (std::size_t model = 0; model < data.models.size(); ++model) {
@@ -229,10 +251,12 @@ Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportC
         const stats::MomentStatisticsResult momentsX = stats::MomentStatistics(pairs.X);
         if (!momentsY) {
             momentsY = stats::MomentStatistics(pairs.Y);
+            firstRows = pairs.Y.size();
             table.WriteObserved(*momentsY);
         }
-        const Indexes indexes = IndexesOf(data.models[model], pairs, momentsX, *momentsY);
-        table.WriteModel(data.models[model].tag, momentsX, indexes);
+        const Indexes indexes =
+            IndexesOf(data.models[model], pairs, momentsX, *momentsY, pairs.Y.size() == firstRows);
+        table.WriteModel(data.models[model], momentsX, indexes);
         adequacy.AICcPrime.push_back(indexes[AICcPrime]);
         for (std::size_t i = 0; i < IndexCount; ++i) {
             const double rank = Rank(static_cast<Index>(i), indexes[i]);

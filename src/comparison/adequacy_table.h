@@ -20,6 +20,11 @@ struct ReportColumns {
 /// A text or whole number in the middle of a column.
 std::string Centred(std::int32_t width, std::string_view text);
 
+/// A number of a table. A RunFailure that begins with `place`, the model and the column, where the width is
+/// too small for the decimals.
+ReportField PlacedNumber(ReportField (*format)(std::int32_t, std::int32_t, CellValue), std::int32_t width,
+                         std::int32_t decimals, double value, const std::string& place);
+
 /// What the models' adequacy leaves for the pairwise tables.
 struct Adequacy {
     std::vector<double> AICcPrime; ///< For each model.

@@ -1,13 +1,15 @@
 #include "comparison/pairwise_tables.h"
 
-#include "core/format/numbers.h"
 #include "core/format/text_lists.h"
 #include "stats/concordance.h"
 #include "stats/correlation.h"
 #include "stats/distributions.h"
 #include "stats/moments.h"
+#include "stats/pair_statistics.h"
+#include "stats/pairs.h"
 #include "stats/sums.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <initializer_list>
@@ -39,6 +41,15 @@ public:
     /// The machine name of a value in the cell of two models.
     std::string Name(const char* value, std::size_t i, std::size_t j) const {
         return std::string(value) + "_" + models[i].tag + "_" + models[j].tag;
+    }
+
+    /// A number in the cell of two models, `value` its machine name.
+    ReportField Number(const char* value, std::size_t i, std::size_t j, std::int32_t decimals, double number,
+                       bool probability = false) const {
+        const std::string place =
+            models[i].path + " and " + models[j].path + ": " + value + " of " + section.title;
+        return PlacedNumber(probability ? FP : F, layout.cellWidth, decimals, number, place)
+            .Named(Name(value, i, j));
     }
 
     /// `cellOf(i, j)` gives the fields of a cell.
@@ -89,24 +100,6 @@ void WriteNotes(ReportSection& section, std::initializer_list<const char*> notes
     section.Line();
 }
 
-/// A sample of each model: its value in each of the rows in use.
-template<class Value>
-std::vector<Sample> Samples(const ComparisonData& data, std::size_t rows, Value&& value) {
-    std::vector<Sample> samples(data.models.size());
-    for (std::size_t model = 0; model < samples.size(); ++model)
-        for (std::size_t row = 0; row < rows; ++row)
-            samples[model].push_back(value(model, row));
-    return samples;
-}
-
-std::vector<stats::CentredSample> CentredSamples(const std::vector<Sample>& samples) {
-    std::vector<stats::CentredSample> centred;
-    centred.reserve(samples.size());
-    for (const Sample& sample : samples)
-        centred.push_back(stats::Centre(sample));
-    return centred;
-}
-
 void WriteCorrelations(Report& report, const ComparisonData& data, std::size_t n,
                        const ReportColumns& columns) {
     ReportSection& section = report.BeginSection("correlations", "Correlation Coefficient Analysis");
@@ -114,32 +107,60 @@ void WriteCorrelations(Report& report, const ComparisonData& data, std::size_t n
                {"!! .Pearson correlation among model-predicted values",
                 "!! .Concordance correlation among model-predicted values", "!! .Cb measures accuracy",
                 "!! .The P-value indicates if r and CCC are different from zero"});
-    const std::vector<Sample> predictions =
-        Samples(data, n, [&](std::size_t model, std::size_t row) { return data.Predicted(model, row); });
-    const std::vector<stats::CentredSample> centred = CentredSamples(predictions);
-    std::vector<stats::MeanVarianceResult> moments;
-    moments.reserve(predictions.size());
-    for (const Sample& sample : predictions)
-        moments.push_back(stats::MeanVariance(sample));
+    std::vector<Sample> predictions(data.models.size());
+    std::vector<stats::CentredSample> centred;
+    std::vector<double> sds;
+    for (std::size_t model = 0; model < predictions.size(); ++model) {
+        for (std::size_t row = 0; row < n; ++row)
+            predictions[model].push_back(data.Predicted(model, row));
+        centred.push_back(stats::Centre(predictions[model]));
+        sds.push_back(stats::MeanVariance(predictions[model]).SD);
+    }
 
-    constexpr std::int32_t width = 8;
     PairTable table(section, data.models,
-                    {width, {" r      : ", " P-value: ", " Cb     : ", " CCC    : ", " P-value: "}, true});
+                    {8, {" r      : ", " P-value: ", " Cb     : ", " CCC    : ", " P-value: "}, true});
     table.Write([&](std::size_t i, std::size_t j) {
         const stats::Pearson pearson = stats::PearsonCorrelation(centred[i], centred[j]);
-        const stats::Concordance concordance = stats::ConcordanceStatistics(
-            n, pearson.r, moments[j].Mean, moments[i].Mean, moments[j].Variance, moments[i].Variance, 0);
+        const double meanDifference = stats::MeanDifference(predictions[j], predictions[i]);
+        const stats::Concordance concordance =
+            stats::ConcordanceStatistics({n, pearson.r, meanDifference, sds[j], sds[i], 0});
         Cell cell;
-        cell.push_back(F(width, columns.Correlations, pearson.r).Named(table.Name("r", i, j)));
-        cell.push_back(FP(width, columns.Probability, pearson.P).Named(table.Name("P_r", i, j)));
-        cell.push_back(F(width, columns.Correlations, concordance.Cb).Named(table.Name("Cb", i, j)));
-        cell.push_back(F(width, columns.Correlations, concordance.rc).Named(table.Name("CCC", i, j)));
-        cell.push_back(FP(width, columns.Probability, concordance.P).Named(table.Name("P_CCC", i, j)));
+        cell.push_back(table.Number("r", i, j, columns.Correlations, pearson.r));
+        cell.push_back(table.Number("P_r", i, j, columns.Probability, pearson.P, true));
+        cell.push_back(table.Number("Cb", i, j, columns.Correlations, concordance.Cb));
+        cell.push_back(table.Number("CCC", i, j, columns.Correlations, concordance.rc));
+        cell.push_back(table.Number("P_CCC", i, j, columns.Probability, concordance.P, true));
         return cell;
     });
 }
 
-void WriteSquaredErrors(Report& report, const ComparisonData& data, std::size_t n,
+/// Observed less predicted values of a model, in units of 2^Exponent, in which the largest is just below 1: a
+/// square of theirs has a place in a double whatever the data's unit.
+struct Deviations {
+    int Exponent = 0;
+    Sample Values;
+};
+
+std::vector<Deviations> DeviationsOf(const ComparisonData& data, std::size_t rows) {
+    std::vector<Deviations> deviations(data.models.size());
+    for (std::size_t model = 0; model < deviations.size(); ++model) {
+        Sample observed, predicted;
+        for (std::size_t row = 0; row < rows; ++row) {
+            observed.push_back(data.Observed(row));
+            predicted.push_back(data.Predicted(model, row));
+        }
+        const int exponent = stats::Pairs(predicted, observed).CommonExponent();
+        Sample difference = stats::Scaled(observed, exponent);
+        predicted = stats::Scaled(predicted, exponent);
+        for (std::size_t row = 0; row < rows; ++row)
+            difference[row] -= predicted[row];
+        const int own = stats::ScaleExponent(difference);
+        deviations[model] = {exponent + own, stats::Scaled(difference, own)};
+    }
+    return deviations;
+}
+
+void WriteSquaredErrors(Report& report, const ComparisonData& data, const std::vector<Deviations>& deviations,
                         const ReportColumns& columns) {
     ReportSection& section =
         report.BeginSection("pairwise_msep", "Pairwise MSEP Analysis (Wallach and Goffinet, 1989)");
@@ -149,80 +170,71 @@ void WriteSquaredErrors(Report& report, const ComparisonData& data, std::size_t 
          "!! .The mean is the average of the square error of prediction (SEP) differences",
          "!! .The SE is the standard deviation of the SEP differences divided by square root of n",
          "!! .The P-value indicates if the mean value is different from zero using a t-test"});
-    const std::vector<Sample> squares = Samples(data, n, [&](std::size_t model, std::size_t row) {
-        const double square = stats::Square(data.Observed(row) - data.Predicted(model, row));
-        if (!std::isfinite(square))
-            throw RunFailure(data.models[model].path + ": row " + std::to_string(row + 1) +
-                             ": the squared error is too large a number");
-        return square;
-    });
-
-    constexpr std::int32_t width = 12;
-    PairTable table(section, data.models, {width, {" Mean   : ", " SE     : ", " P-value: "}, true});
-    Sample differences(n);
+    PairTable table(section, data.models, {12, {" Mean   : ", " SE     : ", " P-value: "}, true});
     table.Write([&](std::size_t i, std::size_t j) {
-        for (std::size_t row = 0; row < n; ++row)
-            differences[row] = squares[i][row] - squares[j][row];
-        const auto [mean, variance] = stats::MeanVariance(differences);
-        const double count = static_cast<double>(n);
-        const double SE = Divide(SquareRoot(variance), SquareRoot(count));
-        const double P = SE == 0 ? 1 : stats::TailT(Divide(mean, SE), count - 1);
+        const Deviations &row = deviations[i], &column = deviations[j];
+        const int exponent = std::max(row.Exponent, column.Exponent);
+        const double ofRow = std::ldexp(1.0, row.Exponent - exponent),
+                     ofColumn = std::ldexp(1.0, column.Exponent - exponent);
+        Sample differences(row.Values.size());
+        for (std::size_t k = 0; k < differences.size(); ++k)
+            differences[k] =
+                stats::Square(ofRow * row.Values[k]) - stats::Square(ofColumn * column.Values[k]);
+        const stats::MeanVarianceResult moments = stats::MeanVariance(differences);
+        const double count = static_cast<double>(differences.size());
+        const double SE = Divide(moments.SD, SquareRoot(count));
+        const double P = SE == 0 ? 1 : stats::TailT(Divide(moments.Mean, SE), count - 1);
         Cell cell;
-        cell.push_back(F(width, columns.Statistics, mean).Named(table.Name("Mean", i, j)));
-        cell.push_back(F(width, columns.Statistics, SE).Named(table.Name("SE", i, j)));
-        cell.push_back(FP(width, columns.Probability, P).Named(table.Name("P", i, j)));
+        cell.push_back(
+            table.Number("Mean", i, j, columns.Statistics, stats::Unscale(moments.Mean, 2 * exponent)));
+        cell.push_back(table.Number("SE", i, j, columns.Statistics, stats::Unscale(SE, 2 * exponent)));
+        cell.push_back(table.Number("P", i, j, columns.Probability, P, true));
         return cell;
     });
 }
 
-void WriteDeviationCorrelations(Report& report, const ComparisonData& data, std::size_t n,
-                                const ReportColumns& columns) {
+void WriteDeviationCorrelations(Report& report, const ComparisonData& data,
+                                const std::vector<Deviations>& deviations, const ReportColumns& columns) {
     ReportSection& section =
         report.BeginSection("deviation_correlations", "Pairwise Deviation Correlation Analysis");
     WriteNotes(section, {"!! .The P-value indicates if the deviation correlation is different from zero"});
-    const std::vector<stats::CentredSample> deviations =
-        CentredSamples(Samples(data, n, [&](std::size_t model, std::size_t row) {
-            return data.Observed(row) - data.Predicted(model, row);
-        }));
+    std::vector<stats::CentredSample> centred;
+    centred.reserve(deviations.size());
+    for (const Deviations& deviation : deviations)
+        centred.push_back(stats::Centre(deviation.Values));
 
-    constexpr std::int32_t width = 8;
-    PairTable table(section, data.models, {width, {" Corr   : ", " P-value: "}, false});
+    PairTable table(section, data.models, {8, {" Corr   : ", " P-value: "}, false});
     table.Write([&](std::size_t i, std::size_t j) {
-        const stats::Pearson pearson = stats::PearsonCorrelation(deviations[i], deviations[j]);
+        const stats::Pearson pearson = stats::PearsonCorrelation(centred[i], centred[j]);
         Cell cell;
-        cell.push_back(F(width, columns.Correlations, pearson.r).Named(table.Name("Corr", i, j)));
-        cell.push_back(FP(width, columns.Probability, pearson.P).Named(table.Name("P", i, j)));
+        cell.push_back(table.Number("Corr", i, j, columns.Correlations, pearson.r));
+        cell.push_back(table.Number("P", i, j, columns.Probability, pearson.P, true));
         return cell;
     });
 }
 
-/// The weight of the column model, exp(-D/2) / (1 + exp(-D/2)), by whichever of its two forms does not
-/// overflow.
+/// The weight of the column model, exp(-D/2) / (1 + exp(-D/2)), in the form that ends at 0 and 1 where an
+/// exponential leaves the range of a double.
 double Weight(double D) {
-    return D < 0 ? 1 / (1 + std::exp(0.5 * D)) : std::exp(-0.5 * D) / (1 + std::exp(-0.5 * D));
+    return 1 / (1 + std::exp(0.5 * D));
 }
 
 /// Which of two models, by their ordinals, is the likelier one. The text's bound is 10000 and the test's
-/// 9999.
+/// 9999; without a ratio, since one weight is 0, the model is as much likelier.
 ReportLine LikelihoodSentence(const PairTable& table, std::size_t i, std::size_t j, double D, double P) {
     constexpr double largestRatio = 9999;
     const bool rowFavoured = D >= 0;
     const auto ordinal = [&](bool row, const char* name) {
         return F(2, 0, static_cast<double>((row ? i : j) + 1)).Named(table.Name(name, i, j));
     };
-    const bool hasRatio = rowFavoured || P != 1;
-    const double ratio = !hasRatio ? 0 : rowFavoured ? (1 - P) / P : P / (1 - P);
-    if (!std::isfinite(ratio))
-        throw RunFailure("the AICc' of models " + std::to_string(i + 1) + " and " + std::to_string(j + 1) +
-                         " differ by " + NumberText(D) +
-                         ", and the latter's probability is too small to divide by");
+    const double better = rowFavoured ? 1 - P : P, worse = rowFavoured ? P : 1 - P;
 
     ReportLine line;
     line.pieces.emplace_back(".Model ");
     line.pieces.emplace_back(ordinal(rowFavoured, "favoured"));
-    if (hasRatio && ratio <= largestRatio) {
+    if (worse > 0 && better / worse <= largestRatio) {
         line.pieces.emplace_back(" is ");
-        line.pieces.emplace_back(F(6, 1, ratio).Named(table.Name("ratio", i, j)));
+        line.pieces.emplace_back(F(6, 1, better / worse).Named(table.Name("ratio", i, j)));
     } else {
         line.pieces.emplace_back(" is >10000");
     }
@@ -243,16 +255,15 @@ void WriteInformationDifferences(Report& report, const ComparisonData& data,
          "!! .The DAIC is based on the SSE of the linear regression between observed and predicted values "
          "and "
          "uses AIC3"});
-    constexpr std::int32_t width = 8;
-    PairTable table(section, data.models, {width, {" DAIC   : ", " P-value: "}, false});
+    PairTable table(section, data.models, {8, {" DAIC   : ", " P-value: "}, false});
     std::vector<ReportLine> sentences;
     table.Write([&](std::size_t i, std::size_t j) {
         const double D = AICcPrime[j] - AICcPrime[i];
         const double P = Weight(D);
         sentences.push_back(LikelihoodSentence(table, i, j, D, P));
         Cell cell;
-        cell.push_back(F(width, columns.Correlations, D).Named(table.Name("DAIC", i, j)));
-        cell.push_back(FP(width, columns.Probability, P).Named(table.Name("P", i, j)));
+        cell.push_back(table.Number("DAIC", i, j, columns.Correlations, D));
+        cell.push_back(table.Number("P", i, j, columns.Probability, P, true));
         return cell;
     });
     for (ReportLine& sentence : sentences)
@@ -269,9 +280,10 @@ void WritePairwiseTables(Report& report, const ComparisonData& data, const Adequ
     feedback.ShowProgress("Correlations...");
     WriteCorrelations(report, data, n, columns);
     feedback.ShowProgress("Squared errors...");
-    WriteSquaredErrors(report, data, n, columns);
+    const std::vector<Deviations> deviations = DeviationsOf(data, n);
+    WriteSquaredErrors(report, data, deviations, columns);
     feedback.ShowProgress("Deviations...");
-    WriteDeviationCorrelations(report, data, n, columns);
+    WriteDeviationCorrelations(report, data, deviations, columns);
     WriteInformationDifferences(report, data, adequacy.AICcPrime, columns);
 }
 

@@ -50,10 +50,9 @@ struct Shifts {
     double One, S, W, U;
 };
 
-Shifts ShiftsOf(double u, double VarX, double VarY) {
-    const double sx = std::sqrt(VarX), sy = std::sqrt(VarY);
-    const double mean = std::sqrt(sx) * std::sqrt(sy);
-    const double rootS = std::hypot(sx, sy) / mean, rootW = (VarY - VarX) / (sx + sy) / mean;
+Shifts ShiftsOf(double u, double SDX, double SDY) {
+    const double mean = std::sqrt(SDX) * std::sqrt(SDY);
+    const double rootS = Finite(std::hypot(SDX / mean, SDY / mean)), rootW = Finite((SDY - SDX) / mean);
     const double unit = std::max(rootS, std::fabs(u));
     const double one = Square(1.0 / unit), w = Square(rootW / unit);
     return {one, 2.0 * one + w, w, Square(u / unit)};
@@ -105,25 +104,22 @@ Estimate Liao(double r, const Shifts& shift, double rootFreedom, double& Ar) {
 
 } // namespace
 
-Concordance ConcordanceStatistics(std::size_t N, double r, double MeanX, double MeanY, double VarX,
-                                  double VarY, double VarDiff, std::optional<double> MeanDiff) {
+Concordance ConcordanceStatistics(const ConcordanceMoments& moments) {
     Concordance c;
-    r = std::clamp(Finite(r), -1.0, 1.0);
-    VarX = std::max(0.0, Finite(VarX)), VarY = std::max(0.0, Finite(VarY));
-    // Halves, whose difference and sum stay in range.
-    const double half = MeanDiff ? -0.5 * Finite(*MeanDiff) : 0.5 * Finite(MeanY) - 0.5 * Finite(MeanX);
-    if (N < 2 || (VarX == 0.0 && VarY == 0.0))
+    const double r = std::clamp(Finite(moments.r), -1.0, 1.0);
+    const double SDX = std::max(0.0, Finite(moments.SDX)), SDY = std::max(0.0, Finite(moments.SDY));
+    const double bias = 0.0 - Finite(moments.MeanDiff); // of y; no bias is a positive 0
+    if (moments.N < 2 || (SDX == 0.0 && SDY == 0.0))
         return c;
-    c.v = Ratio(std::sqrt(VarY), std::sqrt(VarX));
-    if (VarX == 0.0 || VarY == 0.0) {
-        c.u = Ratio(half, 0.0);
+    c.v = Ratio(SDY, SDX);
+    if (SDX == 0.0 || SDY == 0.0) {
+        c.u = Ratio(bias, 0.0);
         return c;
     }
-    const double n = static_cast<double>(N);
-    const double mean = std::sqrt(std::sqrt(VarX)) * std::sqrt(std::sqrt(VarY));
-    c.u = Finite(2.0 * half / mean * std::sqrt(n / (n - 1.0)));
+    const double n = static_cast<double>(moments.N);
+    c.u = Finite(bias / (std::sqrt(SDX) * std::sqrt(SDY)) * std::sqrt(n / (n - 1.0)));
 
-    const Shifts shift = ShiftsOf(c.u, VarX, VarY);
+    const Shifts shift = ShiftsOf(c.u, SDX, SDY);
     const double rootFreedom = std::sqrt(n - 2.0);
     const Estimate rc = Lin(r, shift, rootFreedom, c.Cb);
     const Inference lin = Infer(rc.Value, rc.SE, rc.Z);
@@ -133,8 +129,12 @@ Concordance ConcordanceStatistics(std::size_t N, double r, double MeanX, double 
     c.SETRc = linT.SE, c.TZ = linT.Z, c.TP = linT.P, c.TLower = linT.Lower, c.TUpper = linT.Upper;
     c.ULower = std::tanh(c.TLower), c.UUpper = std::tanh(c.TUpper);
 
-    const double difference = 0.25 * std::max(0.0, Finite(VarDiff)), sum = 0.25 * VarX + 0.25 * VarY;
-    c.ICC = Ratio(sum - difference, sum + half * half - difference / n);
+    // The numerator is twice the covariance, by which an r of 0 gives 0.
+    const double sds[] = {SDX, SDY};
+    const int exponent = ScaleExponent(sds);
+    const auto in = [exponent](double value) { return std::ldexp(value, -exponent); };
+    const double whole = Square(in(SDX)) + Square(in(SDY)) + Square(in(bias));
+    c.ICC = Ratio(2.0 * r * in(SDX)*in(SDY), whole - Square(in(Finite(moments.SDDiff))) / n);
 
     const Estimate gr = Liao(r, shift, rootFreedom, c.Ar);
     const Inference liao = Infer(gr.Value, gr.SE, gr.Z);

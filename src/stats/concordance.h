@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 
 namespace corvane::stats {
 
@@ -46,26 +45,33 @@ struct Concordance {
     double E4 = 0.0; ///< tanh E3
 };
 
-/// Concordance of N pairs from their moments: Pearson's r, means, and variances with divisor N - 1, VarDiff
-/// that of the differences. With S the SDs of divisor N, u = (MeanY - MeanX) / sqrt(Sx Sy), v = Sy / Sx:
+/// What a concordance is computed from: sizes and no squares, which data near the ends of a double's range
+/// would not have.
+struct ConcordanceMoments {
+    std::size_t N = 0;
+    double r = 0.0;        ///< Pearson's
+    double MeanDiff = 0.0; ///< mean of x - y; two rounded means have lost the digits of their difference
+    double SDX = 0.0;      ///< divisor N - 1, as all three
+    double SDY = 0.0;
+    double SDDiff = 0.0; ///< of x - y; for ICC only
+};
+
+/// Concordance of N pairs from their moments. With S the SDs of divisor N, u = (mean y - mean x) /
+/// sqrt(Sx Sy), v = Sy / Sx:
 ///
 /// rc = r Cb, Cb = 2 / (v + 1/v + u^2): Lin (1989), Biometrics 45, 255-268; its standard error with the
 /// correction of 2000 (Biometrics 56, 324-325),
 ///     {[(1 - r^2) Cb^2 (1 - rc^2) + 2 rc^2 Cb (1 - rc) u^2 - rc^2 Cb^2 u^4 / 2] / (N - 2)}^(1/2).
 /// Gr = r Ar, Ar = (4 - r (v + 1/v)) / ((2 - r)(v + 1/v) + u^2): Liao (2003), Journal of Nonparametric
 /// Statistics 15, 37-48; its standard error by the delta method over (r, ln v, u) under bivariate normality.
-/// ICC = (VarX + VarY - VarDiff) / (VarX + VarY + (MeanX - MeanY)^2 - VarDiff / N), absolute agreement of
-/// single measures: Nickerson (1997), Biometrics 53, 1503-1507.
+/// ICC = (SDX^2 + SDY^2 - SDDiff^2) / (SDX^2 + SDY^2 + MeanDiff^2 - SDDiff^2 / N), absolute agreement of
+/// single measures: Nickerson (1997), Biometrics 53, 1503-1507. No result has a unit.
 ///
 /// Perfect agreement or its opposite (|rc| = 1): standard errors 0, Z and the transformed values saturated
-/// with the sign of rc, un-transformed limits rc. One variance 0: v is 0 or saturated, u saturated with the
-/// sign of MeanY - MeanX (0 where the means are equal), all else 0 with P = 1; both variances 0, or N < 2:
+/// with the sign of rc, un-transformed limits rc. One SD 0: v is 0 or saturated, u saturated with the
+/// sign of mean y - mean x (0 where the means are equal), all else 0 with P = 1; both SDs 0, or N < 2:
 /// all 0 with P = 1. N = 2 leaves no degree of freedom: standard errors that are not 0 are next to the
 /// largest double.
-///
-/// MeanDiff, the mean of x - y, has the digits that the difference of two rounded means has lost; without it
-/// that difference is taken.
-Concordance ConcordanceStatistics(std::size_t N, double r, double MeanX, double MeanY, double VarX,
-                                  double VarY, double VarDiff, std::optional<double> MeanDiff = {});
+Concordance ConcordanceStatistics(const ConcordanceMoments& moments);
 
 } // namespace corvane::stats

@@ -188,8 +188,10 @@ Coefficient Summarise(std::size_t count, Sums sums, Terms terms) {
         rg = 1.0 - complement;
     else if (std::fabs(rg) < 4.0 * Epsilon) // the rounding of its parts
         rg = 0.0;
+    // The inverse hyperbolic tangent saturates at and beyond 1.
+    const double end = std::clamp(rg, -1.0, 1.0);
     if (denominator == 0.0)
-        return {rg, 0.0, rg, rg};
+        return {rg, 0.0, end, end};
 
     Sum squares;
     for (std::size_t k = 0; k < count; ++k) {
@@ -203,7 +205,7 @@ Coefficient Summarise(std::size_t count, Sums sums, Terms terms) {
     }
     const double se = Finite(std::sqrt(squares.Value() / (n * (n - 1.0))));
     if (!(std::fabs(rg) < 1.0))
-        return {rg, se, rg, rg};
+        return {rg, se, end, end};
     const double centre = std::atanh(rg);
     const double half = InverseNormal(0.975) * Ratio(se, (near ? complement : 1.0 - rg) * (1.0 + rg));
     return {rg, se, std::tanh(centre - half), std::tanh(centre + half)};

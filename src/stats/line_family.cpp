@@ -8,7 +8,7 @@ namespace corvane::stats {
 
 namespace {
 
-/// Slopes of the six lines from the two least-squares slopes, which have one sign.
+/// Slopes of the lines but the fifth from the two least-squares slopes, which have one sign.
 /// The differences of the textbook forms are avoided: they cancel for steep and for flat lines.
 std::array<double, 6> Slopes(double b1, double b2) {
     const double sign = std::signbit(b2) ? -1.0 : 1.0;
@@ -23,8 +23,7 @@ std::array<double, 6> Slopes(double b1, double b2) {
         const double root = std::hypot(2.0, d);
         orthogonal = sign * (d >= 0.0 ? Finite(0.5 * d + 0.5 * root) : 2.0 / (root - d));
     }
-    const double reduced = sign * std::sqrt(std::fabs(b1)) * std::sqrt(std::fabs(b2));
-    return {b1, b2, bisector, orthogonal, reduced, 0.5 * b1 + 0.5 * b2};
+    return {b1, b2, bisector, orthogonal, 0.0, 0.5 * b1 + 0.5 * b2};
 }
 
 /// Weights of the two least-squares slopes in the variance of every line: d slope = p d b1 + q d b2.
@@ -60,9 +59,11 @@ LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y) {
     family.B = Slopes(Unscale(line.Slope.High, unit), sxy == 0.0 ? inverse : Unscale(inverse, unit));
     if (sxy == 0.0 && syy > 0.0) {
         family.B[3] = std::ldexp(syy, 2 * unit) > sxx ? Largest : 0.0;
-        family.B[4] = Unscale(Ratio(std::sqrt(syy), std::sqrt(sxx)), unit);
         family.B[5] = Largest;
     }
+    // By the SDs and not by the two slopes, whose rounding would show where the SDs are equal.
+    if (syy > 0.0)
+        family.B[4] = Unscale(std::copysign(Ratio(std::sqrt(syy), std::sqrt(sxx)), sxy), unit);
     for (std::size_t k = 0; k < 6; ++k) {
         const double slope = std::ldexp(family.B[k], -unit);
         family.A[k] = k == 0 ? Unscale(line.Intercept.High, cy.Exponent)

@@ -23,8 +23,14 @@ Direction Towards(Chart chart, double t) {
     return chart == Chart::Flat ? Direction{1.0, t} : Direction{t, 1.0};
 }
 
+void AddTimes(Sum& sum, DoubleDouble value, double factor) {
+    sum.AddProduct(factor, value.High);
+    sum.Add(factor * value.Low);
+}
+
 struct Points {
-    std::vector<double> X, Y; ///< about their means, in (-1, 1)
+    std::vector<double> X, Y;                 ///< about their means, in (-1, 1)
+    std::vector<DoubleDouble> WholeX, WholeY; ///< the same with all their digits
     std::vector<double> VarX,
         VarY; ///< squared SDs in the same units times 2^-2 SDExponent, largest in [1/4, 1)
     int XExponent = 0;
@@ -36,11 +42,6 @@ struct Points {
 struct Objective {
     double Chi2 = 0.0;
     double Descent = 0.0; ///< -1/2 d Chi2 / d angle, times a positive factor
-    double SumWeights = 0.0;
-    double MeanX = 0.0, MeanY = 0.0; ///< weighted
-    double StepX = 0.0, StepY = 0.0; ///< York's next slope is StepY / StepX
-    double MeanAdjustment = 0.0;     ///< weighted mean of the adjustments, York's beta / c
-    double AdjustedSquares = 0.0;    ///< weighted squares of beta / c about that mean
 };
 
 std::vector<double> UsableSDs(std::span<const double> sds, int exponent) {
@@ -51,12 +52,14 @@ std::vector<double> UsableSDs(std::span<const double> sds, int exponent) {
     return result;
 }
 
-std::vector<double> Deviations(const CentredSample& sample, int& exponent) {
+std::vector<double> Deviations(const CentredSample& sample, int& exponent, std::vector<DoubleDouble>& whole) {
     std::vector<double> values;
     for (const DoubleDouble& deviation : sample.Deviation)
         values.push_back(deviation.High);
     const int own = ScaleExponent(values);
     exponent = sample.Exponent + own;
+    for (const DoubleDouble& deviation : sample.Deviation)
+        whole.push_back(Shifted(deviation, -own));
     return Scaled(values, own);
 }
 
@@ -77,42 +80,16 @@ Objective Evaluate(const Points& points, Direction to) {
         sumX.Add(weight[i] * points.X[i]);
         sumY.Add(weight[i] * points.Y[i]);
     }
-    Objective result;
-    result.SumWeights = weights.Value();
-    result.MeanX = sumX.Value() / result.SumWeights;
-    result.MeanY = sumY.Value() / result.SumWeights;
+    const double sum = weights.Value(), meanX = sumX.Value() / sum, meanY = sumY.Value() / sum;
     Sum chi2, descent;
     for (std::size_t i = 0; i < n; ++i) {
-        const double u = points.X[i] - result.MeanX, v = points.Y[i] - result.MeanY;
+        const double u = points.X[i] - meanX, v = points.Y[i] - meanY;
         const double distance = to.C * v - to.S * u;
         const double share = weight[i] * to.C * points.VarY[i] * u + weight[i] * to.S * points.VarX[i] * v;
         chi2.Add(weight[i] * distance * distance);
         descent.Add(weight[i] * distance * share);
     }
-    result.Chi2 = chi2.Value();
-    result.Descent = descent.Value();
-    return result;
-}
-
-/// The remaining members of Objective.
-void AddAdjustments(const Points& points, Direction to, Objective& result) {
-    const std::size_t n = points.X.size();
-    std::vector<double> weight(n), share(n);
-    Sum stepX, stepY, sum, squares;
-    for (std::size_t i = 0; i < n; ++i) {
-        const double u = points.X[i] - result.MeanX, v = points.Y[i] - result.MeanY;
-        weight[i] = 1.0 / (to.C * to.C * points.VarY[i] + to.S * to.S * points.VarX[i]);
-        share[i] = weight[i] * to.C * points.VarY[i] * u + weight[i] * to.S * points.VarX[i] * v;
-        stepX.Add(weight[i] * share[i] * u);
-        stepY.Add(weight[i] * share[i] * v);
-        sum.Add(weight[i] * share[i]);
-    }
-    result.StepX = stepX.Value();
-    result.StepY = stepY.Value();
-    result.MeanAdjustment = sum.Value() / result.SumWeights;
-    for (std::size_t i = 0; i < n; ++i)
-        squares.Add(weight[i] * Square(share[i] - result.MeanAdjustment));
-    result.AdjustedSquares = squares.Value();
+    return {chi2.Value(), descent.Value()};
 }
 
 /// A slope between 0 and infinity, kept as t of its chart; turned round for the negative ones.
@@ -198,34 +175,101 @@ double Refine(const Points& points, Chart chart, double down, double fDown, doub
     return fDown < -fUp ? down : up;
 }
 
-struct Minimum {
-    Node At;
-    Objective Value;
-};
-
-Minimum LowestChi2(const Points& points, double tolerance) {
+Node LowestChi2(const Points& points, double tolerance) {
     const std::vector<Node> nodes = Nodes(points);
-    Minimum best;
-    const auto consider = [&](Node node, const Objective& value, bool first) {
-        // Equally good minima are told apart by their place and not by rounding: the first one stays.
-        if (first || value.Chi2 < best.Value.Chi2 * (1.0 - 1e-12))
-            best = {node, value};
-    };
-    Node last = nodes[0];
+    Node last = nodes[0], best = last;
     Objective before = Evaluate(points, Towards(last.In, last.T));
-    consider(last, before, true);
+    double lowest = before.Chi2;
+    const auto consider = [&](Node node, double chi2) {
+        // Equally good minima are told apart by their place and not by rounding: the first one stays.
+        if (chi2 < lowest * (1.0 - 1e-12)) {
+            best = node;
+            lowest = chi2;
+        }
+    };
     for (std::size_t k = 1; k < nodes.size(); ++k) {
         const Node node = nodes[k];
         const Objective here = Evaluate(points, Towards(node.In, node.T));
         const Node from{node.In, last.In == node.In ? last.T : 1.0 / last.T};
         if (before.Descent > 0.0 && here.Descent < 0.0) {
             const double t = Refine(points, node.In, from.T, before.Descent, node.T, here.Descent, tolerance);
-            consider({node.In, t}, Evaluate(points, Towards(node.In, t)), false);
+            consider({node.In, t}, Evaluate(points, Towards(node.In, t)).Chi2);
         } else if (here.Descent == 0.0) {
-            consider(node, here, false);
+            consider(node, here.Chi2);
         }
         last = node;
         before = here;
+    }
+    return best;
+}
+
+/// The line of a direction. Where the range is 1e13 SDs a double's rounding of a distance is a thousandth of
+/// an SD, so direction, centre and distances have twice its digits; weights do without.
+struct Solution {
+    DoubleDouble T;
+    double Chi2 = 0.0;
+    double SumWeights = 0.0;
+    DoubleDouble MeanX, MeanY;    ///< weighted
+    DoubleDouble Next;            ///< York's next T
+    double MeanAdjustment = 0.0;  ///< weighted mean of the adjustments, York's beta / c
+    double AdjustedSquares = 0.0; ///< weighted squares of beta / c about that mean
+};
+
+Solution Solve(const Points& points, Chart chart, DoubleDouble t) {
+    const std::size_t n = points.X.size();
+    const Direction to = Towards(chart, t.High);
+    std::vector<double> weight(n), share(n);
+    Sum weights, sumX, sumY;
+    for (std::size_t i = 0; i < n; ++i) {
+        weight[i] = 1.0 / (to.C * to.C * points.VarY[i] + to.S * to.S * points.VarX[i]);
+        weights.Add(weight[i]);
+        AddTimes(sumX, points.WholeX[i], weight[i]);
+        AddTimes(sumY, points.WholeY[i], weight[i]);
+    }
+    Solution result;
+    result.T = t;
+    result.SumWeights = weights.Value();
+    result.MeanX = sumX.Total() / weights.Total();
+    result.MeanY = sumY.Total() / weights.Total();
+    Sum chi2, stepX, stepY, adjustments;
+    for (std::size_t i = 0; i < n; ++i) {
+        const DoubleDouble u = points.WholeX[i] - result.MeanX, v = points.WholeY[i] - result.MeanY;
+        const double distance = (chart == Chart::Flat ? v - t * u : t * v - u).High;
+        chi2.Add(weight[i] * distance * distance);
+        share[i] = weight[i] * to.C * points.VarY[i] * u.High + weight[i] * to.S * points.VarX[i] * v.High;
+        AddTimes(stepX, u, weight[i] * share[i]);
+        AddTimes(stepY, v, weight[i] * share[i]);
+        adjustments.Add(weight[i] * share[i]);
+    }
+    // Distances carry an error of about 1e-31 of the range: below that the points are on the line.
+    result.Chi2 = chi2.Value() <= 1e-56 * result.SumWeights ? 0.0 : chi2.Value();
+    result.Next = chart == Chart::Flat ? stepY.Total() / stepX.Total() : stepX.Total() / stepY.Total();
+    result.MeanAdjustment = adjustments.Value() / result.SumWeights;
+    Sum squares;
+    for (std::size_t i = 0; i < n; ++i)
+        squares.Add(weight[i] * Square(share[i] - result.MeanAdjustment));
+    result.AdjustedSquares = squares.Value();
+    return result;
+}
+
+/// Takes the rounding of the search away by York's own steps, which end at once where the errors are small
+/// against the range, and which nothing needs where they are not.
+Solution Polish(const Points& points, const Node& found) {
+    Solution best = Solve(points, found.In, {found.T, 0.0});
+    for (int round = 0; round < 4; ++round) {
+        const double step = (best.Next - best.T).High;
+        const bool close = std::fabs(step) <= 1e-12 * std::fabs(best.T.High);
+        // What the step can change of Chi2: no point is farther than 2 from the centre.
+        if (close && 4.0 * best.SumWeights * Square(step) <= 1e-14 * best.Chi2) {
+            best.T = best.Next;
+            break;
+        }
+        if (best.Chi2 == 0.0 || !std::isfinite(step))
+            break;
+        const Solution next = Solve(points, found.In, best.Next);
+        if (!(next.Chi2 < best.Chi2 || (close && next.Chi2 <= best.Chi2 * (1.0 + 1e-12))))
+            break;
+        best = next;
     }
     return best;
 }
@@ -240,8 +284,8 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
         return FitLine(x.first(n), y.first(n));
     const CentredSample cx = Centre(x.first(n)), cy = Centre(y.first(n));
     Points points;
-    points.X = Deviations(cx, points.XExponent);
-    points.Y = Deviations(cy, points.YExponent);
+    points.X = Deviations(cx, points.XExponent, points.WholeX);
+    points.Y = Deviations(cy, points.YExponent, points.WholeY);
     const std::vector<double> sx = UsableSDs(sdx.first(n), points.XExponent);
     const std::vector<double> sy = UsableSDs(sdy.first(n), points.YExponent);
     points.SDExponent = std::max(ScaleExponent(sx), ScaleExponent(sy));
@@ -249,21 +293,14 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
     points.VarY = Variances(sy, points.SDExponent);
 
     const bool constantX = cx.SumSquares.High == 0.0;
-    Minimum minimum;
-    if (constantX)
-        minimum.Value = Evaluate(points, Direction{});
-    else
-        minimum = LowestChi2(points, Tolerance);
-    Direction to = Towards(minimum.At.In, minimum.At.T);
-    AddAdjustments(points, to, minimum.Value);
-    Objective& value = minimum.Value;
-
-    // York's own step takes the rounding of the search away: points on a line give their line to the last
-    // digits.
-    double slope = Ratio(to.S, to.C);
-    const double step = value.StepY / value.StepX;
-    if (std::fabs(step - slope) <= 1e-12 * std::fabs(slope))
-        slope = step;
+    const Node found = constantX ? Node{} : LowestChi2(points, Tolerance);
+    const Solution line = Polish(points, found);
+    const Direction to = Towards(found.In, line.T.High);
+    DoubleDouble slope = line.T;
+    if (found.In == Chart::Steep)
+        slope = line.T.High == 0.0 ? DoubleDouble{Largest, 0.0} : DoubleDouble{1.0, 0.0} / line.T;
+    if (!(std::fabs(slope.High) < Largest))
+        slope = {std::copysign(Largest, slope.High), 0.0};
 
     const int slopeExponent = points.YExponent - points.XExponent;
     const auto rescaled = [](const CentredSample& sample, int exponent) {
@@ -271,25 +308,32 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
         return DoubleDouble{sample.Mean.High * factor, sample.Mean.Low * factor};
     };
     const DoubleDouble meanX = rescaled(cx, points.XExponent), meanY = rescaled(cy, points.YExponent);
-    const DoubleDouble centreX = meanX + DoubleDouble{value.MeanX, 0.0};
-    const DoubleDouble centreY = meanY + DoubleDouble{value.MeanY, 0.0};
-    const double limited = std::clamp(slope, -0x1p900, 0x1p900);
-    fit.b = std::fabs(slope) == Largest ? slope : Unscale(slope, slopeExponent);
-    fit.a = std::fabs(slope) == Largest
-                ? Finite(-slope * std::ldexp(centreX.High, points.XExponent))
-                : Unscale((centreY - centreX * DoubleDouble{limited, 0.0}).High, points.YExponent);
+    const DoubleDouble centreX = meanX + line.MeanX, centreY = meanY + line.MeanY;
+    if (std::fabs(slope.High) == Largest) {
+        fit.b = slope.High;
+        fit.a = Finite(-slope.High * std::ldexp(centreX.High, points.XExponent));
+    } else {
+        const DoubleDouble limited =
+            std::fabs(slope.High) > 0x1p900 ? DoubleDouble{std::copysign(0x1p900, slope.High), 0.0} : slope;
+        const double intercept = (centreY - centreX * limited).High;
+        fit.b = Unscale(slope.High, slopeExponent);
+        // What rounding leaves of a line through the origin.
+        if (std::fabs(intercept) > 1e-29 * std::fabs(centreY.High))
+            fit.a = Unscale(intercept, points.YExponent);
+    }
 
     // At the adjusted points, York's eq. 13d: with weights c^2 w and adjustments c share,
     // SDb^2 = 1 / (c^4 sum of w (share - mean)^2), SDa^2 = 1 / (c^2 sum of w) + (adjusted mean x)^2 SDb^2.
-    const double sdb = Ratio(1.0, to.C * to.C * std::sqrt(value.AdjustedSquares));
-    const double adjustedX = centreX.High + to.C * value.MeanAdjustment;
+    const double sdb = Ratio(1.0, to.C * to.C * std::sqrt(line.AdjustedSquares));
+    const double adjustedX = centreX.High + to.C * line.MeanAdjustment;
     const double sda =
-        std::hypot(Ratio(1.0, std::fabs(to.C) * std::sqrt(value.SumWeights)), Finite(adjustedX * sdb));
+        std::hypot(Ratio(1.0, std::fabs(to.C) * std::sqrt(line.SumWeights)), Finite(adjustedX * sdb));
     fit.SDb = Unscale(sdb, sdb == Largest ? 0 : slopeExponent + points.SDExponent);
     fit.SDa = sdb == Largest && adjustedX != 0.0
                   ? Largest
                   : Unscale(sda, sda >= Largest ? 0 : points.YExponent + points.SDExponent);
-    fit.Chi2 = Unscale(value.Chi2, -2 * points.SDExponent);
+    fit.Chi2 = Unscale(line.Chi2, -2 * points.SDExponent);
+    fit.RootChi2 = Unscale(std::sqrt(line.Chi2), -points.SDExponent);
     if (n > 2)
         fit.Q = GammaQ(0.5 * (static_cast<double>(n) - 2.0), 0.5 * fit.Chi2);
     return fit;

@@ -7,8 +7,9 @@ namespace corvane::stats {
 MeanVarianceResult MeanVariance(std::span<const double> sample) {
     const CentredSample centred = Centre(sample);
     const double divisor = static_cast<double>(sample.size()) - 1.0;
-    return {Unscale(centred.Mean.High, centred.Exponent),
-            Unscale(Ratio(centred.SumSquares.High, divisor), 2 * centred.Exponent)};
+    const double variance = Ratio(centred.SumSquares.High, divisor);
+    return {Unscale(centred.Mean.High, centred.Exponent), Unscale(variance, 2 * centred.Exponent),
+            Unscale(std::sqrt(variance), centred.Exponent)};
 }
 
 } // namespace corvane::stats

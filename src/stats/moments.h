@@ -7,6 +7,7 @@ namespace corvane::stats {
 struct MeanVarianceResult {
     double Mean = 0.0;
     double Variance = 0.0; ///< divisor N - 1, in squared units of the sample
+    double SD = 0.0;
 };
 
 /// Mean and sample variance. The mean is summed to about 30 digits and the variance taken around it, so that

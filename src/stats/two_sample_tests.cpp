@@ -15,6 +15,7 @@ namespace {
 struct Moments {
     int Exponent = 0;
     double Count = 0.0;
+    DoubleDouble Total; ///< of the numbers
     DoubleDouble Mean;
     double SumSquares = 0.0; ///< of the deviations; 0 exactly for a constant sample
 
@@ -24,7 +25,7 @@ struct Moments {
 /// Moments of `count` numbers of which `value(i)` is one, all below 2 in magnitude.
 template<class Value>
 Moments MomentsOf(std::size_t count, int exponent, Value value) {
-    Moments moments{exponent, static_cast<double>(count), {}, 0.0};
+    Moments moments{exponent, static_cast<double>(count), {}, {}, 0.0};
     if (count == 0)
         return moments;
     const DoubleDouble first = value(0);
@@ -35,10 +36,11 @@ Moments MomentsOf(std::size_t count, int exponent, Value value) {
         constant = constant && next.High == first.High && next.Low == first.Low;
         sum.Add(next);
     }
+    moments.Total = sum.Total();
     moments.Mean = first;
     if (constant)
         return moments;
-    moments.Mean = sum.Total() / DoubleDouble{moments.Count, 0.0};
+    moments.Mean = moments.Total / DoubleDouble{moments.Count, 0.0};
     Sum squares;
     for (std::size_t i = 0; i < count; ++i) {
         const double deviation = (value(i) - moments.Mean).High;
@@ -66,11 +68,17 @@ TestResult TOf(double difference, int exponent, double standardError, int errorE
     return result;
 }
 
-/// mean Y - mean X in units of the larger exponent: one mean may be out of the other's range.
+/// mean Y - mean X in units of the larger exponent: one mean may be out of the other's range. From the sums,
+/// over their common denominator, so that equal means differ by 0 and not by their rounding.
 TestResult MeansTest(const Moments& y, const Moments& x, double standardError, int errorExponent, double DF) {
     const int exponent = std::max(y.Exponent, x.Exponent);
-    const auto in = [&](const Moments& sample) { return Shifted(sample.Mean, sample.Exponent - exponent); };
-    return TOf((in(y)-in(x)).High, exponent, standardError, errorExponent, DF);
+    const auto totalIn = [exponent](const Moments& sample, double times) {
+        return Shifted(sample.Total * DoubleDouble{times, 0.0}, sample.Exponent - exponent);
+    };
+    const bool paired = y.Count == x.Count;
+    const DoubleDouble difference = totalIn(y, paired ? 1.0 : x.Count) - totalIn(x, paired ? 1.0 : y.Count);
+    const double mean = difference.High / (paired ? y.Count : y.Count * x.Count);
+    return TOf(mean, exponent, standardError, errorExponent, DF);
 }
 
 /// The scale of spreads, so that neither of two is lost beside a constant of another size.

@@ -170,7 +170,7 @@ TEST_F(Comparing, InformationCriteriaAtTheirLimits) {
     EXPECT_NE(Value("adequacy", "AIC_2"), 0);
 }
 
-/// A weight too small for a double leaves no ratio: the better model may stand in the column, not in the row.
+/// A weight too small for a double leaves no ratio, whichever of the models is the better one.
 TEST_F(Comparing, FarApartModels) {
     Strings y, fine, coarse;
     for (int i = 0; i < 60; ++i) {
@@ -188,7 +188,41 @@ TEST_F(Comparing, FarApartModels) {
               std::string::npos);
     list.SetCurrent(0);
     list.MoveDown();
-    ExpectFault("the AICc' of models 1 and 2 differ by");
+    EXPECT_TRUE(Compare().finished) << result.fault;
+    EXPECT_EQ(Value("delta_aic", "P_1_2"), 0);
+    EXPECT_NE(Text().find(".Model  1 is >10000 times more likely to be correct than model  2\r\n"),
+              std::string::npos);
+}
+
+/// Squares of such data are out of a double's range; what has no unit is as it was.
+TEST_F(Comparing, TheUnitOfTheDataDoesNotMatter) {
+    const std::pair<const char*, const char*> unitless[] = {{"adequacy", "CCC_1"},
+                                                            {"adequacy", "MEF_2"},
+                                                            {"correlations", "CCC_1_2"},
+                                                            {"correlations", "P_r_1_2"},
+                                                            {"correlations", "P_CCC_1_2"},
+                                                            {"pairwise_msep", "P_1_2"},
+                                                            {"deviation_correlations", "Corr_1_2"},
+                                                            {"delta_aic", "DAIC_1_2"},
+                                                            {"delta_aic", "P_1_2"}};
+    std::vector<double> wanted;
+    for (const char* power : {"", "e155", "e-155", "e300", "e-300", "e307"}) {
+        const auto scaled = [&](Strings values) {
+            for (std::string& value : values)
+                value += power;
+            return values;
+        };
+        list = {};
+        AddModel("a", scaled(X), scaled(Y));
+        AddModel("b", scaled(W), scaled(Y));
+        ASSERT_TRUE(Compare().finished) << power << " " << result.fault;
+        for (std::size_t i = 0; i < std::size(unitless); ++i) {
+            const double value = Value(unitless[i].first, unitless[i].second);
+            if (*power == '\0')
+                wanted.push_back(value);
+            EXPECT_NEAR(value, wanted[i], 1e-9) << unitless[i].second << " " << power;
+        }
+    }
 }
 
 TEST_F(Comparing, ObservationsAreComparedAsText) {
@@ -254,8 +288,6 @@ TEST_F(Comparing, BrokenFilesAreNamedWithTheirLine) {
     AddModel("words", X, {"1.1", "two", "2.9", "4.2", "4.8"});
     AddModel("more", W, {"1.1", "two", "2.9", "4.2", "4.8"});
     ExpectFault("/models/words.KOV:5: row 2: Y is 'two', not a number");
-    AddModel("far", {"1", "2", "3", "4", "1e200"}, Y);
-    with("/models/far.KOV: row 5: the squared error is too large a number");
 }
 
 TEST_F(Comparing, SettingsAndSelectionThatDoNotServe) {
@@ -269,7 +301,12 @@ TEST_F(Comparing, SettingsAndSelectionThatDoNotServe) {
     AddModel("a", {"2", "4", "6", "8", "10"}, {"1", "2", "2.9", "4.1", "5"}); // r² = .99..., in six places
     AddModel("b", W, {"1", "2", "2.9", "4.1", "5"});
     list.settings = {"12", "6", "4", "3", "5"};
-    ExpectFault("does not fit a field of width 6 with 5 decimals");
+    ExpectFault("/models/a.KOV: r²: 0.99");
+    EXPECT_NE(result.fault.find("does not fit a field of width 6 with 5 decimals"), std::string::npos);
+    AddModel("a", X, Y);
+    AddModel("b", W, Y);
+    list.settings = {"20", "20", "4", "3", "7"};
+    ExpectFault("/models/a.KOV and /models/b.KOV: r of Correlation Coefficient Analysis: ");
 }
 
 } // namespace

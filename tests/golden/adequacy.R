@@ -116,7 +116,7 @@ generalized <- function(x, y) {
     se <- sqrt(sum((n * gradient(coefficient, rep(1, n)))^2) / (n * (n - 1)))
     half <- quantile975 * se / (1 - rg^2)
     # A capped distance can pass 1, where there is no transformation.
-    ends <- if (abs(rg) < 1) tanh(atanh(rg) + c(-half, half)) else c(rg, rg)
+    ends <- if (abs(rg) < 1) tanh(atanh(rg) + c(-half, half)) else rep(sign(rg), 2)
     paste0(sprintf("%-43s", name), f(rg), " ± ", f(se), "   ", limits(ends[1], ends[2]))
   }
   header <- "Method                                          CCC (rg ± SE rg)     Lower - Upper 95% CI"

@@ -12,8 +12,12 @@
 
 #include "stats/correlation.h"
 #include "stats/degenerate_samples.h"
+#include "stats/line_family.h"
+#include "stats/line_fits.h"
 #include "stats/pair_statistics.h"
 #include "stats/reference_data.h"
+#include "stats/sums.h"
+#include "stats/two_sample_tests.h"
 
 namespace corvane::stats::test {
 
@@ -37,8 +41,8 @@ constexpr std::pair<const char*, double Concordance::*> Members[] = {
 
 Concordance Of(const Values& x, const Values& y) {
     const PairSummary p = PairStatistics(x, y);
-    return ConcordanceStatistics(std::min(x.size(), y.size()), PearsonCorrelation(x, y).r, p.MeanX, p.MeanY,
-                                 p.VarX, p.VarY, p.VarDiff, p.MeanDiff);
+    return ConcordanceStatistics(
+        {std::min(x.size(), y.size()), PearsonCorrelation(x, y).r, p.MeanDiff, p.SDX, p.SDY, p.SDDiff});
 }
 
 TEST(Concordance, AgreesWithTheReference) {
@@ -112,15 +116,51 @@ TEST(Concordance, KeepsItsDigitsFarFromZero) {
     EXPECT_NEAR(c.Z, 212.34924147, 1e-8);
 }
 
+TEST(Concordance, OfEqualMeansHasNoShift) {
+    // 5/3 from either side is not the same double; nor is a zero a negative one.
+    EXPECT_EQ(std::signbit(Of({1, 4, 0}, {2, 0, 3}).u) ? -1 : Of({1, 4, 0}, {2, 0, 3}).u, 0.0);
+    EXPECT_EQ(Of({5, 9, 7}, {9, 9, 3}).ICC, 0.0);
+    // Nor are the least-squares line's intercept and, of the sums and differences, its slope.
+    const LineFit through = FitLine(Values{4, 5, 3, 6, 9}, Values{4, 8, 1, 6, 8}),
+                  level = FitLine(Values{14, 15, 12, 1, 6, 9, 11}, Values{-2, 3, 0, 1, 2, -7, 3});
+    EXPECT_FALSE(through.a != 0.0 || std::signbit(through.a));
+    EXPECT_FALSE(level.b != 0.0 || std::signbit(level.b));
+    std::mt19937_64 generator(7);
+    for (int round = 0; round < 300; ++round) {
+        Values x, y;
+        for (int i = 0; i < 3 + round % 9; ++i) {
+            x.push_back(0.1 * static_cast<double>(generator() % 100));
+            y.insert(y.begin() + static_cast<std::ptrdiff_t>(generator() % x.size()), x.back());
+        }
+        const TestResult t = TTestEqualVariance(y, x), welch = TTestUnequalVariance(y, x);
+        const LineFamily family = FitLineFamily(x, y);
+        const double reducedMajorAxis = family.B[4] > 0 ? family.A[4] : 0;
+        for (const double value : {Of(x, y).u, t.Statistic, welch.Statistic, reducedMajorAxis}) {
+            ASSERT_EQ(value, 0.0) << round;
+            ASSERT_FALSE(std::signbit(value)) << round;
+        }
+    }
+}
+
+TEST(Concordance, HasNoUnit) {
+    const ReferenceSet& pefr = Reference("pefr");
+    const Concordance one = Of(pefr.X, pefr.Y);
+    for (const int exponent : {-1000, -530, 530, 1000}) {
+        const Concordance c = Of(Scaled(pefr.X, exponent), Scaled(pefr.Y, exponent));
+        for (const auto& [name, member] : Members)
+            EXPECT_NEAR(c.*member, one.*member, 1e-12 * std::fabs(one.*member)) << name << " 2^" << -exponent;
+    }
+}
+
 TEST(Concordance, KeepsItsDigitsNextToOne) {
-    // r = 1 and VarY = (1 + e)^2 VarX: 1 - rc = (1 - Cb) = w / (2 + w) with w = e^2 / (1 + e), and
+    // r = 1 and SDY = (1 + e) SDX: 1 - rc = (1 - Cb) = w / (2 + w) with w = e^2 / (1 + e), and
     // Var rc = 0, while rounding of rc itself would leave 1 - rc no digit.
     const double e = 0x1p-30, w = e * e / (1 + e);
-    const Concordance c = ConcordanceStatistics(10, 1.0, 0.0, 0.0, 1.0, (1 + e) * (1 + e), e * e);
+    const Concordance c = ConcordanceStatistics({10, 1.0, 0.0, 1.0, 1 + e, e});
     EXPECT_NEAR(c.TRc / (0.5 * std::log((4 + w) / w)), 1.0, 1e-9);
     EXPECT_EQ(c.SErc, 0.0);
     // A location shift of more than 1e154: rc / SE is r / sqrt(...) still.
-    const Concordance far = ConcordanceStatistics(10, 0.5, 0.0, 1e300, 1.0, 1.0, 1.0);
+    const Concordance far = ConcordanceStatistics({10, 0.5, -1e300, 1.0, 1.0, 1.0});
     EXPECT_NEAR(far.Z, 0.5 / std::sqrt((0.75 + 0.25 * 2 * (1 + 2 * (0.5 - 0.5))) / 8), 1e-14);
 }
 
@@ -141,7 +181,7 @@ TEST(Concordance, OfDegenerateSamplesIsFinite) {
         // Moments that no sample has.
         std::mt19937_64 generator(static_cast<std::uint64_t>(sample.Round));
         const auto any = [&] { return values[generator() % std::size(values)]; };
-        check(ConcordanceStatistics(generator() % 5, any(), any(), any(), any(), any(), any()),
+        check(ConcordanceStatistics({generator() % 5, any(), any(), any(), any(), any()}),
               "moments of round " + std::to_string(sample.Round));
     });
 }

@@ -112,6 +112,19 @@ TEST(GeneralizedConcordance, FastSumsEqualDirectSums) {
         }
 }
 
+TEST(GeneralizedConcordance, LimitsEndAtOne) {
+    // Rg of the capped squares by the definition in plain Python.
+    const std::pair<GeneralizedConcordanceResult, double> beyond[] = {
+        {GeneralizedConcordance(std::vector<double>{12, 45, 4}, std::vector<double>{6, 43, 7}), 1.0825736587},
+        {GeneralizedConcordance(std::vector<double>{8, 6, -4}, std::vector<double>{-2, 6, 18}),
+         -1.3903276505}};
+    for (const auto& [result, rg] : beyond) {
+        EXPECT_NEAR(result.Rg[3], rg, 1e-9);
+        EXPECT_EQ(result.Lower[3], std::copysign(1.0, rg));
+        EXPECT_EQ(result.Upper[3], std::copysign(1.0, rg));
+    }
+}
+
 } // namespace
 
 } // namespace corvane::stats::test

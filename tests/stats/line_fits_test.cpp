@@ -94,6 +94,37 @@ TEST(FitLineXYErrors, TurnsWithTheAxes) {
         }
 }
 
+TEST(FitLineXYErrors, KeepsItsDigitsWhereTheRangeIs1e13SDs) {
+    // From York's formulas and the root of the derivative of Chi2, mpmath 1.2.1 with 90 digits.
+    const auto expect = [](const LineFit& fit, const LineFit& wanted) {
+        for (double LineFit::*value :
+             {&LineFit::a, &LineFit::b, &LineFit::SDa, &LineFit::SDb, &LineFit::Chi2, &LineFit::Q})
+            EXPECT_NEAR(fit.*value, wanted.*value, 1e-12 * std::fabs(wanted.*value));
+    };
+    const double steps[] = {0, 1, 2, 3, 4, 5, 6, 8}, offX[] = {1, -2, 0, 3, -1, 2, -3, 1},
+                 offY[] = {-1, 0, 2, -2, 3, -1, 1, 0};
+    const auto fit = [&](double sd, double off) {
+        Sample s;
+        for (std::size_t i = 0; i < 8; ++i) {
+            s.X.push_back(0x1p24 * steps[i] + 0.5 * off * sd * offX[i]);
+            s.Y.push_back(3 * 0x1p24 * steps[i] + 0.75 + off * sd * offY[i]);
+            s.SDX.push_back(sd * static_cast<double>(1 + i % 3));
+            s.SDY.push_back(sd * static_cast<double>(1 + i % 2));
+        }
+        return FitLineXYErrors(s.X, s.Y, s.SDX, s.SDY);
+    };
+    expect(fit(0x1p-17, 1), {0.74997835241103242, 3.0000000000003678, 1.9999269169966298e-5,
+                             2.8326290621529773e-13, 6.2686500642432688, 0.39377846669714141});
+    expect(fit(0x1p-9, 1), {0.74445821722409394, 3.0000000000941646, 0.0051198129077325295,
+                            7.2515303994754945e-11, 6.2686500642078897, 0.3937784667009237});
+    for (const double sd : {0x1p-17, 0x1p10, 0x1p40}) { // points on the line
+        const LineFit exact = fit(sd, 0);
+        EXPECT_EQ(exact.a, 0.75);
+        EXPECT_EQ(exact.b, 3.0);
+        EXPECT_EQ(exact.Chi2, 0.0);
+    }
+}
+
 } // namespace
 
 } // namespace corvane::stats::test
