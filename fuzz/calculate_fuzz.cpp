@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <nlohmann/json.hpp>
 
 // The input: what to set apart from the ticks of all sections, then up to 40 rows of cells. `Bytes::Cell`
 // says how a byte makes a cell. Of the first byte, bits 0 and 1 choose the regression method, 2 and 3 ignore
@@ -127,9 +126,8 @@ void RequireReport(const Dataset& dataset, const SessionState& session, const Ru
          {session.DeviationLower, session.DeviationUpper, session.ResidueLower, session.ResidueUpper,
           session.RStdtResLower, session.RStdtResUpper, session.DeviationCIProb, session.MeanY})
         Require(std::isfinite(limit), "what outlives a run is finite");
-    // A number without a name would throw.
-    Require(nlohmann::json::accept(JsonReport({dataset, session, result, "file", {}})),
-            "the report as JSON is JSON");
+    Require(!JsonReport({dataset, session, result, "file", {}}).empty(),
+            "every number has a name of its own"); // throws otherwise
 }
 
 } // namespace
