@@ -70,7 +70,9 @@ void RequireFinite(const Report& report) {
         for (const ReportLine& line : section.lines)
             RequireFinite(line);
         for (const std::string& reason : section.failures)
-            Require(!reason.empty(), "a failed statement has a reason", section.id);
+            // "Infinity does not fit a field": the statistic itself should have refused.
+            Require(!reason.empty() && !SaysNoNumber(reason.substr(0, reason.find(' '))),
+                    "a failed statement has a reason", section.id + ": " + reason);
     }
     const std::string text = report.Text();
     for (std::size_t at = 0; at < text.size();) {

@@ -24,8 +24,8 @@ inline void Require(bool holds, const char* promise, std::string_view shown = {}
 /// How many lines a text has, counted generously: CR and LF each end one.
 std::size_t LineCount(std::string_view text);
 
-/// Every number of the report, those of long tables too, is finite, and no words like "nan" or "inf" stand in
-/// it.
+/// Every number of the report, those of long tables too, is finite, no words like "nan" or "inf" stand in it,
+/// and no statement of it failed only because a number was not finite.
 void RequireFinite(const Report& report);
 
 /// Takes an input apart. Behind its end there are zeros.
