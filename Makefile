@@ -1,13 +1,16 @@
 # Short names for what the scripts and presets do.
 JOBS ?= $(shell nproc)
 
-.PHONY: run test bench format lint
+.PHONY: run test fuzz bench format lint
 
 run:
 	@scripts/run
 
 test:
 	@scripts/test
+
+fuzz:
+	@scripts/fuzz
 
 bench:
 	@scripts/setup

@@ -74,8 +74,8 @@ double OutsideProbability(RunState& run) {
     return alpha;
 }
 
-stats::SizeLimits SizeLimits(double sumOfSquares, int DF, double tail, double alpha) {
-    if (const auto limits = stats::FreeseLimits(sumOfSquares, DF, tail, alpha))
+stats::SizeLimits SizeLimits(double rootSum, int DF, double tail, double alpha) {
+    if (const auto limits = stats::FreeseLimits(rootSum, DF, tail, alpha))
         return *limits;
     throw RunFailure("the limits of the size of a deviation have no value");
 }
@@ -96,28 +96,28 @@ void WriteRegression(const RunState& run, ReportSection& section, const stats::L
     WriteTTest(section, "a", line.a, line.SDa, DF);
     WriteTTest(section, "b", line.b, line.SDb, DF);
     section.Row({{"RSquared", stats::PearsonCorrelation(run.arrays.X, run.residuals.Deviation).RSquared}});
-    section.Row({{"MSE", Divide(line.Chi2, DF)}});
+    section.Row({{"MSE", stats::Finite(stats::Square(Divide(line.RootChi2, SquareRoot(DF))))}});
 }
 
 /// The mean of the deviations with its test, and the intervals of it and of a single further deviation.
 void WriteMean(const RunState& run, ReportSection& section, const stats::MeanVarianceResult& deviations,
                double alpha, const std::string& percent) {
     const double n = run.N();
-    const auto [mean, variance] = deviations;
-    const double t = Divide(mean, SquareRoot(variance / n));
-    const auto halfWidth = [&](double spread) {
-        return stats::InverseT(1 - alpha / 2, n - 1) * SquareRoot(spread);
+    const auto [mean, variance, sd] = deviations;
+    const double t = Divide(mean, sd / SquareRoot(n));
+    const auto halfWidth = [&, spread = sd](double factor) {
+        return stats::InverseT(1 - alpha / 2, n - 1) * spread * SquareRoot(factor);
     };
-    const double ci = halfWidth(variance / n), lower = mean - ci, upper = mean + ci;
+    const double ci = halfWidth(1 / n), lower = mean - ci, upper = mean + ci;
     section.Row({RowItem("MeanDeviation", mean).Between(stats::Finite(lower), stats::Finite(upper)),
                  {"P_MeanDeviation", stats::TailT(t, n - 1)},
                  ")"});
     const std::string ending = " interval (" + percent + "%)        : ";
     section.Row({"Confidence" + ending, {"CILower", lower}, {"CIUpper", upper}});
-    const double pi = halfWidth(variance / n + variance);
+    const double pi = halfWidth(1 / n + 1);
     section.Row({"Prediction" + ending, {"PILower", mean - pi}, {"PIUpper", mean + pi}});
     section.Row({{"Variance", variance}});
-    section.Row({{"SD", SquareRoot(variance)}});
+    section.Row({{"SD", sd}});
 }
 
 constexpr Place intervalPlaces[] = {
@@ -176,11 +176,11 @@ void Write(RunState& run) {
     const double alpha = OutsideProbability(run), confidence = 100 - 100 * alpha;
     const stats::LineFit line = stats::FitLine(X, D);
     const stats::MeanVarianceResult deviations = stats::MeanVariance(D);
-    const double sumOfSquares = n * run.errors.MSEP;
-    const stats::SizeLimits noBias = SizeLimits(sumOfSquares, N, alpha, alpha);
-    // (n - 1) variance = sum D^2 - n mean^2, which rounding would make negative where the bias is all.
-    const stats::SizeLimits constantBias = SizeLimits((n - 1) * deviations.Variance, N - 1, alpha, alpha);
-    const stats::SizeLimits proportionalBias = SizeLimits(line.Chi2, N - 2, alpha / 2, alpha);
+    const double rootSum = SquareRoot(n) * run.errors.RMSEP;
+    const stats::SizeLimits noBias = SizeLimits(rootSum, N, alpha, alpha);
+    // (n - 1) sd^2 = sum D^2 - n mean^2, which rounding would make negative where the bias is all.
+    const stats::SizeLimits constantBias = SizeLimits(SquareRoot(n - 1) * deviations.SD, N - 1, alpha, alpha);
+    const stats::SizeLimits proportionalBias = SizeLimits(line.RootChi2, N - 2, alpha / 2, alpha);
 
     ReportSection& section = run.report.BeginSection(DeviationAnalysisSection.frame);
     WriteRegression(run, section, line);
@@ -190,7 +190,7 @@ void Write(RunState& run) {
     section.Heading(
         "Confidence Interval of the Distribution of the |Deviations| (Freese, 1960; Reynolds, 1984)");
     section.Row({RowItem("Confidence", confidence).As(percent), "% of probability"});
-    section.Row({{"RootSumOfSquares", SquareRoot(sumOfSquares)}});
+    section.Row({{"RootSumOfSquares", rootSum}});
     section.Row({{"NoBiasLower", noBias.Lower}, {"NoBiasUpper", noBias.Upper}});
     section.Row({{"ConstantBiasLower", constantBias.Lower}, {"ConstantBiasUpper", constantBias.Upper}});
     section.Row({{"ProportionalBiasLower", proportionalBias.Lower},

@@ -78,15 +78,14 @@ void WriteVerdict(const RunState& run, ReportSection& section, double PF) {
 void WriteKleijnen(RunState& run) {
     const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
     std::vector<double> differences(X.size()), sums(X.size());
-    stats::Sum squares;
     for (std::size_t i = 0; i < X.size(); ++i) {
         differences[i] = X[i] - Y[i];
         sums[i] = X[i] + Y[i];
-        squares.AddProduct(differences[i], differences[i]);
     }
-    TakeLine(run, stats::FitLine(sums, differences));
+    const stats::LineFit line = stats::FitLine(sums, differences);
+    TakeLine(run, line);
     const double df = run.N() - 2;
-    const auto jointF = stats::FTestZeroLine(squares.Value(), run.Chi2, df);
+    const auto jointF = stats::FTestZeroLine(run.errors.RMSEP * SquareRoot(run.N()), line.RootChi2, df);
     if (!jointF)
         throw RunFailure("overflow in the joint F test");
     // The distribution function itself with the degrees of freedom in this order, not the tail above F.

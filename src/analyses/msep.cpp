@@ -44,28 +44,27 @@ void WriteDecomposition(RunState& run, ReportSection& section, const std::string
     section.Blank();
     section.Text("MSEP Decomposition " + number + ":");
     for (const auto& [place, index] : components)
-        run.Statement([&, name = std::string(place), part = run.errors.MSEPParts[index]] {
-            section.Row({{name, part, number},
-                         {name + "Percent", Divide(100 * part, run.errors.MSEP), number},
-                         " %)"});
+        run.Statement([&, name = std::string(place), part = run.errors.MSEPParts[index],
+                       share = run.errors.MSEPShares[index]] {
+            section.Row({{name, part, number}, {name + "Percent", 100 * share, number}, " %)"});
         });
 }
 
 void Write(RunState& run) {
-    const double MSEP = run.errors.MSEP, VarMSEP = run.errors.VarMSEP;
+    const stats::ErrorMeasures& errors = run.errors;
     ReportSection& section = run.report.BeginSection(MsepSection.frame);
     const auto row = [&](const char* place, auto value) {
         run.Statement([&] { section.Row({{place, value()}}); });
     };
-    row("MSEP", [&] { return MSEP; });
-    if (MSEP <= 0)
+    row("MSEP", [&] { return errors.MSEP; });
+    if (errors.RMSEP <= 0)
         return;
-    row("VarMSEP", [&] { return VarMSEP; });
-    row("SDMSEP", [&] { return SquareRoot(VarMSEP); });
-    row("CVMSEP", [&] { return Divide(SquareRoot(VarMSEP) * 100, MSEP); });
-    row("RMSEP", [&] { return SquareRoot(MSEP); });
-    row("RMSEPPercentOfX", [&] { return Divide(SquareRoot(MSEP) * 100, run.pairs.MeanX); });
-    row("RMSEPPercentOfY", [&] { return Divide(SquareRoot(MSEP) * 100, run.pairs.MeanY); });
+    row("VarMSEP", [&] { return errors.VarMSEP; });
+    row("SDMSEP", [&] { return errors.SDMSEP; });
+    row("CVMSEP", [&] { return 100 * errors.CVMSEP; });
+    row("RMSEP", [&] { return errors.RMSEP; });
+    row("RMSEPPercentOfX", [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanX); });
+    row("RMSEPPercentOfY", [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanY); });
     WriteDecomposition(run, section, "I", firstDecomposition);
     WriteDecomposition(run, section, "II", secondDecomposition);
 }

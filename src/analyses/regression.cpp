@@ -39,7 +39,7 @@ void WriteLeastSquares(RunState& run, ReportSection& section) {
     const auto row = [&](auto&& write) { run.Statement(write); };
     row([&] { section.Row({{"a", run.a}, {"SDa", run.SDa}}); });
     row([&] { section.Row({{"b", run.b}, {"SDb", run.SDb}}); });
-    row([&] { section.Row({{"MSE", run.residuals.MSE}, {"RootMSE", SquareRoot(run.residuals.MSE)}}); });
+    row([&] { section.Row({{"MSE", run.residuals.MSE}, {"RootMSE", run.residuals.RootMSE}}); });
     row([&] { section.Row({{"N", run.N()}, {"r", run.pearson.r}}); });
     row([&] { section.Row({{"RSquared", run.pearson.RSquared}, {"AdjRSquared", run.pearson.AdjRSquared}}); });
     row([&] {

@@ -16,7 +16,7 @@ void SetMissingLimits(RunState& run) {
     SessionState& session = run.session;
     if (session.DeviationLower == 0 && session.DeviationUpper == 0) {
         run.Statement([&] {
-            const auto size = stats::AcceptableDeviation(session.DeviationCIProb, run.pairs.VarY, run.N());
+            const auto size = stats::AcceptableDeviation(session.DeviationCIProb, run.pairs.SDY, run.N());
             if (!size)
                 throw RunFailure("overflow of the deviation limit");
             session.DeviationLower = -*size;

@@ -129,11 +129,12 @@ Concordance ConcordanceStatistics(const ConcordanceMoments& moments) {
     c.SETRc = linT.SE, c.TZ = linT.Z, c.TP = linT.P, c.TLower = linT.Lower, c.TUpper = linT.Upper;
     c.ULower = std::tanh(c.TLower), c.UUpper = std::tanh(c.TUpper);
 
+    // The numerator is twice the covariance, by which an r of 0 gives 0.
     const double sds[] = {SDX, SDY};
     const int exponent = ScaleExponent(sds);
-    const auto squareOf = [exponent](double value) { return Square(std::ldexp(value, -exponent)); };
-    const double sum = squareOf(SDX) + squareOf(SDY), difference = squareOf(Finite(moments.SDDiff));
-    c.ICC = Ratio(sum - difference, sum + squareOf(bias) - difference / n);
+    const auto in = [exponent](double value) { return std::ldexp(value, -exponent); };
+    const double whole = Square(in(SDX)) + Square(in(SDY)) + Square(in(bias));
+    c.ICC = Ratio(2.0 * r * in(SDX)*in(SDY), whole - Square(in(Finite(moments.SDDiff))) / n);
 
     const Estimate gr = Liao(r, shift, rootFreedom, c.Ar);
     const Inference liao = Infer(gr.Value, gr.SE, gr.Z);

@@ -111,6 +111,10 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     result.MAPE = MeanRelativeErrorPercent(pairs);
     result.MSEP = error.MSEP;
     result.VarMSEP = error.VarMSEP;
+    const double mean = squares.Squares / n, sd = std::sqrt(Ratio(squares.Spread, n * (n - 1.0)));
+    result.RMSEP = Unscale(std::sqrt(mean), differenceExponent);
+    result.SDMSEP = Unscale(sd, 2 * differenceExponent);
+    result.CVMSEP = Ratio(sd, mean);
     result.MaxError = Unscale(largest, differenceExponent);
     const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
     const CentredLine line = LeastSquares(cx, cy);
@@ -147,8 +151,10 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
         Ratio(Square(slopeDefect), sxx) / n,
         std::ldexp(line.SSE, 2 * unitY) / n,
     };
-    for (std::size_t i = 0; i < result.MSEPParts.size(); ++i)
+    for (std::size_t i = 0; i < result.MSEPParts.size(); ++i) {
         result.MSEPParts[i] = Unscale(parts[i], 2 * exponent);
+        result.MSEPShares[i] = Ratio(std::ldexp(parts[i], -2 * own), mean);
+    }
     return result;
 }
 

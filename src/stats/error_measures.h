@@ -14,9 +14,14 @@ struct ErrorMeasures {
     double MSEP = 0.0;                 ///< sum of D^2 over N
     double VarMSEP = 0.0;              ///< variance of MSEP, units to the fourth power
     std::array<double, 5> MSEPParts{}; ///< terms 0 + 1 + 2 = 0 + 3 + 4 = MSEP
-    double MEF = 0.0;                  ///< modelling efficiency
-    double MaxError = 0.0;             ///< largest |D|
-    double CD = 0.0;                   ///< coefficient of model determination
+    /// What has a value where those squares are out of a double's range:
+    double RMSEP = 0.0;                 ///< root of MSEP
+    double SDMSEP = 0.0;                ///< root of VarMSEP
+    double CVMSEP = 0.0;                ///< SDMSEP / MSEP
+    std::array<double, 5> MSEPShares{}; ///< MSEPParts / MSEP
+    double MEF = 0.0;                   ///< modelling efficiency
+    double MaxError = 0.0;              ///< largest |D|
+    double CD = 0.0;                    ///< coefficient of model determination
 };
 
 /// MSEP and its variance, as in ErrorMeasures.

@@ -25,8 +25,8 @@ struct GeneralizedConcordanceResult {
 /// Lin's coefficient. SE = sqrt(sum I^2 / (N (N - 1))) from the influence values I of Rg; the limits are
 /// those of atanh Rg. All is without unit.
 ///
-/// N < 2 or a constant sample: all 0. Limits at |Rg| >= 1 (a capped distance may pass 1) are both 1 with its sign. A
-/// Power outside (0, 3] leaves rows 3 and 6 at 0. O(N log N) in time, O(N) in memory.
+/// N < 2 or a constant sample: all 0. Limits at |Rg| >= 1 (a capped distance may pass 1) are both 1 with its
+/// sign. A Power outside (0, 3] leaves rows 3 and 6 at 0. O(N log N) in time, O(N) in memory.
 GeneralizedConcordanceResult GeneralizedConcordance(std::span<const double> x, std::span<const double> y,
                                                     double Power = 1.5);
 

@@ -53,11 +53,14 @@ InterceptSlopeTest FTestInterceptSlope(std::span<const double> x, std::span<cons
     return result;
 }
 
-std::optional<double> FTestZeroLine(double SS0, double SSE, double df) {
-    if (SSE <= 0)
+std::optional<double> FTestZeroLine(double rootSS0, double rootSSE, double df) {
+    if (rootSSE <= 0)
         return 0.0;
-    const double explained = std::max(0.0, SS0 - SSE); // negative by rounding alone
-    return CheckedQuotient(df / 2 * explained, SSE);
+    const auto ratio = CheckedQuotient(rootSS0, rootSSE);
+    if (!ratio)
+        return std::nullopt;
+    const double F = df / 2 * std::max(0.0, (*ratio - 1) * (*ratio + 1)); // negative by rounding alone
+    return std::isfinite(F) ? std::optional(F) : std::nullopt;
 }
 
 } // namespace corvane::stats

@@ -26,8 +26,8 @@ InterceptSlopeTest FTestInterceptSlope(std::span<const double> x, std::span<cons
 
 /// F of H0: intercept and slope are 0, with 2 and df degrees of freedom: df / 2 (SS0 - SSE) / SSE, SS0 the
 /// sum of squares about the line y = 0 and SSE that about the fitted line, whose degrees of freedom are df
-/// (Kleijnen et al., 1998, Management Science 44, 812-819). 0 where SSE is 0; nothing
-/// where a number leaves the range of a double.
-std::optional<double> FTestZeroLine(double SS0, double SSE, double df);
+/// (Kleijnen et al., 1998, Management Science 44, 812-819). It takes their roots, which have a place in a
+/// double where squares have none. 0 where SSE is 0; nothing where a number leaves the range of a double.
+std::optional<double> FTestZeroLine(double rootSS0, double rootSSE, double df);
 
 } // namespace corvane::stats

@@ -28,6 +28,7 @@ LineFit FitLine(std::span<const double> x, std::span<const double> y) {
         fit.SDa = sxx == 0.0 && cx.Mean.High != 0.0 ? Largest : Unscale(s * lever, cy.Exponent);
     fit.SDb = sxx == 0.0 ? Ratio(s, sxx) : Unscale(s / std::sqrt(sxx), slopeExponent);
     fit.Chi2 = Unscale(line.SSE, 2 * cy.Exponent);
+    fit.RootChi2 = Unscale(std::sqrt(line.SSE), cy.Exponent);
     fit.Q = GammaQ(0.5 * freedom, 0.5 * fit.Chi2);
     return fit;
 }

@@ -11,7 +11,8 @@ struct LineFit {
     double SDa = 0.0;
     double SDb = 0.0;
     double Chi2 = 0.0;
-    double Q = 1.0; ///< GammaQ(0.5 (N - 2), 0.5 Chi2); 1 where N < 3
+    double Q = 1.0;        ///< GammaQ(0.5 (N - 2), 0.5 Chi2); 1 where N < 3
+    double RootChi2 = 0.0; ///< in range where Chi2 is not
 };
 
 /// Ordinary least squares. Chi2 = SSE = sum of (y - a - b x)^2; with s^2 = SSE / (N - 2),

@@ -333,6 +333,7 @@ LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, st
                   ? Largest
                   : Unscale(sda, sda >= Largest ? 0 : points.YExponent + points.SDExponent);
     fit.Chi2 = Unscale(line.Chi2, -2 * points.SDExponent);
+    fit.RootChi2 = Unscale(std::sqrt(line.Chi2), -points.SDExponent);
     if (n > 2)
         fit.Q = GammaQ(0.5 * (static_cast<double>(n) - 2.0), 0.5 * fit.Chi2);
     return fit;

@@ -8,27 +8,30 @@
 namespace corvane::stats {
 namespace {
 
-std::optional<double> RootOfRatio(double numerator, double denominator) {
-    const auto ratio = CheckedQuotient(numerator, denominator);
-    return ratio ? CheckedRoot(*ratio) : std::nullopt;
+std::optional<double> FiniteSize(double size) {
+    return size >= 0 && size < Largest ? std::optional(size) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<SizeLimits> FreeseLimits(double sumOfSquares, int DF, double tail, double alpha) {
-    const double scaled = InverseChiSquare(1 - alpha, 1) * sumOfSquares;
-    const auto lower = RootOfRatio(scaled, InverseChiSquare(1 - tail, DF));
-    const auto upper = RootOfRatio(scaled, InverseChiSquare(tail, DF));
+std::optional<SizeLimits> FreeseLimits(double root, int DF, double tail, double alpha) {
+    if (!FiniteSize(root))
+        return std::nullopt;
+    const double of = InverseChiSquare(1 - alpha, 1);
+    const auto limit = [&](double P) -> std::optional<double> {
+        const auto ratio = CheckedQuotient(of, InverseChiSquare(P, DF));
+        const auto factor = ratio ? CheckedRoot(*ratio) : std::nullopt;
+        return factor ? FiniteSize(root * *factor) : std::nullopt;
+    };
+    const auto lower = limit(1 - tail), upper = limit(tail);
     return lower && upper ? std::optional(SizeLimits{*lower, *upper}) : std::nullopt;
 }
 
-std::optional<double> AcceptableDeviation(double confidence, double variance, double N) {
-    const auto error = RootOfRatio(variance, N);
-    if (!error)
-        return std::nullopt;
+std::optional<double> AcceptableDeviation(double confidence, double SD, double N) {
+    const auto error = CheckedQuotient(SD, std::sqrt(N));
     // At a confidence of 1 the quantile is the largest double.
-    const double size = InverseNormal(confidence) * *error;
-    return std::isfinite(size) ? std::optional(size) : std::nullopt;
+    const double size = error ? InverseNormal(confidence) * *error : Largest;
+    return std::isfinite(size) && std::abs(size) < Largest ? std::optional(size) : std::nullopt;
 }
 
 InfluenceLimits InfluenceLimitsOf(double N) {

@@ -10,15 +10,15 @@ struct SizeLimits {
     double Lower = 0, Upper = 0;
 };
 
-/// Limits of the size that a deviation exceeds with probability alpha: sqrt(chi(1 - alpha, 1) S / chi), S a
-/// sum of squares and chi the quantiles at 1 - tail and tail of its DF degrees of freedom: Freese (1960),
-/// Forest Science 6, 139-145; Reynolds (1984), Forest Science 30, 454-469. Nothing where a probability has no
-/// quantile or a number leaves the range of a double.
-std::optional<SizeLimits> FreeseLimits(double sumOfSquares, int DF, double tail, double alpha);
+/// Limits of the size that a deviation exceeds with probability alpha: root sqrt(chi(1 - alpha, 1) / chi),
+/// `root` that of a sum of squares and chi the quantiles at 1 - tail and tail of its DF degrees of freedom:
+/// Freese (1960), Forest Science 6, 139-145; Reynolds (1984), Forest Science 30, 454-469. Nothing where a
+/// probability has no quantile or a number leaves the range of a double.
+std::optional<SizeLimits> FreeseLimits(double root, int DF, double tail, double alpha);
 
-/// The size z sqrt(variance / N) within which a deviation is acceptable, z the one-sided normal quantile of
+/// The size z SD / sqrt(N) within which a deviation is acceptable, z the one-sided normal quantile of
 /// the confidence, a fraction. Nothing where it overflows, as at a confidence of 1, or without pairs.
-std::optional<double> AcceptableDeviation(double confidence, double variance, double N);
+std::optional<double> AcceptableDeviation(double confidence, double SD, double N);
 
 /// The limits of influence that depend on the number of pairs alone: Neter, Kutner, Nachtsheim and Wasserman
 /// (1996), chapter 9.

@@ -77,6 +77,7 @@ Residuals ResidualStatistics(double a, double b, std::span<const double> x, std:
     const double rootMse = std::sqrt(mse);
     Residuals result;
     result.MSE = Unscale(mse, 2 * exponent);
+    result.RootMSE = Unscale(rootMse, exponent);
     for (std::vector<double>* column :
          {&result.Deviation, &result.Fitted, &result.Residue, &result.SERes, &result.StdtRes,
           &result.RStdtRes, &result.Leverage, &result.CookD, &result.DFFITS, &result.NormRes, &result.PRESS,

@@ -8,6 +8,7 @@ namespace corvane::stats {
 /// Residuals of a line and their diagnostics, one element a pair, in row order.
 struct Residuals {
     double MSE = 0.0;              ///< sum of e^2 over N - 2
+    double RootMSE = 0.0;          ///< in range where MSE is not
     std::vector<double> Deviation; ///< Y - X
     std::vector<double> Fitted;    ///< a + b X
     std::vector<double> Residue;   ///< e = Y - Fitted

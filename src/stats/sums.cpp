@@ -63,10 +63,15 @@ DoubleDouble SumProducts(const std::vector<DoubleDouble>& a, const std::vector<D
 CentredLine LeastSquares(const CentredSample& x, const CentredSample& y) {
     CentredLine line;
     line.Residual.resize(y.Deviation.size());
+    // Of numbers of 32 digits, what is 30 digits below its terms is their rounding.
     line.Sxy = SumProducts(x.Deviation, y.Deviation);
+    if (std::fabs(line.Sxy.High) <= 1e-30 * std::sqrt(x.SumSquares.High) * std::sqrt(y.SumSquares.High))
+        line.Sxy = {};
     if (x.SumSquares.High > 0.0)
         line.Slope = line.Sxy / x.SumSquares;
     line.Intercept = y.Mean - line.Slope * x.Mean;
+    if (std::fabs(line.Intercept.High) <= 1e-30 * (1.0 + std::fabs(line.Slope.High)))
+        line.Intercept = {};
 
     Sum sse;
     for (std::size_t i = 0; i < line.Residual.size(); ++i) {

@@ -13,6 +13,7 @@
 #include "stats/correlation.h"
 #include "stats/degenerate_samples.h"
 #include "stats/line_family.h"
+#include "stats/line_fits.h"
 #include "stats/pair_statistics.h"
 #include "stats/reference_data.h"
 #include "stats/sums.h"
@@ -118,6 +119,12 @@ TEST(Concordance, KeepsItsDigitsFarFromZero) {
 TEST(Concordance, OfEqualMeansHasNoShift) {
     // 5/3 from either side is not the same double; nor is a zero a negative one.
     EXPECT_EQ(std::signbit(Of({1, 4, 0}, {2, 0, 3}).u) ? -1 : Of({1, 4, 0}, {2, 0, 3}).u, 0.0);
+    EXPECT_EQ(Of({5, 9, 7}, {9, 9, 3}).ICC, 0.0);
+    // Nor are the least-squares line's intercept and, of the sums and differences, its slope.
+    const LineFit through = FitLine(Values{4, 5, 3, 6, 9}, Values{4, 8, 1, 6, 8}),
+                  level = FitLine(Values{14, 15, 12, 1, 6, 9, 11}, Values{-2, 3, 0, 1, 2, -7, 3});
+    EXPECT_FALSE(through.a != 0.0 || std::signbit(through.a));
+    EXPECT_FALSE(level.b != 0.0 || std::signbit(level.b));
     std::mt19937_64 generator(7);
     for (int round = 0; round < 300; ++round) {
         Values x, y;
