@@ -72,8 +72,9 @@ DataMatrix::Blocks& DataMatrix::Own(int column) {
 void DataMatrix::Set(int column, std::int32_t row, const CellView& value) {
     if (row < 1 || row > rowBound)
         return;
-    if (IsEmpty(value) && IsEmpty(At(column, row)))
-        return;
+    const CellView before = At(column, row);
+    if (before == value || (IsEmpty(value) && IsEmpty(before)))
+        return; // keeps what is shared
     // The value may be a view of a cell of this table.
     CompactCell cell(value);
     const std::size_t block = Index(row) / blockRows;

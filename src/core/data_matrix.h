@@ -68,6 +68,8 @@ public:
     void Clear();
     /// Exchanges two columns in the rows 1 to N.
     void SwapColumns(int first, int second);
+    /// Whether every cell is shared with the other table: then the two are equal. False says nothing.
+    bool SharesAllCellsWith(const DataMatrix& other) const { return columns == other.columns; }
     /// Puts a column of another table in the place of this one's, as far as the bound goes.
     void TakeColumn(int column, const DataMatrix& other);
 

@@ -15,6 +15,8 @@ struct RunMemory {
 
     double DeviationCIProb = 0.95; ///< Confidence as a fraction, set again by every run.
     double MeanY = 0;              ///< Mean of Y of the last run, for the limits that are a percentage of it.
+
+    bool operator==(const RunMemory&) const = default;
 };
 
 /// What outlives a run. A window keeps one for the life of the process; a subcommand makes a fresh one.
