@@ -69,6 +69,7 @@ void Document::Change(const ChangeName& name, const Work& work, Moment now) {
     redo.clear();
     lastJoin = name.joins;
     lastChange = now;
+    identity += name.replaces ? 1U : 0U;
     change.history = true;
     Tell(std::move(change));
 }
@@ -77,7 +78,9 @@ void Document::ChangeSilently(const Work& work) {
     const State before = state;
     work(state.dataset, state.session);
     DocumentChange change = Difference(before);
-    // What is saved takes the same change, so that it counts neither as work nor for the way back.
+    if (!modified)
+        saved = state;
+    // What is saved takes the same options, so that they count neither as work nor for the way back.
     for (const OptionRow* row : change.options)
         PutOption(saved.dataset.options, *row, GetOption(state.dataset.options, *row));
     Tell(std::move(change));
@@ -133,6 +136,7 @@ void Document::Restore(Step step, std::deque<Step>& others) {
     DocumentChange change = Difference(before);
     change.place = step.name.place;
     change.history = true;
+    identity += step.name.replaces ? 1U : 0U;
     others.push_back({std::move(step.name), std::move(before)});
     lastJoin.clear();
     Tell(std::move(change));

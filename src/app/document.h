@@ -51,6 +51,7 @@ struct ChangeName {
     std::optional<GridRange> place{}; ///< Where it happens.
     /// Changes of one key that follow each other within a second are one step; empty: each is its own.
     std::string joins{};
+    bool replaces = false; ///< The cells are no longer those of before: they were cleared or exchanged.
 };
 
 /// The one dataset that a user works on: cells, options and notes, its path, what was changed since it was
@@ -80,8 +81,7 @@ public:
     /// nothing leaves no step.
     void Change(const ChangeName& name, const Work& work, Moment now = std::chrono::steady_clock::now());
 
-    /// Does the work without a step and without the modified mark: what switches and settings do, or what a
-    /// run leaves for the next one.
+    /// Does the work without a step and without the modified mark: what switches and settings do.
     void ChangeSilently(const Work& work);
 
     /// Sets one option as its control does, as one step.
