@@ -113,9 +113,12 @@ void WriteMean(const RunState& run, ReportSection& section, const stats::MeanVar
                  {"P_MeanDeviation", stats::TailT(t, n - 1)},
                  ")"});
     const std::string ending = " interval (" + percent + "%)        : ";
-    section.Row({"Confidence" + ending, {"CILower", lower}, {"CIUpper", upper}});
+    section.Row(
+        {"Confidence" + ending, {"CILower", stats::Finite(lower)}, {"CIUpper", stats::Finite(upper)}});
     const double pi = halfWidth(1 / n + 1);
-    section.Row({"Prediction" + ending, {"PILower", mean - pi}, {"PIUpper", mean + pi}});
+    section.Row({"Prediction" + ending,
+                 {"PILower", stats::Finite(mean - pi)},
+                 {"PIUpper", stats::Finite(mean + pi)}});
     section.Row({{"Variance", variance}});
     section.Row({{"SD", sd}});
 }
@@ -175,7 +178,8 @@ void Write(RunState& run) {
     const double n = run.N();
     const double alpha = OutsideProbability(run), confidence = 100 - 100 * alpha;
     const stats::LineFit line = stats::FitLine(X, D);
-    const stats::MeanVarianceResult deviations = stats::MeanVariance(D);
+    stats::MeanVarianceResult deviations = stats::MeanVariance(D);
+    deviations.Mean = run.errors.MeanBias; // summed from the pairs, so that an exact zero is one
     const double rootSum = SquareRoot(n) * run.errors.RMSEP;
     const stats::SizeLimits noBias = SizeLimits(rootSum, N, alpha, alpha);
     // (n - 1) sd^2 = sum D^2 - n mean^2, which rounding would make negative where the bias is all.
@@ -190,7 +194,7 @@ void Write(RunState& run) {
     section.Heading(
         "Confidence Interval of the Distribution of the |Deviations| (Freese, 1960; Reynolds, 1984)");
     section.Row({RowItem("Confidence", confidence).As(percent), "% of probability"});
-    section.Row({{"RootSumOfSquares", rootSum}});
+    section.Row({{"RootSumOfSquares", stats::Finite(rootSum)}});
     section.Row({{"NoBiasLower", noBias.Lower}, {"NoBiasUpper", noBias.Upper}});
     section.Row({{"ConstantBiasLower", constantBias.Lower}, {"ConstantBiasUpper", constantBias.Upper}});
     section.Row({{"ProportionalBiasLower", proportionalBias.Lower},

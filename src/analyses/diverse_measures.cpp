@@ -41,7 +41,7 @@ void WritePercentages(RunState& run, ReportSection& section, const std::string& 
             AlignField(measure + ", % of " + side + " (" + role + ")", 35, AlignLeft) + ": ";
         if (mean > 0)
             run.Statement([&] {
-                section.Row({label, {name + "PercentOf" + side, Divide(value * 100, mean)}});
+                section.Row({label, {name + "PercentOf" + side, Percent(value, mean)}});
             });
         else
             section.Text(label + "!! Mean " + side + " is Zero !!");

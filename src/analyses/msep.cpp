@@ -63,8 +63,8 @@ void Write(RunState& run) {
     row("SDMSEP", [&] { return errors.SDMSEP; });
     row("CVMSEP", [&] { return 100 * errors.CVMSEP; });
     row("RMSEP", [&] { return errors.RMSEP; });
-    row("RMSEPPercentOfX", [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanX); });
-    row("RMSEPPercentOfY", [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanY); });
+    row("RMSEPPercentOfX", [&] { return Percent(errors.RMSEP, run.pairs.MeanX); });
+    row("RMSEPPercentOfY", [&] { return Percent(errors.RMSEP, run.pairs.MeanY); });
     WriteDecomposition(run, section, "I", firstDecomposition);
     WriteDecomposition(run, section, "II", secondDecomposition);
 }

@@ -104,7 +104,7 @@ void WriteEnvelope(RunState& run, ReportSection& section, const ResidualTable& t
     section.Heading("Deviation Envelope");
     section.Row({{"DeviationLower", lower}, {"DeviationUpper", upper}, "]"});
     run.Statement([&] {
-        section.Row({{"DeviationPercentOfMeanY", Divide(-lower * 100, run.pairs.MeanY)}, "%"});
+        section.Row({{"DeviationPercentOfMeanY", Percent(-lower, run.pairs.MeanY)}, "%"});
     });
     run.Statement([&] { section.Row({{"Confidence", run.session.DeviationCIProb * 100}}); });
     section.Row({{"Above", above}, {"AbovePercent", percent(above)}, "%)"});

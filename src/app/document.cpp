@@ -97,7 +97,10 @@ void Document::SetOption(const OptionRow& row, const OptionValue& value, Moment 
     else
         words = "Choose " + std::string(row.caption);
     Change(
-        {words, {}, text ? "option " + std::string(row.key) : ""},
+        {words,
+         {},
+         text ? "option " + std::string(row.key) : "",
+         row.member == OptionRow::Member{&AnalysisOptions::SwapXY}},
         [&](Dataset& dataset, SessionState& session) { ChangeOption(dataset, session, row, value); }, now);
 }
 

@@ -24,6 +24,14 @@ double Divide(double numerator, double denominator) {
     return quotient;
 }
 
+double Percent(double part, double whole) {
+    const double hundredfold = part * 100;
+    const double percent = std::isfinite(hundredfold) ? Divide(hundredfold, whole) : Divide(part, whole) * 100;
+    if (!std::isfinite(percent))
+        throw RunFailure("overflow in a percentage");
+    return percent;
+}
+
 double TStatistic(double estimate, double sd) {
     return std::abs(sd) == saturated && std::abs(estimate) < saturated ? 0.0 : Divide(estimate, sd);
 }

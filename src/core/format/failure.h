@@ -43,6 +43,8 @@ bool ConditionHolds(Condition&& condition) {
 /// compute with.
 double Divide(double numerator, double denominator);
 double SquareRoot(double radicand);
+/// A part in per cent of the whole, also where the hundredfold part has no place in a double.
+double Percent(double part, double whole);
 double Logarithm(double argument);
 
 /// The t of an estimate with its SD. An SD without a finite value leaves no evidence: 0. A RunFailure where
