@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Two forms of the F test of H0: a = 0 and b = 1, with 2 and N - 2 degrees of freedom.
@@ -21,6 +23,7 @@ struct InterceptSlopeTest {
 /// MeanX and MeanY are not needed by this form of F1. s = 0: F saturated and P = 0, or F = 0 and P = 1 where
 /// the line is the identity. N < 3: F = 0, P = 1.
 InterceptSlopeTest FTestInterceptSlope(std::span<const double> x, std::span<const double> y, double a,
-                                       double b, double MeanX, double MeanY);
+                                       double b, double MeanX, double MeanY,
+                                       const std::stop_token& stop = {});
 
 } // namespace corvane::stats

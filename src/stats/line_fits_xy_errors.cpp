@@ -30,6 +30,7 @@ struct Points {
     int XExponent = 0;
     int YExponent = 0;
     int SDExponent = 0;
+    std::stop_token Stop; ///< looked at by every pass over the points
 };
 
 /// What the points say about one direction, with weights 1 / (c^2 VarY + s^2 VarX).
@@ -43,25 +44,25 @@ struct Objective {
     double AdjustedSquares = 0.0;    ///< weighted squares of beta / c about that mean
 };
 
-std::vector<double> UsableSDs(std::span<const double> sds, int exponent) {
+std::vector<double> UsableSDs(std::span<const double> sds, int exponent, const std::stop_token& stop) {
     std::vector<double> result;
-    for (double sd : sds)
+    for (double sd : Elements(sds, stop))
         result.push_back(
             Unscale(std::fabs(sd) > 0.0 && std::fabs(sd) <= Largest ? std::fabs(sd) : 1e-30, -exponent));
     return result;
 }
 
-std::vector<double> Deviations(const CentredSample& sample, int& exponent) {
+std::vector<double> Deviations(const CentredSample& sample, int& exponent, const std::stop_token& stop) {
     std::vector<double> values;
-    for (const DoubleDouble& deviation : sample.Deviation)
+    for (const DoubleDouble& deviation : Elements(sample.Deviation, stop))
         values.push_back(deviation.High);
-    const int own = ScaleExponent(values);
+    const int own = ScaleExponent(values, stop);
     exponent = sample.Exponent + own;
-    return Scaled(values, own);
+    return Scaled(values, own, stop);
 }
 
-std::vector<double> Variances(std::vector<double> sds, int exponent) {
-    for (double& sd : sds)
+std::vector<double> Variances(std::vector<double> sds, int exponent, const std::stop_token& stop) {
+    for (double& sd : Elements(sds, stop))
         sd = Square(std::max(std::ldexp(sd, -exponent), 0x1p-400));
     return sds;
 }
@@ -71,7 +72,7 @@ Objective Evaluate(const Points& points, Direction to) {
     const double cc = to.C * to.C, ss = to.S * to.S;
     std::vector<double> weight(n);
     Sum weights, sumX, sumY;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, points.Stop)) {
         weight[i] = 1.0 / (cc * points.VarY[i] + ss * points.VarX[i]);
         weights.Add(weight[i]);
         sumX.Add(weight[i] * points.X[i]);
@@ -82,7 +83,7 @@ Objective Evaluate(const Points& points, Direction to) {
     result.MeanX = sumX.Value() / result.SumWeights;
     result.MeanY = sumY.Value() / result.SumWeights;
     Sum chi2, descent;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, points.Stop)) {
         const double u = points.X[i] - result.MeanX, v = points.Y[i] - result.MeanY;
         const double distance = to.C * v - to.S * u;
         const double share = weight[i] * to.C * points.VarY[i] * u + weight[i] * to.S * points.VarX[i] * v;
@@ -99,7 +100,7 @@ void AddAdjustments(const Points& points, Direction to, Objective& result) {
     const std::size_t n = points.X.size();
     std::vector<double> weight(n), share(n);
     Sum stepX, stepY, sum, squares;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, points.Stop)) {
         const double u = points.X[i] - result.MeanX, v = points.Y[i] - result.MeanY;
         weight[i] = 1.0 / (to.C * to.C * points.VarY[i] + to.S * to.S * points.VarX[i]);
         share[i] = weight[i] * to.C * points.VarY[i] * u + weight[i] * to.S * points.VarX[i] * v;
@@ -110,7 +111,7 @@ void AddAdjustments(const Points& points, Direction to, Objective& result) {
     result.StepX = stepX.Value();
     result.StepY = stepY.Value();
     result.MeanAdjustment = sum.Value() / result.SumWeights;
-    for (std::size_t i = 0; i < n; ++i)
+    for (std::size_t i : Indices(n, points.Stop))
         squares.Add(weight[i] * Square(share[i] - result.MeanAdjustment));
     result.AdjustedSquares = squares.Value();
 }
@@ -126,7 +127,7 @@ struct Node {
 /// constant factor, and the rest by a few fixed slopes.
 std::vector<Node> Nodes(const Points& points) {
     double lowest = 1.0, highest = 1.0;
-    for (std::size_t i = 0; i < points.X.size(); ++i) {
+    for (std::size_t i : Indices(points.X.size(), points.Stop)) {
         const double ratio = std::sqrt(points.VarY[i]) / std::sqrt(points.VarX[i]);
         lowest = i == 0 ? ratio : std::min(lowest, ratio);
         highest = i == 0 ? ratio : std::max(highest, ratio);
@@ -233,20 +234,21 @@ Minimum LowestChi2(const Points& points, double tolerance) {
 } // namespace
 
 LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, std::span<const double> sdx,
-                        std::span<const double> sdy, double Tolerance) {
+                        std::span<const double> sdy, double Tolerance, const std::stop_token& stop) {
     const std::size_t n = std::min({x.size(), y.size(), sdx.size(), sdy.size()});
     LineFit fit;
     if (n < 2)
-        return FitLine(x.first(n), y.first(n));
-    const CentredSample cx = Centre(x.first(n)), cy = Centre(y.first(n));
+        return FitLine(x.first(n), y.first(n), stop);
+    const CentredSample cx = Centre(x.first(n), stop), cy = Centre(y.first(n), stop);
     Points points;
-    points.X = Deviations(cx, points.XExponent);
-    points.Y = Deviations(cy, points.YExponent);
-    const std::vector<double> sx = UsableSDs(sdx.first(n), points.XExponent);
-    const std::vector<double> sy = UsableSDs(sdy.first(n), points.YExponent);
-    points.SDExponent = std::max(ScaleExponent(sx), ScaleExponent(sy));
-    points.VarX = Variances(sx, points.SDExponent);
-    points.VarY = Variances(sy, points.SDExponent);
+    points.Stop = stop;
+    points.X = Deviations(cx, points.XExponent, stop);
+    points.Y = Deviations(cy, points.YExponent, stop);
+    const std::vector<double> sx = UsableSDs(sdx.first(n), points.XExponent, stop);
+    const std::vector<double> sy = UsableSDs(sdy.first(n), points.YExponent, stop);
+    points.SDExponent = std::max(ScaleExponent(sx, stop), ScaleExponent(sy, stop));
+    points.VarX = Variances(sx, points.SDExponent, stop);
+    points.VarY = Variances(sy, points.SDExponent, stop);
 
     const bool constantX = cx.SumSquares.High == 0.0;
     Minimum minimum;
