@@ -69,7 +69,7 @@ double Percentage(std::int32_t cell, double N) {
 void Allocate(RunState& run, double a, double b, stats::Allocation& A, stats::Allocation& B, double p,
               bool perpendicular) {
     run.Statement([&] {
-        if (!stats::STAT_Harlow(run.arrays.X, run.arrays.Y, a, b, A, B, p, perpendicular))
+        if (!stats::STAT_Harlow(run.arrays.X, run.arrays.Y, a, b, A, B, p, perpendicular, run.stop))
             throw RunFailure("overflow in the allocation of a pair");
     });
 }

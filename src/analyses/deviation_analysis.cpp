@@ -95,7 +95,8 @@ void WriteRegression(const RunState& run, ReportSection& section, const stats::L
     section.Row({{"b", line.b}, {"SDb", line.SDb}});
     WriteTTest(section, "a", line.a, line.SDa, DF);
     WriteTTest(section, "b", line.b, line.SDb, DF);
-    section.Row({{"RSquared", stats::PearsonCorrelation(run.arrays.X, run.residuals.Deviation).RSquared}});
+    section.Row(
+        {{"RSquared", stats::PearsonCorrelation(run.arrays.X, run.residuals.Deviation, run.stop).RSquared}});
     section.Row({{"MSE", stats::Finite(stats::Square(Divide(line.RootChi2, SquareRoot(DF))))}});
 }
 
@@ -144,8 +145,8 @@ constexpr double IntervalRow::*intervalValues[] = {
 
 /// The text of stats::DeviationIntervals as a table.
 void OpenIntervalWindow(RunState& run, const stats::LineFit& line, double confidence) {
-    const std::vector<IntervalRow> rows =
-        stats::DeviationIntervalRows(line.a, line.b, run.arrays.X, run.residuals.Deviation, confidence);
+    const std::vector<IntervalRow> rows = stats::DeviationIntervalRows(
+        line.a, line.b, run.arrays.X, run.residuals.Deviation, confidence, run.stop);
     std::string head;
     std::vector<std::string> titles;
     Listing listing{.columns = {}, .rows = rows.size()};
@@ -177,8 +178,8 @@ void Write(RunState& run) {
     const int N = static_cast<int>(X.size());
     const double n = run.N();
     const double alpha = OutsideProbability(run), confidence = 100 - 100 * alpha;
-    const stats::LineFit line = stats::FitLine(X, D);
-    stats::MeanVarianceResult deviations = stats::MeanVariance(D);
+    const stats::LineFit line = stats::FitLine(X, D, run.stop);
+    stats::MeanVarianceResult deviations = stats::MeanVariance(D, run.stop);
     deviations.Mean = run.errors.MeanBias; // summed from the pairs, so that an exact zero is one
     const double rootSum = SquareRoot(n) * run.errors.RMSEP;
     const stats::SizeLimits noBias = SizeLimits(rootSum, N, alpha, alpha);
@@ -199,7 +200,7 @@ void Write(RunState& run) {
     section.Row({{"ConstantBiasLower", constantBias.Lower}, {"ConstantBiasUpper", constantBias.Upper}});
     section.Row({{"ProportionalBiasLower", proportionalBias.Lower},
                  {"ProportionalBiasUpper", proportionalBias.Upper}});
-    NormalityTest(section, D, "Deviation.");
+    NormalityTest(section, D, "Deviation.", run.stop);
     OpenIntervalWindow(run, line, confidence);
 }
 

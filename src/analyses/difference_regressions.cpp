@@ -55,8 +55,8 @@ void WriteVerdict(const RunState& run, ReportSection& section, double PF) {
     const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
     double PM = 0, PV = 0;
     if (run.Options().DIVERSE_MEASURES == 0) {
-        PM = stats::TTestPairedDifference(Y, X).P;
-        PV = stats::FTestVariance(Y, X).P;
+        PM = stats::TTestPairedDifference(Y, X, run.stop).P;
+        PV = stats::FTestVariance(Y, X, run.stop).P;
     }
     const bool positive = run.pearson.r >= 0;
     if (positive && PM >= level && PV >= level) {
@@ -82,7 +82,7 @@ void WriteKleijnen(RunState& run) {
         differences[i] = X[i] - Y[i];
         sums[i] = X[i] + Y[i];
     }
-    const stats::LineFit line = stats::FitLine(sums, differences);
+    const stats::LineFit line = stats::FitLine(sums, differences, run.stop);
     TakeLine(run, line);
     const double df = run.N() - 2;
     const auto jointF = stats::FTestZeroLine(run.errors.RMSEP * SquareRoot(run.N()), line.RootChi2, df);
@@ -108,7 +108,7 @@ void WriteBlandAltman(RunState& run) {
         differences[i] = X[i] - Y[i];
         averages[i] = (X[i] + Y.front()) / 2;
     }
-    TakeLine(run, stats::FitLine(differences, averages));
+    TakeLine(run, stats::FitLine(differences, averages, run.stop));
 
     ReportSection& section = run.report.BeginSection(BlandAltmanSection.frame);
     section.Text("Equation: (X-Y) = ß0 + ß1×(Avg(Y and X))" + std::string(24, ' '));

@@ -27,7 +27,7 @@ void Write(RunState& run) {
         run.Statement([&] { section.Row({{place, distance}}); });
     };
     const auto distancesOf = [&](double order) {
-        return stats::DistanceMeasures(run.arrays.X, run.arrays.Y, order);
+        return stats::DistanceMeasures(run.arrays.X, run.arrays.Y, order, run.stop);
     };
     const stats::Distances distances = distancesOf(1);
     row("Euclidean", distances.Euclidean);

@@ -16,7 +16,7 @@ constexpr Place places[] = {
 
 void WriteShapiroWilk(RunState& run, ReportSection& section, const std::string& name,
                       const std::vector<double>& sample) {
-    const stats::ShapiroWilkResult test = stats::ShapiroWilk(sample);
+    const stats::ShapiroWilkResult test = stats::ShapiroWilk(sample, run.stop);
     run.Statement([&] {
         section.Row({"SW's W-value for normality for " + name + " (P-value < W) : ",
                      {"W_*", test.W, name},
@@ -38,11 +38,11 @@ void Write(RunState& run) {
     section.Blank();
     section.Heading("Empirical Distribution Function for Normality", '=');
     section.Text("Predicted values (X):");
-    run.Statement([&] { NormalityTest(section, X, "X."); });
+    run.Statement([&] { NormalityTest(section, X, "X.", run.stop); });
     section.Blank();
     section.Blank();
     section.Text("Observed values (Y):");
-    run.Statement([&] { NormalityTest(section, Y, "Y."); });
+    run.Statement([&] { NormalityTest(section, Y, "Y.", run.stop); });
 }
 
 } // namespace

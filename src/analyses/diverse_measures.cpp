@@ -40,9 +40,7 @@ void WritePercentages(RunState& run, ReportSection& section, const std::string& 
         const std::string label =
             AlignField(measure + ", % of " + side + " (" + role + ")", 35, AlignLeft) + ": ";
         if (mean > 0)
-            run.Statement([&] {
-                section.Row({label, {name + "PercentOf" + side, Percent(value, mean)}});
-            });
+            run.Statement([&] { section.Row({label, {name + "PercentOf" + side, Percent(value, mean)}}); });
         else
             section.Text(label + "!! Mean " + side + " is Zero !!");
     };
@@ -71,11 +69,11 @@ void Write(RunState& run) {
                      " (Cochran and Cox, 1954)"});
     });
     WritePercentages(run, section, "Mean Bias", "MeanBias", errors.MeanBias);
-    WriteTest(run, section, "F", stats::FTestVariance(Y, X));
-    WriteTest(run, section, "T_same", stats::TTestEqualVariance(Y, X));
-    WriteTest(run, section, "T_diff", stats::TTestUnequalVariance(Y, X));
-    WriteTest(run, section, "T_cov", stats::TTestPairedCovariance(Y, X));
-    WriteTest(run, section, "T_paired", stats::TTestPairedDifference(Y, X));
+    WriteTest(run, section, "F", stats::FTestVariance(Y, X, run.stop));
+    WriteTest(run, section, "T_same", stats::TTestEqualVariance(Y, X, run.stop));
+    WriteTest(run, section, "T_diff", stats::TTestUnequalVariance(Y, X, run.stop));
+    WriteTest(run, section, "T_cov", stats::TTestPairedCovariance(Y, X, run.stop));
+    WriteTest(run, section, "T_paired", stats::TTestPairedDifference(Y, X, run.stop));
     section.Blank();
     row([&] { section.Row({{"MAE", errors.MAE}}); });
     WritePercentages(run, section, "MAE", "MAE", errors.MAE);

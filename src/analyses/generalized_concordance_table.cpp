@@ -37,7 +37,8 @@ void Write(RunState& run) {
     section.BeginTable({"CCC (rg)", "SE rg", "Lower 95% CI", "Upper 95% CI"});
     section.TableHead(head);
     section.Rule(ruleLength);
-    const auto [Rg, SE, Lower, Upper] = stats::GeneralizedConcordance(run.arrays.X, run.arrays.Y, 1.5);
+    const auto [Rg, SE, Lower, Upper] =
+        stats::GeneralizedConcordance(run.arrays.X, run.arrays.Y, 1.5, run.stop);
     for (std::size_t i = 0; i < distances.size(); ++i) {
         const std::string distance(distances[i]);
         section.TableRow({RowItem(distance + ".Rg", Rg[i]).Between(Lower[i], Upper[i]),

@@ -35,7 +35,7 @@ void Write(RunState& run) {
     stats::RatioStatistics ratios{.N = run.arrays.Count()};
     double PZero = 0, POne = 0;
     run.Statement([&] {
-        ratios = OrFail(stats::RatioMoments(run.arrays.X, run.arrays.Y), "overflow in a division");
+        ratios = OrFail(stats::RatioMoments(run.arrays.X, run.arrays.Y, run.stop), "overflow in a division");
         PZero = OrFail(stats::RatioTest(ratios, 0), "division by zero");
         POne = OrFail(stats::RatioTest(ratios, 1), "division by zero");
     });

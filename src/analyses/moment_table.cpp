@@ -32,7 +32,8 @@ constexpr Place places[] = {
 };
 
 void Write(RunState& run) {
-    const Moments x = stats::MomentStatistics(run.arrays.X), y = stats::MomentStatistics(run.arrays.Y);
+    const Moments x = stats::MomentStatistics(run.arrays.X, run.stop),
+                  y = stats::MomentStatistics(run.arrays.Y, run.stop);
     stats::PairSummary& pairs = run.pairs;
     pairs.MeanX = x.Mean;
     pairs.VarX = x.Variance;

@@ -8,10 +8,11 @@
 
 namespace corvane {
 
-void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix) {
-    const std::vector<double> sorted = stats::SortedFinite(sample); // once for both
-    const stats::EDFResult edf = stats::EDFNormalityStatistics(sorted);
-    const stats::ShapiroWilkResult shapiro = stats::ShapiroWilk(sorted);
+void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix,
+                   const std::stop_token& stop) {
+    const std::vector<double> sorted = stats::SortedFinite(sample, stop); // once for both
+    const stats::EDFResult edf = stats::EDFNormalityStatistics(sorted, 2, false, stop);
+    const stats::ShapiroWilkResult shapiro = stats::ShapiroWilk(sorted, stop);
     section.Heading("Goodness-of-Fit Analyses (Davis and Stephens, 1989)");
     section.Row({{"*D", edf.D, prefix}});
     section.Row({{"*V", edf.V, prefix}});

@@ -3,6 +3,7 @@
 #include "report/report.h"
 
 #include <span>
+#include <stop_token>
 #include <string>
 
 namespace corvane {
@@ -24,6 +25,7 @@ inline constexpr Place NormalityPlaces[] = {
 /// Appends a sample's five statistics of the empirical distribution function and its Shapiro-Wilk W. The last
 /// line is open: the caller ends it, or the next section's frame does. The prefix, with its dot, keeps the
 /// machine names of several samples of one section apart.
-void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix);
+void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix,
+                   const std::stop_token& stop);
 
 } // namespace corvane

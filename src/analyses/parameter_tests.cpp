@@ -34,7 +34,7 @@ void WriteTTest(RunState& run, ReportSection& section, const std::string& name, 
 
 void Write(RunState& run) {
     const auto test = stats::FTestInterceptSlope(run.arrays.X, run.arrays.Y, run.a, run.b, run.pairs.MeanX,
-                                                 run.pairs.MeanY);
+                                                 run.pairs.MeanY, run.stop);
     ReportSection& section = run.report.BeginSection(ParameterTestsSection.frame);
     run.Statement([&] { section.Row({{"T_r", run.pearson.T}, {"P_r", run.pearson.P}, ")"}); });
     if (run.SDa > 0)

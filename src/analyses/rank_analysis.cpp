@@ -37,8 +37,10 @@ constexpr const char* comments[] = {
     "!! .KS is the Kolmogorov-Smirnov test that measures if X and Y have the same distribution !!",
 };
 
-stats::SpearmanResult Spearman(const EvaluationArrays& arrays, const AnalysisOptions& options) {
-    return stats::SpearmanRank(arrays.X, arrays.Y, IsSet(options.InvertXRanks), IsSet(options.InvertYRanks));
+stats::SpearmanResult Spearman(const EvaluationArrays& arrays, const AnalysisOptions& options,
+                               const std::stop_token& stop = {}) {
+    return stats::SpearmanRank(arrays.X, arrays.Y, IsSet(options.InvertXRanks), IsSet(options.InvertYRanks),
+                               stop);
 }
 
 void WriteRankColumns(DataMatrix& cells, const stats::SpearmanResult& ranks) {
@@ -64,7 +66,7 @@ void WriteRankColumns(DataMatrix& cells, const stats::SpearmanResult& ranks) {
 
 void Write(RunState& run) {
     const std::vector<double>&X = run.arrays.X, &Y = run.arrays.Y;
-    const stats::SpearmanResult spearman = Spearman(run.arrays, run.Options());
+    const stats::SpearmanResult spearman = Spearman(run.arrays, run.Options(), run.stop);
     ReportSection& section = run.report.BeginSection(RankAnalysisSection.frame);
     if (run.Comments()) {
         for (const char* comment : comments)
@@ -76,16 +78,16 @@ void Write(RunState& run) {
     row([&] { section.Row({{"rs", spearman.rs}, {"T_rs", spearman.T}, {"P_rs", spearman.P2}, ")"}); });
     row([&] { section.Row({{"D", spearman.D}, {"Z_D", spearman.Z}, {"P_D", spearman.P}, ")"}); });
     row([&] {
-        const stats::KendallResult kendall = stats::KendallTau(X, Y);
+        const stats::KendallResult kendall = stats::KendallTau(X, Y, run.stop);
         section.Row({{"Tau", kendall.Tau}, {"Z_Tau", kendall.Z}, {"P_Tau", kendall.P}, ")"});
     });
     row([&] {
         const stats::KolmogorovSmirnovResult smirnov =
-            stats::KolmogorovSmirnov2(run.SortedX(), run.SortedY());
+            stats::KolmogorovSmirnov2(run.SortedX(), run.SortedY(), run.stop);
         section.Row({{"KS", smirnov.D}, {"N_KS", smirnov.NValue}, {"P_KS", smirnov.P}, ")"});
     });
     row([&] {
-        const stats::MannWhitneyResult whitney = stats::MannWhitney(run.SortedX(), run.SortedY());
+        const stats::MannWhitneyResult whitney = stats::MannWhitney(run.SortedX(), run.SortedY(), run.stop);
         section.Row({{"WD", whitney.WD}, {"Z_WD", whitney.Z}, {"OneSidedP_WD", whitney.OneSidedP}, ")"});
     });
     WriteRankColumns(run.dataset.cells, spearman);

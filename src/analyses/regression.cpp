@@ -96,12 +96,12 @@ bool FitRegression(RunState& run) {
     const AnalysisOptions& options = run.Options();
     const auto& [X, SDX, Y, SDY, rows, differ] = run.arrays;
     if (options.LSM) {
-        TakeLine(run, stats::FitLine(X, Y));
-        run.family = stats::FitLineFamily(X, Y);
+        TakeLine(run, stats::FitLine(X, Y, run.stop));
+        run.family = stats::FitLineFamily(X, Y, run.stop);
     } else if (options.WLSM) {
-        TakeLine(run, stats::FitLineXYErrors(X, Y, SDX, SDY, 1e-30));
+        TakeLine(run, stats::FitLineXYErrors(X, Y, SDX, SDY, 1e-30, run.stop));
     } else if (options.ROBUSTR) {
-        const stats::MedianFit line = stats::FitMedian(X, Y);
+        const stats::MedianFit line = stats::FitMedian(X, Y, run.stop);
         run.a = line.a;
         run.b = line.b;
         run.AbsDev = line.AbsDev;
@@ -110,12 +110,12 @@ bool FitRegression(RunState& run) {
         return false;
     }
 
-    run.pairs = stats::PairStatistics(X, Y);
-    run.residuals =
-        stats::ResidualStatistics(run.a, run.b, X, Y, run.pairs.VarX, run.pairs.MeanX, run.pairs.MeanY);
-    run.resistant = stats::ResistantRSquared(Y, run.pairs.MeanY, run.residuals.Fitted);
-    run.errors = stats::DiverseStatistics(X, Y, run.pairs.MeanX, run.pairs.MeanY);
-    run.pearson = stats::PearsonCorrelation(X, Y);
+    run.pairs = stats::PairStatistics(X, Y, run.stop);
+    run.residuals = stats::ResidualStatistics(run.a, run.b, X, Y, run.pairs.VarX, run.pairs.MeanX,
+                                              run.pairs.MeanY, run.stop);
+    run.resistant = stats::ResistantRSquared(Y, run.pairs.MeanY, run.residuals.Fitted, run.stop);
+    run.errors = stats::DiverseStatistics(X, Y, run.pairs.MeanX, run.pairs.MeanY, run.stop);
+    run.pearson = stats::PearsonCorrelation(X, Y, run.stop);
     run.session.MeanY = run.pairs.MeanY;
     return true;
 }

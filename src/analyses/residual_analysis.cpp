@@ -87,7 +87,7 @@ void WriteNormality(RunState& run, ReportSection& section) {
     section.Heading("Empirical Distribution Function for Normality", '=');
     const auto test = [&](const char* heading, const std::vector<double>& sample, const char* prefix) {
         section.Text(heading);
-        run.Statement([&] { NormalityTest(section, sample, prefix); });
+        run.Statement([&] { NormalityTest(section, sample, prefix, run.stop); });
         section.Blank();
         section.Blank();
     };
@@ -103,9 +103,7 @@ void WriteEnvelope(RunState& run, ReportSection& section, const ResidualTable& t
     const auto percent = [&](double count) { return count * 100 / run.N(); };
     section.Heading("Deviation Envelope");
     section.Row({{"DeviationLower", lower}, {"DeviationUpper", upper}, "]"});
-    run.Statement([&] {
-        section.Row({{"DeviationPercentOfMeanY", Percent(-lower, run.pairs.MeanY)}, "%"});
-    });
+    run.Statement([&] { section.Row({{"DeviationPercentOfMeanY", Percent(-lower, run.pairs.MeanY)}, "%"}); });
     run.Statement([&] { section.Row({{"Confidence", run.session.DeviationCIProb * 100}}); });
     section.Row({{"Above", above}, {"AbovePercent", percent(above)}, "%)"});
     section.Row({{"Below", below}, {"BelowPercent", percent(below)}, "%)"});

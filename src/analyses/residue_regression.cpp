@@ -27,8 +27,8 @@ Report& ResidualReport(RunState& run) {
 void Write(RunState& run) {
     const std::vector<double>&fitted = run.residuals.Fitted, &residue = run.residuals.Residue;
     ReportSection& section = ResidualReport(run).BeginSection(ResidueRegressionSection.frame);
-    const stats::LineFit line = stats::FitLine(fitted, residue);
-    const double RSquared = stats::PearsonCorrelation(fitted, residue).RSquared;
+    const stats::LineFit line = stats::FitLine(fitted, residue, run.stop);
+    const double RSquared = stats::PearsonCorrelation(fitted, residue, run.stop).RSquared;
 
     section.Text("Regression of: Residue = a + b×'Regression-Predicted'");
     section.Row({{"a", line.a}, {"SDa", line.SDa}});

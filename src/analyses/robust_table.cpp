@@ -22,8 +22,12 @@ void Write(RunState& run) {
                      "are !!");
     }
     const std::vector<double>&X = run.SortedX(), &Y = run.SortedY();
-    run.Statement([&] { section.Row({{"SnX", stats::RobustSn(X)}, {"SnY", stats::RobustSn(Y)}}); });
-    run.Statement([&] { section.Row({{"QnX", stats::RobustQn(X)}, {"QnY", stats::RobustQn(Y)}}); });
+    run.Statement([&] {
+        section.Row({{"SnX", stats::RobustSn(X, run.stop)}, {"SnY", stats::RobustSn(Y, run.stop)}});
+    });
+    run.Statement([&] {
+        section.Row({{"QnX", stats::RobustQn(X, run.stop)}, {"QnY", stats::RobustQn(Y, run.stop)}});
+    });
 }
 
 } // namespace

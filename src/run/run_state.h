@@ -82,8 +82,8 @@ struct RunState {
     bool Comments() const { return IsSet(dataset.options.ADD_COMMENT); }
 
     /// X and Y in ascending order, sorted once, for the routines to which pairs mean nothing.
-    const std::vector<double>& SortedX() { return Sorted(sortedX, arrays.X); }
-    const std::vector<double>& SortedY() { return Sorted(sortedY, arrays.Y); }
+    const std::vector<double>& SortedX() { return Sorted(sortedX, arrays.X, stop); }
+    const std::vector<double>& SortedY() { return Sorted(sortedY, arrays.Y, stop); }
 
     /// One of the run's own arrays, for a table or a plot.
     SharedColumn Share(const std::vector<double>& array) const { return SharedColumn(columns, &array); }
@@ -118,9 +118,10 @@ struct RunState {
     std::vector<double> sortedX{}, sortedY{}; ///< Empty until they are asked for.
 
 private:
-    static const std::vector<double>& Sorted(std::vector<double>& sorted, const std::vector<double>& sample) {
+    static const std::vector<double>& Sorted(std::vector<double>& sorted, const std::vector<double>& sample,
+                                             const std::stop_token& stop) {
         if (sorted.empty())
-            sorted = stats::SortedFinite(sample);
+            sorted = stats::SortedFinite(sample, stop);
         return sorted;
     }
 };

@@ -3,6 +3,8 @@
 #include <array>
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Measures of the error of prediction D = Y - X, X predicted, Y observed.
@@ -40,10 +42,10 @@ struct SquaredError {
 /// the lowest double); with a zero numerator as well the measure is 0. No pair with Y != 0: MAPE = 0. N = 0:
 /// all 0.
 ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
-                                double MeanY);
+                                double MeanY, const std::stop_token& stop = {});
 
 /// The mean squared error and its variance alone, from the differences D, with the digits that
 /// DiverseStatistics gives them. N = 0: both 0.
-SquaredError MeanSquaredError(std::span<const double> difference);
+SquaredError MeanSquaredError(std::span<const double> difference, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -1,5 +1,6 @@
 #include "stats/harlow.h"
 
+#include "stats/cancellation.h"
 #include "stats/checked.h"
 #include "stats/contingency.h"
 #include "stats/distributions.h"
@@ -48,10 +49,11 @@ std::optional<Cell> CellAbout(const CrossedLines& lines, double x, double y) {
 }
 
 bool CountPairs(std::span<const double> X, std::span<const double> Y, double MeanX, double MeanY,
-                const CrossedLines& lines, bool perpendicular, AllocationTable& A, AllocationTable& B) {
+                const CrossedLines& lines, bool perpendicular, AllocationTable& A, AllocationTable& B,
+                const std::stop_token& stop) {
     A = {};
     B = {};
-    for (std::size_t i = 0; i < X.size(); ++i) {
+    for (std::size_t i : Indices(X.size(), stop)) {
         const double d = Y[i] - X[i];
         if (!std::isfinite(d))
             return false;
@@ -95,14 +97,14 @@ void TestOdds(Allocation& allocation) {
 } // namespace
 
 bool STAT_Harlow(std::span<const double> X, std::span<const double> Y, double a, double b, Allocation& A,
-                 Allocation& B, double p, bool& perpendicular) {
-    const double MeanX = MeanVariance(X).Mean;
-    const double MeanY = MeanVariance(Y).Mean;
+                 Allocation& B, double p, bool& perpendicular, const std::stop_token& stop) {
+    const double MeanX = MeanVariance(X, stop).Mean;
+    const double MeanY = MeanVariance(Y, stop).Mean;
     if (b == 0)
         perpendicular = false;
     // Computed in both modes: a slope so small that m overflows ends the means' allocation, too.
     const auto lines = Cross(a, b, MeanX, MeanY);
-    if (!lines || !CountPairs(X, Y, MeanX, MeanY, *lines, perpendicular, A.cells, B.cells))
+    if (!lines || !CountPairs(X, Y, MeanX, MeanY, *lines, perpendicular, A.cells, B.cells, stop))
         return false;
     TestCells(A, p);
     TestCells(B, p);

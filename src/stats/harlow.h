@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <stop_token>
 
 namespace corvane::stats {
 
@@ -37,6 +38,7 @@ struct Allocation {
 /// False where a number leaves the range of a double: what was written before it stays, what would have come
 /// later keeps its old value.
 [[nodiscard]] bool STAT_Harlow(std::span<const double> X, std::span<const double> Y, double a, double b,
-                               Allocation& A, Allocation& B, double p, bool& perpendicular);
+                               Allocation& A, Allocation& B, double p, bool& perpendicular,
+                               const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -17,9 +17,9 @@ double Uniform(std::mt19937_64& generator) {
 }
 
 /// Counts elements and looks at the stop token before they are too many.
-class Looks {
+class Draws {
 public:
-    Looks(const std::stop_token& token, const std::function<void(double)>& listener)
+    Draws(const std::stop_token& token, const std::function<void(double)>& listener)
         : stop(token), share(listener) {}
 
     /// How many elements may follow until the next look.
@@ -49,25 +49,25 @@ MsepSeries BootstrapMSEP(std::int32_t subSamples, double percentage, std::span<c
                          const std::function<void(double)>& share) {
     const std::size_t size = differences.size();
     std::mt19937_64 generator(seed);
-    Looks looks(stop, share);
+    Draws draws(stop, share);
     std::vector<double> kept(size), msep, variances;
     for (std::int32_t round = 0; round < subSamples; ++round) {
         std::size_t count = 0;
         for (std::size_t begin = 0; begin < size;) {
-            const auto stretch = differences.subspan(begin, std::min(looks.Left(), size - begin));
+            const auto stretch = differences.subspan(begin, std::min(draws.Left(), size - begin));
             for (const double difference : stretch) {
                 kept[count] = difference; // stays only if the count moves on: no branch to guess wrong
                 count += Uniform(generator) * 100 <= percentage ? 1 : 0;
             }
             begin += stretch.size();
             const double part = static_cast<double>(begin) / static_cast<double>(size);
-            looks.Handled(stretch.size(), (round + part) / subSamples);
+            draws.Handled(stretch.size(), (round + part) / subSamples);
         }
-        const SquaredError error = MeanSquaredError({kept.data(), count});
+        const SquaredError error = MeanSquaredError({kept.data(), count}, stop);
         msep.push_back(error.MSEP);
         variances.push_back(error.VarMSEP);
     }
-    return {MeanVariance(msep), MeanVariance(variances)};
+    return {MeanVariance(msep, stop), MeanVariance(variances, stop)};
 }
 
 } // namespace corvane::stats

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <stop_token>
 
 namespace corvane::stats {
 
@@ -21,7 +22,8 @@ struct RatioLimits {
 
 /// The ratio of each pair, 0 where Y = 0, described as by MomentStatistics. Nothing where a ratio has no
 /// finite value.
-std::optional<RatioStatistics> RatioMoments(std::span<const double> x, std::span<const double> y);
+std::optional<RatioStatistics> RatioMoments(std::span<const double> x, std::span<const double> y,
+                                            const std::stop_token& stop = {});
 
 /// The two-sided P of H0: the mean ratio is this one, t = (Mean - ratio) / (SD / sqrt N). It has N - 2
 /// degrees of freedom although this is a test of one sample: a convention of this analysis. Nothing where t
