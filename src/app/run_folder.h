@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,5 +17,26 @@ bool IsRunName(std::string_view name);
 /// The files in a folder with a name of saved windows and charts, in alphabetical order; none where the
 /// folder cannot be read.
 std::vector<std::string> SavedNames(const std::string& folder);
+
+/// The files of an earlier run in a folder, separated by ", ": those with a name of saved windows and charts
+/// that are not among the written ones.
+std::string OldFiles(const std::string& folder, const std::vector<std::string>& written);
+
+/// The folder that a run saves into, made with those above it before the run. Those that were not there
+/// before go again, as far as they are empty, unless they are kept.
+class OutputFolder {
+public:
+    OutputFolder() = default;
+    ~OutputFolder();
+    OutputFolder(const OutputFolder&) = delete;
+    OutputFolder& operator=(const OutputFolder&) = delete;
+
+    /// Why it cannot be made, naming it, or "".
+    std::string Make(const std::string& folder);
+    void Keep() { made.clear(); }
+
+private:
+    std::vector<std::filesystem::path> made; ///< The innermost last.
+};
 
 } // namespace corvane

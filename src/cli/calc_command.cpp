@@ -2,14 +2,15 @@
 
 #include "app/calculation.h"
 #include "app/json_report.h"
+#include "app/run_folder.h"
 #include "app/saved_windows.h"
 #include "app/shown_progress.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
-#include "cli/output_guard.h"
 #include "cli/report_clock.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
+#include "platform/native/interruption.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
 #include "plots/create_chart.h"
@@ -69,8 +70,7 @@ ExitCode Evaluate(const CalcRequest& request) {
         return Fail(WrongEpochMessage);
 
     std::vector<std::string> messages;
-    if (const std::string fault = OpenDataset(request.data, dataset, session, files, &messages);
-        !fault.empty())
+    if (const std::string fault = OpenData(request.data, dataset, session, files, &messages); !fault.empty())
         return Fail(fault);
     OutputGuard guard;
     guard.Read(request.data, "the dataset");
@@ -87,18 +87,26 @@ ExitCode Evaluate(const CalcRequest& request) {
     ClockSeeds clockSeeds;
     FixedSeed userSeed(request.seed.value_or(0));
     Random& random = request.seed ? static_cast<Random&>(userSeed) : clockSeeds;
+    // Signals ask for a stop until what the run has on the disk is whole or gone. Painting forks, so that
+    // they must end the program again by then.
+    std::optional<Interruption> interruption(std::in_place);
+    OutputFolder folder;
     if (!request.outFolder.empty()) { // before the run, since a residue file goes there
-        if (const std::string fault = MakeFolder(request.outFolder); !fault.empty())
+        if (const std::string fault = folder.Make(request.outFolder); !fault.empty())
             return Fail(fault);
     }
     Calculation calculation(dataset, session, *clock, random, files, request.outFolder);
     ShownProgress progress(feedback, dialogs);
-    RunResult result = calculation.Run(progress);
+    RunResult result = calculation.Run(progress, interruption->Token());
     feedback.HideProgress();
+    if (Interruption::Requested())
+        return ExitInterrupted;
+    folder.Keep();
     ApplyChanges(result.changes, dataset, session);
     if (result.end != RunEnd::Finished)
         return FailedRun(result, request.data);
     calculation.SaveResidueFile(result);
+    interruption.reset();
     for (const std::string& warning : result.warnings)
         dialogs.Warn(request.data, warning);
     if (request.outFolder.empty() && request.jsonFile.empty())

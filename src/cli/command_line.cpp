@@ -110,15 +110,20 @@ void AddCompare(CLI::App& program, CompareRequest& request) {
             return LeadingNumber(text) >= 1 ? std::string() : "a position is 1 or more, not '" + text + "'";
         })
         ->transform(WholeNumber<std::size_t>());
-    compare->add_option("--long", request.longDigits, "Width of the wide columns, 10 to 20; at first 12")
+    compare
+        ->add_option("--long", request.settings.longDigits,
+                     "Width of the wide columns, 10 to 20; at first 12")
         ->type_name("N")
         ->transform(WholeNumber<int>());
-    compare->add_option("--short", request.shortDigits, "Width of the narrow columns, 6 or more; at first 9")
+    compare
+        ->add_option("--short", request.settings.shortDigits,
+                     "Width of the narrow columns, 6 or more; at first 9")
         ->type_name("N")
         ->transform(WholeNumber<int>());
     compare
         ->add_option_function<std::string>(
-            "--decimals", [&request](const std::string& text) { request.decimals = ReadDecimals(text); },
+            "--decimals",
+            [&request](const std::string& text) { request.settings.decimals = ReadDecimals(text); },
             "Decimals of statistics, probabilities and correlations; at first 4,3,2")
         ->type_name("S,P,C")
         ->check([](const std::string& text) {
@@ -298,7 +303,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
         "analysis, /P prints the results, /S saves them, /O shows them, /L<folder> is where they are saved,\n"
         "/X quits.  Example: corvane /Fd.KOV /S /Lout /X\n\n"
         "Example: corvane calc examples/mtcars.KOV --set OLS_SLS=1\n"
-        "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage.");
+        "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage,\n"
+        "130 interrupted.");
     std::string file;
     program.add_option("FILE", file, "A dataset to open in the window");
     CalcRequest calc;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/output_guard.h"
 #include "cli/exit_codes.h"
 #include "core/dataset.h"
 #include "core/session_state.h"
@@ -39,10 +40,10 @@ ExitCode Fail(const std::string& what);
 /// Writes "corvane: warning: " and the text on standard error.
 void Warn(const std::string& what);
 
-/// Loads a dataset file, or a table (.csv), of which standard error tells what was taken from where; the
+/// Opens a dataset file, or a table (.csv), of which standard error tells what was taken from where; the
 /// lines also go to `messages`. Returns why it cannot serve, or "".
-std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
-                        std::vector<std::string>* messages = nullptr);
+std::string OpenData(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
+                     std::vector<std::string>* messages = nullptr);
 
 /// Applies "KEY=VALUE" texts from left to right. Returns the first fault, or "".
 std::string ApplyAssignments(const std::vector<std::string>& assignments, Dataset& dataset,
@@ -62,6 +63,9 @@ ExitCode WithinMemory(const std::string& file, Work&& work) {
 /// message.
 FileResult WriteOutputFile(const std::string& path, const std::string& bytes, bool force, FileStore& files);
 
+/// Says what became of the file of -o.
+ExitCode EndOfSaving(const std::string& path, const FileResult& saved);
+
 /// What is said of a file of -o that is there already.
 std::string ExistsMessage(const std::string& path);
 
@@ -69,8 +73,8 @@ std::string ExistsMessage(const std::string& path);
 /// one's and were not written.
 void TellOldFiles(const std::string& folder, const std::vector<std::string>& written);
 
-/// Makes the folder of --out, and those above it. Returns why it cannot be made, or "".
-std::string MakeFolder(const std::string& folder);
+/// Claims the outputs of --out and --json, each "" if it is not given. Why they cannot be had, or "".
+std::string ClaimOutputs(const std::string& outFolder, const std::string& jsonFile, OutputGuard& guard);
 
 /// Writes the JSON, if there is one, to its file, and the report to standard output, where the JSON takes its
 /// place if its file is "-".

@@ -3,7 +3,6 @@
 #include "analyses/rank_analysis.h"
 #include "cli/chart_files.h"
 #include "cli/command_support.h"
-#include "cli/output_guard.h"
 #include "cli/report_clock.h"
 #include "platform/native/native_file_store.h"
 #include "plots/chart_operations.h"
@@ -80,7 +79,7 @@ ExitCode Plot(const PlotCommandRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
-    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+    if (const std::string fault = OpenData(request.data, dataset, session, files); !fault.empty())
         return Fail(fault);
     if (const std::string fault = ApplyAssignments(request.assignments, dataset, session); !fault.empty())
         return Fail(fault);

@@ -83,6 +83,20 @@ TEST_F(OutputFiles, TheProgramCleansUpAtSignals) {
     EXPECT_EQ(ran.out, std::to_string(0x4001) + "\n143\n") << ran.err;
 }
 
+TEST_F(OutputFiles, AnInterruptedRunEndsWith130AndLeavesNothing) {
+    // The run has begun once its residue file is reserved; the comparison, once it opens its first file.
+    Run("$corvane generate --method frank -n 300000 --mean-x 9 --mean-y 9 --var-x 1 --var-y 1 -r 0.5 --seed "
+        "1 "
+        "-o d.KOV; mkfifo in.KOV");
+    const Ran calc = Run("$corvane calc d.KOV --all --set SAVE_RESIDUE_TEXT=1 --out a/o --json j.json >out & "
+                         "until [ -e a/o/Residue0000.TXT ]; do sleep 0.01; done; "
+                         "kill $!; wait $!; echo $?; cat out; ls -d a j.json 2>/dev/null");
+    EXPECT_EQ(calc.out + calc.err, "130\n");
+    const Ran compare = Run("$corvane compare in.KOV d.KOV --out b --json k.json >out & exec 3>in.KOV; "
+                            "kill $!; exec 3>&-; wait $!; echo $?; cat out; ls -d b k.json 2>/dev/null");
+    EXPECT_EQ(compare.out + compare.err, "130\n");
+}
+
 TEST_F(OutputFiles, AResidueFileThatIsNotSavedFailsTheRunButNotTheReport) {
     // The listing of 600 rows passes the limit of 50 kB; the other files do not.
     const Ran ran =

@@ -1,7 +1,6 @@
-#include "cli/output_guard.h"
+#include "app/output_guard.h"
 
 #include "app/run_folder.h"
-#include "cli/command_support.h"
 
 #include <filesystem>
 #include <initializer_list>
@@ -50,37 +49,30 @@ void OutputGuard::Read(const std::string& path, const std::string& what) {
     known.push_back({path, what});
 }
 
-std::string OutputGuard::ClaimFolder(const std::string& folder) {
+std::string OutputGuard::ClaimFolder(const std::string& asker, const std::string& folder) {
     runFolder = folder;
+    folderAsker = asker;
     for (const std::string& name : SavedNames(folder))
         for (const Known& file : known) {
             std::error_code error;
             const fs::path path = fs::path(folder) / name;
             if (ResolvedEntry(path) == ResolvedEntry(file.path) ||
                 (!fs::is_symlink(path, error) && SameFile(path, file.path)))
-                return Joined({"--out ", folder, ": ", name, " would replace ", file.what});
+                return Joined({asker, " ", folder, ": ", name, " would replace ", file.what});
         }
     return {};
 }
 
-std::string OutputGuard::Claim(const std::string& option, const std::string& path) {
+std::string OutputGuard::Claim(const std::string& asker, const std::string& path) {
     for (const Known& file : known)
         if (SameFile(path, file.path) || ResolvedEntry(path) == ResolvedEntry(file.path))
-            return Joined({option, " ", path, " would replace ", file.what});
+            return Joined({asker, " ", path, " would replace ", file.what});
     for (const fs::path& written : {Resolved(path), ResolvedEntry(path)})
         if (!runFolder.empty() && IsRunName(written.filename().string()) &&
             SameFile(written.parent_path(), runFolder))
-            return Joined({option, " ", path, " would replace a file of --out ", runFolder});
-    known.push_back({path, "the file of " + option + " " + path});
+            return Joined({asker, " ", path, " would replace a file of ", folderAsker, " ", runFolder});
+    known.push_back({path, "the file of " + asker + " " + path});
     return {};
-}
-
-std::string ClaimOutputs(const std::string& outFolder, const std::string& jsonFile, OutputGuard& guard) {
-    if (!outFolder.empty())
-        if (std::string fault = guard.ClaimFolder(outFolder); !fault.empty())
-            return fault;
-    const bool toFile = !jsonFile.empty() && jsonFile != StandardOutput;
-    return toFile ? guard.Claim("--json", jsonFile) : "";
 }
 
 } // namespace corvane
