@@ -4,7 +4,6 @@
 #include "evaluation/calculate.h"
 #include "fuzzing.h"
 #include "plots/axis_scale.h"
-#include "plots/create_chart.h"
 #include "support/fakes.h"
 
 #include <algorithm>
@@ -95,11 +94,12 @@ void RequireReason(const RunResult& result, const Dataset& dataset,
     }
 }
 
-void RequireChart(const ChartRequest& request) {
-    const ChartModel chart = CreateChart(request);
+void RequireChart(const ChartModel& chart) {
     for (const ChartSeries& series : chart.series) {
         Require(series.y != nullptr, "a series has values", chart.title);
         Require(!series.x || series.x->size() == series.y->size(), "every x has its y", chart.title);
+        Require(!series.rows || series.rows->size() == series.y->size(), "every point has its row",
+                chart.title);
         for (const auto& [place, text] : series.labels)
             Require(place < series.y->size(), "a label stands at a point", chart.title);
     }
@@ -121,8 +121,8 @@ void RequireReport(const Dataset& dataset, const SessionState& session, const Ru
     fuzzing::RequireFinite(result.report);
     for (const RunWindow& window : result.windows)
         fuzzing::RequireFinite(window.content);
-    for (const ChartRequest& request : result.plots)
-        RequireChart(request);
+    for (const ChartModel& chart : result.plots)
+        RequireChart(chart);
     for (const std::string& warning : result.warnings)
         Require(!warning.empty(), "a warning has words");
     for (const double limit :

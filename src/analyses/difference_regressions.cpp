@@ -1,7 +1,7 @@
 #include "analyses/difference_regressions.h"
 
 #include "analyses/regression.h"
-#include "plots/point_plot.h"
+#include "analyses/run_plot.h"
 #include "stats/distributions.h"
 #include "stats/intercept_slope_test.h"
 #include "stats/sums.h"
@@ -96,9 +96,8 @@ void WriteKleijnen(RunState& run) {
     WriteCoefficients(run, section);
     section.Row({{"F", *jointF}, {"P_F", PF}, ")"});
     WriteVerdict(run, section, PF);
-    run.plots.emplace_back(PointPlot({"Kleijnen Analysis", "Summation", "Difference"},
-                                     ShareColumn(std::move(sums)), ShareColumn(std::move(differences)),
-                                     run.session));
+    OpenPlot(run, ChartKind::Kleijnen, {"Kleijnen Analysis", "Summation", "Difference"},
+             ShareColumn(std::move(sums)), ShareColumn(std::move(differences)));
 }
 
 void WriteBlandAltman(RunState& run) {
@@ -113,9 +112,8 @@ void WriteBlandAltman(RunState& run) {
     ReportSection& section = run.report.BeginSection(BlandAltmanSection.frame);
     section.Text("Equation: (X-Y) = ß0 + ß1×(Avg(Y and X))" + std::string(24, ' '));
     WriteCoefficients(run, section);
-    run.plots.emplace_back(PointPlot({"Bland and Altman Analysis", "Average", "Difference"},
-                                     ShareColumn(std::move(averages)), ShareColumn(std::move(differences)),
-                                     run.session));
+    OpenPlot(run, ChartKind::BlandAltman, {"Bland and Altman Analysis", "Average", "Difference"},
+             ShareColumn(std::move(averages)), ShareColumn(std::move(differences)));
 }
 
 } // namespace

@@ -15,8 +15,7 @@ constexpr Place places[] = {
 };
 
 void WriteShapiroWilk(RunState& run, ReportSection& section, const std::string& name,
-                      const std::vector<double>& sample) {
-    const stats::ShapiroWilkResult test = stats::ShapiroWilk(sample, run.stop);
+                      const stats::ShapiroWilkResult& test) {
     run.Statement([&] {
         section.Row({"SW's W-value for normality for " + name + " (P-value < W) : ",
                      {"W_*", test.W, name},
@@ -33,8 +32,8 @@ void Write(RunState& run) {
                      "which small values lead !!");
         section.Note("!!  to the rejection of the null hypothesis of normality !!");
     }
-    WriteShapiroWilk(run, section, "X", X);
-    WriteShapiroWilk(run, section, "Y", Y);
+    WriteShapiroWilk(run, section, "X", run.NormalityX());
+    WriteShapiroWilk(run, section, "Y", run.NormalityY());
     section.Blank();
     section.Heading("Empirical Distribution Function for Normality", '=');
     section.Text("Predicted values (X):");

@@ -1,6 +1,6 @@
 #include "analyses/weighed_deviance.h"
 
-#include "plots/point_plot.h"
+#include "analyses/run_plot.h"
 
 namespace corvane {
 namespace {
@@ -22,8 +22,8 @@ void Write(RunState& run) {
     section.List({{{"X", X}, {"Y", run.Share(run.arrays.Y)}, {"WtDev", WtDev}}, run.arrays.Count()});
     section.Rule(ruleLength);
     // The X axis is named after the observed values although the predicted ones are on it.
-    run.plots.emplace_back(
-        PointPlot({"Weighed Deviance vs Model-Predicted", "Observed", "Deviation"}, X, WtDev, run.session));
+    OpenPlot(run, ChartKind::WeighedDeviance,
+             {"Weighed Deviance vs Model-Predicted", "Observed", "Deviation"}, X, WtDev);
 }
 
 } // namespace

@@ -100,7 +100,7 @@ public:
 
     const std::list<ResultsWindow>& Windows() const { return windows; }
     /// The plots that runs asked for, oldest first.
-    const std::vector<ChartRequest>& Plots() const { return plots; }
+    const std::vector<ChartModel>& Plots() const { return plots; }
     const Dataset& CurrentDataset() const { return document.Data(); }
     /// What switch lines could not save, each with its reason, oldest first. It is for standard error and
     /// never for a box.
@@ -118,7 +118,7 @@ private:
     BatchState batch;
     int runs = 0;
     std::list<ResultsWindow> windows;
-    std::vector<ChartRequest> plots;
+    std::vector<ChartModel> plots;
     std::vector<std::string> notSaved;
     ComparisonList comparison;
 };

@@ -1,11 +1,12 @@
 #include "cli/calc_command.h"
 
 #include "app/calculation.h"
+#include "app/chart_files.h"
 #include "app/json_report.h"
 #include "app/run_folder.h"
 #include "app/saved_windows.h"
 #include "app/shown_progress.h"
-#include "cli/chart_files.h"
+#include "cli/built_painter.h"
 #include "cli/command_support.h"
 #include "cli/report_clock.h"
 #include "core/option_changes.h"
@@ -13,9 +14,7 @@
 #include "platform/native/interruption.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
-#include "plots/create_chart.h"
 
-#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -33,17 +32,13 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
 
 /// Every chart that the run opened; those that cannot be painted are named.
 ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files,
-                   std::vector<std::string>& written) try {
-    if (!result.plots.empty() && !HasCharts()) {
-        Fail(std::to_string(result.plots.size()) + " charts are not saved: this corvane was built without");
-        return ExitDone;
-    }
-    std::vector<ChartModel> charts;
-    for (const ChartRequest& request : result.plots)
-        charts.push_back(CreateChart(request));
-    return SaveCharts(charts, folder, files, written) ? ExitDone : ExitFailed;
-} catch (const std::bad_alloc&) {
-    return Fail("there is not enough memory for the charts");
+                   std::vector<std::string>& written) {
+    const SavedCharts saved = SaveCharts(result.plots, folder, BuiltPainter().get(), files, written);
+    for (const std::string& warning : saved.warnings)
+        Warn(warning);
+    for (const std::string& message : saved.messages)
+        Fail(message);
+    return saved.all ? ExitDone : ExitFailed;
 }
 
 /// Saves what --out asks for and says what else is there.

@@ -1,7 +1,7 @@
 #include "cli/command_line.h"
 
+#include "cli/built_painter.h"
 #include "cli/calc_command.h"
-#include "cli/chart_files.h"
 #include "cli/command_support.h"
 #include "cli/compare_command.h"
 #include "cli/generate_command.h"
@@ -148,8 +148,9 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
         ->type_name("FILE")
         ->required()
         ->check([](const std::string& path) {
-            return IsPictureName(path) ? std::string()
-                                       : "'" + path + "' does not end in .svg, .png, .pdf or .bmp";
+            return !BuiltPainter() || ChartFormatOf(path)
+                       ? std::string()
+                       : "'" + path + "' does not end in .svg, .png, .pdf or .bmp";
         });
     plot->add_flag("--force", request.force, "Replace the picture if it exists");
     plot->add_option("--log", request.logAxes, "Logarithmic axes: x, y or xy")

@@ -35,7 +35,7 @@ struct RunResult {
     int rows = 0;    ///< The number of analysed rows.
     Report report{}; ///< Complete at RunEnd::Finished, otherwise empty, as are the windows and plots.
     std::list<RunWindow> windows{};
-    std::vector<ChartRequest> plots{};
+    std::vector<ChartModel> plots{};
     std::string residueText{}; ///< What belongs into the reserved residue file; empty: it is not wanted.
     std::vector<std::string> messages{}; ///< What was told while the run went on, in order.
     std::vector<std::string> warnings{}; ///< What the user should know and the report does not say.

@@ -3,7 +3,7 @@
 #include "core/evaluation_arrays.h"
 #include "core/format/failure.h"
 #include "platform/progress.h"
-#include "plots/plot_request.h"
+#include "plots/chart_model.h"
 #include "report/report.h"
 #include "run/snapshot.h"
 #include "stats/correlation.h"
@@ -12,6 +12,7 @@
 #include "stats/line_family.h"
 #include "stats/line_fits.h"
 #include "stats/median_fit.h"
+#include "stats/normality.h"
 #include "stats/order.h"
 #include "stats/pair_statistics.h"
 #include "stats/residual_statistics.h"
@@ -19,6 +20,7 @@
 #include <cstdint>
 #include <list>
 #include <memory>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -52,7 +54,7 @@ struct RunState {
     Report report{};
     std::vector<ReportLine> header{}; ///< The first lines of the report, which its windows may repeat.
     std::list<RunWindow> windows{};
-    std::vector<ChartRequest> plots{};     ///< In the order in which they open.
+    std::vector<ChartModel> plots{};       ///< In the order in which they open.
     std::string residueText{};             ///< What the residue file shall hold; empty: it is not wanted.
     std::vector<std::string> messages{};   ///< What was told while the run went on.
     std::vector<std::string> warnings{};   ///< What the user should know and the report does not say.
@@ -85,8 +87,15 @@ struct RunState {
     const std::vector<double>& SortedX() { return Sorted(sortedX, arrays.X, stop); }
     const std::vector<double>& SortedY() { return Sorted(sortedY, arrays.Y, stop); }
 
+    /// The tests of X and Y, done once for a section and a histogram.
+    const stats::ShapiroWilkResult& NormalityX() { return Tested(normalityX, SortedX()); }
+    const stats::ShapiroWilkResult& NormalityY() { return Tested(normalityY, SortedY()); }
+
     /// One of the run's own arrays, for a table or a plot.
     SharedColumn Share(const std::vector<double>& array) const { return SharedColumn(columns, &array); }
+
+    /// The dataset row of each pair.
+    SharedRows ShareRows() const { return SharedRows(columns, &arrays.rows); }
 
     /// Runs one statement; a failure in it is filed with the section that runs.
     template<class Work>
@@ -116,6 +125,7 @@ struct RunState {
     }
 
     std::vector<double> sortedX{}, sortedY{}; ///< Empty until they are asked for.
+    std::optional<stats::ShapiroWilkResult> normalityX{}, normalityY{};
 
 private:
     static const std::vector<double>& Sorted(std::vector<double>& sorted, const std::vector<double>& sample,
@@ -123,6 +133,12 @@ private:
         if (sorted.empty())
             sorted = stats::SortedFinite(sample, stop);
         return sorted;
+    }
+    static const stats::ShapiroWilkResult& Tested(std::optional<stats::ShapiroWilkResult>& test,
+                                                  const std::vector<double>& sorted) {
+        if (!test)
+            test = stats::ShapiroWilk(sorted);
+        return *test;
     }
 };
 

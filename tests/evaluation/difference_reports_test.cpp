@@ -1,4 +1,5 @@
 #include "evaluation/report_of.h"
+#include "plots/chart_operations.h"
 
 namespace corvane {
 namespace {
@@ -80,24 +81,29 @@ TEST(DifferenceReports, WithoutSpreadThereIsNoEvidence) {
 TEST(DifferenceReports, EachRegressionAsksForItsPlot) {
     const RunResult result = RunOfExample("mtcars.KOV", ours);
     ASSERT_EQ(result.plots.size(), 2U);
-    const std::vector<PlotRequest> plots = testing::XYPlots(result);
-    const PlotRequest &kleijnen = plots.front(), &altman = plots.back();
-    EXPECT_EQ(kleijnen.Title + "|" + kleijnen.XAxisTitle, "Kleijnen Analysis|Summation");
-    EXPECT_EQ(altman.Title + "|" + altman.XAxisTitle, "Bland and Altman Analysis|Average");
+    const ChartModel &kleijnen = result.plots.front(), &altman = result.plots.back();
+    EXPECT_EQ(NameOf(kleijnen.kind), "kleijnen");
+    EXPECT_EQ(NameOf(altman.kind), "bland_altman");
+    EXPECT_EQ(kleijnen.title + "|" + kleijnen.xAxis.title, "Kleijnen Analysis|Summation");
+    EXPECT_EQ(altman.title + "|" + altman.xAxis.title, "Bland and Altman Analysis|Average");
     // The third pair is 25.28 and 22.8; the average takes the first Y, 21, for every pair.
-    ASSERT_EQ(kleijnen.ChartData.size(), 3U);
-    EXPECT_EQ(kleijnen.ChartData[0]->at(2), 25.28 + 22.8);
-    EXPECT_EQ(altman.ChartData[0]->at(2), (25.28 + 21) / 2);
-    for (const PlotRequest& plot : plots) {
-        EXPECT_EQ(plot.ChartData[1], plot.ChartData[0]);
-        EXPECT_EQ(plot.ChartData[2]->at(2), 25.28 - 22.8);
-        EXPECT_EQ(plot.PointCount, 32);
-        EXPECT_FALSE(plot.SameScale);
-        EXPECT_EQ(plot.YAxisTitle + "|" + plot.Footnote + "|" + plot.LegendPosition + "|" + plot.WindowName,
-                  "Difference|n =  32|0|mtcars.KOV");
-        EXPECT_EQ(plot.TitleFont + plot.TitleSize + plot.FootnoteFont + plot.FootnoteSize +
-                      plot.AxisTitleFont + plot.AxisTitleSize + plot.AxisLabelFont + plot.AxisLabelSize,
-                  "Arial14Arial8Arial10Arial12");
+    EXPECT_EQ(kleijnen.series.at(0).x->at(2), 25.28 + 22.8);
+    EXPECT_EQ(altman.series.at(0).x->at(2), (25.28 + 21) / 2);
+    for (const ChartModel& plot : result.plots) {
+        const ChartSeries& points = plot.series.at(0);
+        EXPECT_EQ(points.y->at(2), 25.28 - 22.8);
+        EXPECT_EQ(points.y->size(), 32U);
+        EXPECT_EQ(RowOf(plot, {0, 31}), 32);
+        EXPECT_EQ(points.colour, (Colour{0, 0, 255}));
+        EXPECT_FALSE(plot.sharedScale || plot.legend);
+        EXPECT_EQ(plot.yAxis.title + "|" + plot.footnote + "|" + plot.windowCaption,
+                  "Difference|n =  32|Plot - mtcars.KOV");
+        EXPECT_EQ(
+            std::vector({plot.titleSize, plot.footnoteSize, plot.xAxis.titleSize, plot.yAxis.labelSize}),
+            (std::vector<double>{14, 8, 10, 12}));
+        for (const std::string& font :
+             {plot.titleFont, plot.footnoteFont, plot.xAxis.titleFont, plot.yAxis.labelFont})
+            EXPECT_EQ(font, "Arial");
     }
 }
 

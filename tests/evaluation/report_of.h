@@ -86,13 +86,4 @@ inline bool Has(const RunResult& run, const std::string& part) {
     return Has(run.report.Text(), part);
 }
 
-/// The XY plots that a run asked for, in their order.
-inline std::vector<PlotRequest> XYPlots(const RunResult& run) {
-    std::vector<PlotRequest> plots;
-    for (const ChartRequest& request : run.plots)
-        if (const auto* plot = std::get_if<PlotRequest>(&request))
-            plots.push_back(*plot);
-    return plots;
-}
-
 } // namespace corvane::testing

@@ -167,8 +167,9 @@ TEST_F(ResidualReports, PlotsComeLastEachAfterItsProgressText) {
     Put(wholeDeviations);
     const auto titles = [](const RunResult& run) {
         Strings names;
-        for (const PlotRequest& plot : XYPlots(run))
-            names.push_back(plot.Title + "|" + plot.XAxisTitle + "|" + plot.YAxisTitle + "|" + plot.Footnote);
+        for (const ChartModel& plot : run.plots)
+            names.push_back(std::string(NameOf(plot.kind)) + "|" + plot.title + "|" + plot.xAxis.title + "|" +
+                            plot.yAxis.title + "|" + plot.footnote);
         return names;
     };
     Set({{&Options::SHOW_RESIDUAL_PLOT, on},
@@ -178,23 +179,27 @@ TEST_F(ResidualReports, PlotsComeLastEachAfterItsProgressText) {
     const RunResult run = Evaluate();
     EXPECT_EQ(progress.stages, (Strings{"Regression...", "Residual analysis...", "Residue regression...",
                                         "Residual plot...", "Deviation plot...", "Normal plot..."}));
-    EXPECT_EQ(titles(run),
-              (Strings{"Studentized Residue vs Regression-Predicted|Regression-Predicted|Studentized Residue "
-                       "(× 120)|n =  6",
-                       "Deviation vs Observed|Observed|Deviation|n =  6",
-                       "Expected Normal Residue vs Residue|Residue|Normal Residue|n =  6",
-                       "Residue vs Regression-Predicted|Regression-Predicted|Residue|n =  6",
-                       "Deviation vs Model-Predicted|Model-Predicted|Deviation|n =  6"}));
-    const std::vector<PlotRequest> plots = XYPlots(run);
-    EXPECT_EQ(*plots[1].ChartData[0], (std::vector<double>{2, 1, 4, 3, 7, 4}));
-    EXPECT_EQ(*plots[1].ChartData[2], (std::vector<double>{1, -1, 1, -1, 2, -2}));
-    EXPECT_EQ(*plots[4].ChartData[0], (std::vector<double>{1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(
+        titles(run),
+        (Strings{
+            "residual|Studentized Residue vs Regression-Predicted|Regression-Predicted|Studentized Residue "
+            "(× 120)|n =  6",
+            "deviation|Deviation vs Observed|Observed|Deviation|n =  6",
+            "normal|Expected Normal Residue vs Residue|Residue|Normal Residue|n =  6",
+            "residue|Residue vs Regression-Predicted|Regression-Predicted|Residue|n =  6",
+            "deviation_model|Deviation vs Model-Predicted|Model-Predicted|Deviation|n =  6"}));
+    EXPECT_EQ(*run.plots[1].series.at(0).x, (std::vector<double>{2, 1, 4, 3, 7, 4}));
+    EXPECT_EQ(*run.plots[1].series.at(0).y, (std::vector<double>{1, -1, 1, -1, 2, -2}));
+    EXPECT_EQ(*run.plots[4].series.at(0).x, (std::vector<double>{1, 2, 3, 4, 5, 6}));
 
     Set({{&Options::RESIDUAL_ANALYSIS, off}});
     progress.stages.clear();
+    dataset.cells.Set(ColumnExclude, 2, std::string_view("y"));
     const RunResult plotsOnly = Evaluate();
     EXPECT_EQ(progress.stages, (Strings{"Regression..."}));
     EXPECT_EQ(titles(plotsOnly).size(), 2U); // of the residues and the deviations
+    for (const ChartModel& plot : plotsOnly.plots)
+        EXPECT_EQ(*plot.series.at(0).rows, (std::vector<std::int32_t>{1, 3, 4, 5, 6}));
     EXPECT_TRUE(plotsOnly.windows.empty());
     EXPECT_FALSE(Has(plotsOnly, "RESID"));
 }
@@ -202,11 +207,12 @@ TEST_F(ResidualReports, PlotsComeLastEachAfterItsProgressText) {
 TEST_F(ResidualReports, TheResidualPlotIsStretchedWhereItIsNarrow) {
     const auto plotOf = [&](double low, double high) {
         RunState run{.snapshot = {dataset, session, {}, 0, {}}, .progress = progress};
+        run.arrays.rows = {1, 2, 3};
         run.residuals.RStdtRes = {low, 0.5, high};
         run.residuals.Fitted = {1, 2, 3};
         ResidualPlot.write(run);
-        const auto& plot = std::get<PlotRequest>(run.plots.at(0));
-        return std::pair(plot.YAxisTitle, plot.ChartData.at(2)->back());
+        const ChartModel& plot = run.plots.at(0);
+        return std::pair(plot.yAxis.title, plot.series.at(0).y->back());
     };
     const double saturated = std::numeric_limits<double>::max();
     for (const auto& [low, high, factor, value] :
