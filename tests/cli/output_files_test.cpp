@@ -42,6 +42,11 @@ TEST_F(OutputFiles, NeverReplaceWhatIsReadOrEachOther) {
                   "--json link would replace a file of --out ./o");
     ExpectRefused("true", "calc d.KOV --out none/o --json none/o/results.txt",
                   "--json none/o/results.txt would replace a file of --out none/o");
+    for (const std::string out : {"n/", "n/.", "n//", "n/sub/", "./n/x/.."})
+        for (const std::string command : {"calc d.KOV", "compare d.KOV e.KOV"})
+            for (const std::string name : {"/results.txt", "//plot-04-x.svg"})
+                ExpectRefused("cp d.KOV e.KOV", command + " --out " + out + " --json " + out + name,
+                              "--json " + out + name + " would replace a file of --out " + out);
     ExpectRefused("cp d.KOV e.KOV; " + hard, "compare d.KOV e.KOV --out o",
                   "--out o: results.txt would replace a file of the comparison");
     ExpectRefused(symbolic, "compare e.KOV d.KOV --json o/d.svg",
