@@ -56,6 +56,8 @@ std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState&
         WriteErrorLine("corvane: " + table.Located({0, table.summary}));
         if (messages)
             messages->push_back(table.Located({0, table.summary}));
+        if (rowsRead)
+            *rowsRead = dataset.cells.RowCount();
         return {};
     }
     LoadOutcome loaded = LoadFile(path, dataset, session, files);
@@ -65,6 +67,8 @@ std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState&
     }
     if (loaded.tooFewRowsLine > 0)
         return data + ":" + std::to_string(loaded.tooFewRowsLine) + ": " + TooFewRowsMessage;
+    if (rowsRead)
+        *rowsRead = loaded.rowsRead;
     return {};
 }
 

@@ -7,6 +7,7 @@
 #include "platform/file_store.h"
 #include "platform/native/terminal.h"
 
+#include <cstdint>
 #include <new>
 #include <string>
 #include <utility>
@@ -40,9 +41,10 @@ ExitCode Fail(const std::string& what);
 void Warn(const std::string& what);
 
 /// Loads a dataset file, or a table (.csv), of which standard error tells what was taken from where; the
-/// lines also go to `messages`. Returns why it cannot serve, or "".
+/// lines also go to `messages`, and to `rowsRead` how many rows the file holds, where N may announce more.
+/// Returns why it cannot serve, or "".
 std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
-                        std::vector<std::string>* messages = nullptr);
+                        std::vector<std::string>* messages = nullptr, std::int32_t* rowsRead = nullptr);
 
 /// Applies "KEY=VALUE" texts from left to right. Returns the first fault, or "".
 std::string ApplyAssignments(const std::vector<std::string>& assignments, Dataset& dataset,

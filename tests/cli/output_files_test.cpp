@@ -130,7 +130,13 @@ TEST_F(OutputFiles, RowsWithoutContentCostNothing) {
             "$corvane calc $examples/mtcars.KOV --all --set N=2147483646 >/dev/null; "
             "{ echo 4,0,0; yes; } | $corvane calc /dev/stdin");
     EXPECT_EQ(ran.out, "1\n");
-    EXPECT_TRUE(ran.err.starts_with("corvane: n.KOV: 0 rows are in use, at least 3 are needed\n")) << ran.err;
+    EXPECT_TRUE(ran.err.starts_with("corvane: n.KOV: of the 2147483646 rows that N announces, 2147483646 are "
+                                    "not in the file and are left out\n"
+                                    "corvane: n.KOV: 0 rows are in use, at least 3 are needed\n"))
+        << ran.err;
+    const Ran blank = Run("{ printf '4,0,0\\nN=1503\\nDATA:\\n'; yes 1,,2,,,, | head -n 3; yes ,,,,,, | "
+                          "head -n 1500; } >b.KOV; $corvane export b.KOV -o b.csv && wc -l <b.csv");
+    EXPECT_EQ(blank.out + blank.err, "1504\n");
     EXPECT_TRUE(ran.err.ends_with("\ncorvane: /dev/stdin: there is not enough memory for it\n")) << ran.err;
 }
 
