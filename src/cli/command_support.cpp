@@ -36,8 +36,15 @@ void Warn(const std::string& what) {
     WriteErrorLine("corvane: warning: " + what);
 }
 
+std::string CutMessage(std::string_view message) {
+    constexpr std::size_t first = 200, last = 100;
+    if (CharacterCount(message) <= first + last)
+        return std::string(message);
+    return std::string(FirstCharacters(message, first)) + "…" + std::string(LastCharacters(message, last));
+}
+
 std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
-                        std::vector<std::string>* messages) {
+                        std::vector<std::string>* messages, std::int32_t* rowsRead) {
     // The header takes the name behind the last separator, so the path must have one.
     std::error_code error;
     const std::string path = std::filesystem::absolute(data, error).string();
@@ -76,7 +83,7 @@ std::string ApplyAssignments(const std::vector<std::string>& assignments, Datase
                              SessionState& session) {
     for (const std::string& assignment : assignments)
         if (const auto wrong = AssignOption(dataset, session, assignment))
-            return "--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong;
+            return "--set " + CutMessage(assignment.substr(0, assignment.find('='))) + ": " + *wrong;
     return {};
 }
 

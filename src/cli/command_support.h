@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <new>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -39,6 +40,9 @@ ExitCode Fail(const std::string& what);
 
 /// Writes "corvane: warning: " and the text on standard error.
 void Warn(const std::string& what);
+
+/// A message, or what it quotes, that may be of any length: cut in its middle to some 300 characters.
+std::string CutMessage(std::string_view message);
 
 /// Loads a dataset file, or a table (.csv), of which standard error tells what was taken from where; the
 /// lines also go to `messages`, and to `rowsRead` how many rows the file holds, where N may announce more.

@@ -46,8 +46,8 @@ public:
     /// A number in the cell of two models, `value` its machine name.
     ReportField Number(const char* value, std::size_t i, std::size_t j, std::int32_t decimals, double number,
                        bool probability = false) const {
-        const std::string place =
-            models[i].path + " and " + models[j].path + ": " + value + " of " + section.title;
+        const std::string place = models[i].path + " and " + models[j].path + ": " +
+                                  (probability ? "P-value" : value) + " of " + section.title;
         return PlacedNumber(probability ? FP : F, layout.cellWidth, decimals, number, place)
             .Named(Name(value, i, j));
     }
