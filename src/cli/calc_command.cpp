@@ -6,6 +6,7 @@
 #include "cli/command_support.h"
 #include "cli/output_guard.h"
 #include "cli/report_clock.h"
+#include "core/format/paths.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
 #include "platform/native/native_file_store.h"
@@ -30,17 +31,19 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
 
 /// Every chart that the run opened; those that cannot be painted are named.
 ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files,
-                   std::vector<std::string>& written) try {
+                   std::vector<std::string>& written, KeptMessages& messages) try {
     if (!result.plots.empty() && !HasCharts()) {
-        Fail(std::to_string(result.plots.size()) + " charts are not saved: this corvane was built without");
+        messages.Tell(std::to_string(result.plots.size()) +
+                      " charts are not saved: this corvane was built without");
         return ExitDone;
     }
     std::vector<ChartModel> charts;
     for (const ChartRequest& request : result.plots)
         charts.push_back(CreateChart(request));
-    return SaveCharts(charts, folder, files, written) ? ExitDone : ExitFailed;
+    return SaveCharts(charts, folder, files, written, messages) ? ExitDone : ExitFailed;
 } catch (const std::bad_alloc&) {
-    return Fail("there is not enough memory for the charts");
+    messages.Tell("there is not enough memory for the charts");
+    return ExitFailed;
 }
 
 /// Saves what --out asks for and says what else is there.
@@ -49,12 +52,14 @@ ExitCode SaveInFolder(const CalcRequest& request, const RunResult& result, KeptM
     std::vector<std::string> written;
     if (request.outFolder.empty())
         return ExitDone;
+    if (!result.residueFile.empty())
+        written.push_back(FileNameOf(result.residueFile));
     if (const FileResult saved = SaveWindows(request.outFolder, result, files, written); !saved.done) {
-        messages.texts.push_back(saved.reason);
-        return Fail(saved.reason);
+        messages.Tell(saved.reason);
+        return ExitFailed;
     }
-    const ExitCode charts = SavePlots(request.outFolder, result, files, written);
-    TellOldFiles(request.outFolder, written);
+    const ExitCode charts = SavePlots(request.outFolder, result, files, written, messages);
+    TellOldFiles(request.outFolder, written, messages);
     return charts;
 }
 

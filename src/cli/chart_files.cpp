@@ -1,7 +1,5 @@
 #include "cli/chart_files.h"
 
-#include "cli/command_support.h"
-
 #if CORVANE_CHARTS
 #include "charts/chart_export.h"
 #include "cli/report_clock.h"
@@ -95,7 +93,7 @@ FileResult SaveChart(const ChartModel& chart, const std::string& path, const Pic
 }
 
 bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files,
-                std::vector<std::string>& written) {
+                std::vector<std::string>& written, KeptMessages& messages) {
     const auto write = [&](const std::string& path, const std::string& bytes) {
         FileResult saved = files.ReplaceEntry(path, [&](const auto& sink) { sink(bytes); });
         if (!saved.done)
@@ -106,7 +104,7 @@ bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder
     std::vector<std::string> names, pictures;
     for (std::size_t i = 0; i < charts.size(); ++i) {
         if (const std::string reason = OutOfReach(charts[i]); !reason.empty()) {
-            Warn("the chart '" + charts[i].title + "' is not saved: " + reason);
+            messages.Warn("", "the chart '" + charts[i].title + "' is not saved: " + reason);
             continue;
         }
         drawable.push_back(charts[i]);
@@ -122,7 +120,7 @@ bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder
         if (saved.done)
             written.push_back(names[i]);
         else
-            Fail(saved.reason);
+            messages.Tell(saved.reason);
         allSaved = allSaved && saved.done;
     }
     return allSaved;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/command_support.h"
 #include "platform/file_store.h"
 #include "plots/chart_model.h"
 
@@ -24,8 +25,8 @@ FileResult SaveChart(const ChartModel& chart, const std::string& path, const Pic
 
 /// Paints the charts into "plot-01-Title.svg" and so on in a folder, and adds these names to `written`; a
 /// symbolic link of such a name is replaced itself. Of a chart whose values cannot be drawn, a warning tells.
-/// Whether the others were saved; of each that was not, standard error tells why.
+/// Whether the others were saved; of each that was not, a message tells why.
 bool SaveCharts(const std::vector<ChartModel>& charts, const std::string& folder, FileStore& files,
-                std::vector<std::string>& written);
+                std::vector<std::string>& written, KeptMessages& messages);
 
 } // namespace corvane

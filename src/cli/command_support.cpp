@@ -22,6 +22,11 @@ void KeptMessages::Fail(const std::string& file, const std::string& failure) {
     texts.push_back(failure);
 }
 
+void KeptMessages::Tell(const std::string& text) {
+    WriteErrorLine("corvane: " + text);
+    texts.push_back(text);
+}
+
 void KeptMessages::Warn(const std::string& file, const std::string& warning) {
     corvane::Warn(file + (file.empty() ? "" : ": ") + warning);
     texts.push_back(warning);
@@ -98,13 +103,14 @@ FileResult WriteOutputFile(const std::string& path, const std::string& bytes, bo
     return written;
 }
 
-void TellOldFiles(const std::string& folder, const std::vector<std::string>& written) {
+void TellOldFiles(const std::string& folder, const std::vector<std::string>& written,
+                  KeptMessages& messages) {
     std::string old;
-    for (const std::string& name : SavedNames(folder))
+    for (const std::string& name : NamesIn(folder, IsRunName))
         if (std::ranges::find(written, name) == written.end())
             old += (old.empty() ? "" : ", ") + name;
     if (!old.empty())
-        WriteErrorLine("corvane: " + folder + ": left from an earlier run: " + old);
+        messages.Tell(folder + ": left from an earlier run: " + old);
 }
 
 std::string MakeFolder(const std::string& folder) {

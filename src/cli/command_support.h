@@ -32,6 +32,9 @@ public:
     /// Writes "corvane: ", the file and what failed although the run goes on.
     void Fail(const std::string& file, const std::string& failure);
 
+    /// Writes "corvane: " and the text.
+    void Tell(const std::string& text);
+
     std::vector<std::string> texts;
 };
 
@@ -73,7 +76,7 @@ std::string ExistsMessage(const std::string& path);
 
 /// Says which files in the folder of --out an earlier run left there: those that would bear a name of this
 /// one's and were not written.
-void TellOldFiles(const std::string& folder, const std::vector<std::string>& written);
+void TellOldFiles(const std::string& folder, const std::vector<std::string>& written, KeptMessages& messages);
 
 /// Makes the folder of --out, and those above it. Returns why it cannot be made, or "".
 std::string MakeFolder(const std::string& folder);

@@ -120,7 +120,7 @@ ExitCode RunCompare(const CompareRequest& request) {
                 SaveReport(request.outFolder, "results.txt", result.report, files, written);
             !saved.done)
             return Fail(saved.reason);
-        TellOldFiles(request.outFolder, written);
+        TellOldFiles(request.outFolder, written, messages);
     }
     const std::string koc = IsComparisonFile(request.files.front()) ? request.files.front() : "";
     const std::string json =

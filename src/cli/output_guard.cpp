@@ -53,7 +53,7 @@ void OutputGuard::Read(const std::string& path, const std::string& what) {
 
 std::string OutputGuard::ClaimFolder(const std::string& folder) {
     runFolder = folder;
-    for (const std::string& name : SavedNames(folder))
+    for (const std::string& name : NamesIn(folder, IsSavedName))
         for (const Known& file : known) {
             std::error_code error;
             const fs::path path = fs::path(folder) / name;

@@ -105,13 +105,16 @@ TEST_F(OutputFiles, AResidueFileThatIsNotSavedFailsTheRunButNotTheReport) {
 
 TEST_F(OutputFiles, FilesOfAnEarlierRunAreTold) {
     const std::string calc = "$corvane calc $examples/mtcars.KOV --out o ";
-    const Ran first = Run(calc +
-                          "--all && $corvane export $examples/mtcars.KOV -o o/d.csv && ls o | grep -v -e csv "
-                          "-e results >old && cp -r o before && " +
-                          calc);
+    const std::string residue = "--set RESIDUAL_ANALYSIS=1 --set SAVE_RESIDUE_TEXT=1 ";
+    const Ran first =
+        Run(calc + residue +
+            "--all && $corvane export $examples/mtcars.KOV -o o/d.csv && LC_ALL=C ls o | grep -v -e csv "
+            "-e results >old && cp -r o before && " +
+            calc);
     EXPECT_EQ(first.exit, 0);
     std::string names = folder.Read("old");
-    EXPECT_TRUE(names.starts_with("deviation.txt\n") && names.ends_with("residue.txt\n")) << names;
+    EXPECT_TRUE(names.starts_with("Residue0000.TXT\ndeviation.txt\n") && names.ends_with("residue.txt\n"))
+        << names;
     names.pop_back();
     for (std::size_t at = 0; (at = names.find('\n', at)) != std::string::npos;)
         names.replace(at, 1, ", ");
@@ -120,7 +123,11 @@ TEST_F(OutputFiles, FilesOfAnEarlierRunAreTold) {
         << first.err;
     EXPECT_TRUE(Has(Run("diff -rq before o").out, "results.txt"));
     EXPECT_EQ(std::ranges::count(Run("diff -rq before o").out, '\n'), 1);
-    EXPECT_EQ(Run("rm -r o; " + calc + "; " + calc).err, "");
+    EXPECT_EQ(Run("rm -r o; " + calc + "; " + calc + residue).err, "");
+    EXPECT_EQ(Run("rm o/residue.txt; " + calc + "--json r.json").err,
+              "corvane: o: left from an earlier run: Residue0000.TXT\n");
+    EXPECT_TRUE(Has(folder.Read("r.json"),
+                    "\"messages\": [\n    \"o: left from an earlier run: Residue0000.TXT\"\n"));
 }
 
 TEST_F(OutputFiles, RowsWithoutContentCostNothing) {
