@@ -62,7 +62,8 @@ OpenOutcome OpenDataset(const std::string& path, Dataset& dataset, SessionState&
             .file = path,
             .line = loaded.line,
             .reason = std::move(loaded.reason),
-            .fewRowsLine = loaded.tooFewRowsLine};
+            .fewRowsLine = loaded.tooFewRowsLine,
+            .rowsRead = loaded.rowsRead};
 }
 
 OpenOutcome OpenTable(const std::string& path, const CsvOptions& options, Dataset& dataset,
@@ -76,7 +77,8 @@ OpenOutcome OpenTable(const std::string& path, const CsvOptions& options, Datase
                 .file = path,
                 .line = table.fault.line,
                 .reason = std::move(table.fault.text)};
-    OpenOutcome outcome{.file = path, .summary = table.Located({0, table.summary})};
+    OpenOutcome outcome{
+        .file = path, .rowsRead = dataset.cells.RowCount(), .summary = table.Located({0, table.summary})};
     for (const CsvRemark& warning : table.warnings)
         outcome.warnings.push_back(table.Located(warning));
     return outcome;

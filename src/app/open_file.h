@@ -7,6 +7,7 @@
 #include "platform/file_store.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,7 @@ struct OpenOutcome {
     std::string reason{}; ///< Why, in words for the user; empty where all was read.
     std::size_t fewRowsLine =
         0; ///< Of a dataset: the first line with an N below 2, which was passed over; or 0.
+    std::int32_t rowsRead = 0;           ///< Rows that the file holds; N may announce more.
     std::vector<std::string> warnings{}; ///< What was read otherwise than it may be meant: "file:line: text".
     std::string summary{};               ///< Of a table: "file: what was taken from where".
 

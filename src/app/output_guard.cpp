@@ -12,15 +12,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The path without links and dots, as far as it exists.
+/// The path without links, dots and separators at its end, as far as it exists.
 fs::path Resolved(fs::path path) {
     std::error_code error;
     // A link may lead to a file that is still to come. The system follows no more links in a row than these.
     for (int links = 0; links < 40 && fs::is_symlink(path, error); ++links)
         path = path.parent_path() / fs::read_symlink(path, error);
     const fs::path absolute = fs::absolute(path, error);
-    const fs::path resolved = fs::weakly_canonical(error ? path : absolute, error);
-    return error ? path.lexically_normal() : resolved;
+    const fs::path canonical = fs::weakly_canonical(error ? path : absolute, error);
+    const fs::path resolved = error ? path.lexically_normal() : canonical;
+    return resolved.has_filename() ? resolved : resolved.parent_path(); // "new/" is the folder "new"
 }
 
 /// The path of a name itself, even if that is a symbolic link.
@@ -52,7 +53,7 @@ void OutputGuard::Read(const std::string& path, const std::string& what) {
 std::string OutputGuard::ClaimFolder(const std::string& asker, const std::string& folder) {
     runFolder = folder;
     folderAsker = asker;
-    for (const std::string& name : SavedNames(folder))
+    for (const std::string& name : NamesIn(folder, IsSavedName))
         for (const Known& file : known) {
             std::error_code error;
             const fs::path path = fs::path(folder) / name;

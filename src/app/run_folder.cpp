@@ -29,12 +29,12 @@ bool IsRunName(std::string_view name) {
     return IsSavedName(name) || (TakeNumbered(name, "Residue", 4) && name == ".TXT");
 }
 
-std::vector<std::string> SavedNames(const std::string& folder) {
+std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::string_view)) {
     std::vector<std::string> names;
     std::error_code error;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error))
-        if (const std::string name = entry->path().filename().string(); IsSavedName(name))
+        if (const std::string name = entry->path().filename().string(); wanted(name))
             names.push_back(name);
     std::ranges::sort(names);
     return names;
@@ -42,7 +42,7 @@ std::vector<std::string> SavedNames(const std::string& folder) {
 
 std::string OldFiles(const std::string& folder, const std::vector<std::string>& written) {
     std::string old;
-    for (const std::string& name : SavedNames(folder))
+    for (const std::string& name : NamesIn(folder, IsRunName))
         if (std::ranges::find(written, name) == written.end())
             old += (old.empty() ? "" : ", ") + name;
     return old;

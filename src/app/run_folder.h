@@ -14,12 +14,12 @@ bool IsSavedName(std::string_view name);
 /// Whether a run may write a file of this name at all: a saved one or a numbered "Residue0000.TXT".
 bool IsRunName(std::string_view name);
 
-/// The files in a folder with a name of saved windows and charts, in alphabetical order; none where the
+/// The files in a folder whose name is wanted, as by one of the above, in alphabetical order; none where the
 /// folder cannot be read.
-std::vector<std::string> SavedNames(const std::string& folder);
+std::vector<std::string> NamesIn(const std::string& folder, bool (*wanted)(std::string_view));
 
-/// The files of an earlier run in a folder, separated by ", ": those with a name of saved windows and charts
-/// that are not among the written ones.
+/// The files of an earlier run in a folder, separated by ", ": those that a run may write
+/// and that are not among the written ones.
 std::string OldFiles(const std::string& folder, const std::vector<std::string>& written);
 
 /// The folder that a run saves into, made with those above it before the run. Those that were not there

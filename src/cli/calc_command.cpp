@@ -9,6 +9,7 @@
 #include "cli/built_painter.h"
 #include "cli/command_support.h"
 #include "cli/report_clock.h"
+#include "core/format/paths.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
 #include "platform/native/interruption.h"
@@ -32,27 +33,29 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
 
 /// Every chart that the run opened; those that cannot be painted are named.
 ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files,
-                   std::vector<std::string>& written) {
+                   std::vector<std::string>& written, KeptMessages& messages) {
     const SavedCharts saved = SaveCharts(result.plots, folder, BuiltPainter().get(), files, written);
     for (const std::string& warning : saved.warnings)
-        Warn(warning);
+        messages.Warn("", warning);
     for (const std::string& message : saved.messages)
-        Fail(message);
+        messages.Tell(message);
     return saved.all ? ExitDone : ExitFailed;
 }
 
 /// Saves what --out asks for and says what else is there.
-ExitCode SaveInFolder(const CalcRequest& request, const RunResult& result, KeptMessages& messages,
-                      FileStore& files) {
+ExitCode SaveInFolder(const CalcRequest& request, const RunResult& result, const std::string& residueFile,
+                      KeptMessages& messages, FileStore& files) {
     std::vector<std::string> written;
     if (request.outFolder.empty())
         return ExitDone;
+    if (!residueFile.empty())
+        written.push_back(FileNameOf(residueFile));
     if (const FileResult saved = SaveWindows(request.outFolder, result, files, written); !saved.done) {
-        messages.texts.push_back(saved.reason);
-        return Fail(saved.reason);
+        messages.Tell(saved.reason);
+        return ExitFailed;
     }
-    const ExitCode charts = SavePlots(request.outFolder, result, files, written);
-    TellOldFiles(request.outFolder, written);
+    const ExitCode charts = SavePlots(request.outFolder, result, files, written, messages);
+    TellOldFiles(request.outFolder, written, messages);
     return charts;
 }
 
@@ -113,7 +116,7 @@ ExitCode Evaluate(const CalcRequest& request) {
         dialogs.Fail(request.data, failure);
 
     // The report comes even where a file of the run could not be written.
-    const ExitCode saved = SaveInFolder(request, result, dialogs, files);
+    const ExitCode saved = SaveInFolder(request, result, calculation.ResidueFile(), dialogs, files);
     const std::string json =
         request.jsonFile.empty() ? "" : JsonReport({dataset, session, result, request.data, dialogs.texts});
     const ExitCode printed = PrintReport(result.report, request.jsonFile, json, files);

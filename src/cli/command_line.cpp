@@ -286,7 +286,7 @@ ExitCode EndOfParsing(const CLI::App& program, const CLI::ParseError& error) {
     }
     // The fault may quote the user's words and their line ends; what follows it is the parser's own.
     const std::string fault = error.what();
-    WriteErrorLine(fault);
+    WriteErrorLine(CutMessage(fault));
     std::istringstream advice(faults.str().substr(std::min(fault.size() + 1, faults.str().size())));
     for (std::string line; std::getline(advice, line);)
         WriteErrorLine(line);

@@ -18,6 +18,11 @@ void KeptMessages::Fail(const std::string& file, const std::string& failure) {
     texts.push_back(failure);
 }
 
+void KeptMessages::Tell(const std::string& text) {
+    WriteErrorLine("corvane: " + text);
+    texts.push_back(text);
+}
+
 void KeptMessages::Warn(const std::string& file, const std::string& warning) {
     corvane::Warn(file + (file.empty() ? "" : ": ") + warning);
     texts.push_back(warning);
@@ -32,8 +37,15 @@ void Warn(const std::string& what) {
     WriteErrorLine("corvane: warning: " + what);
 }
 
+std::string CutMessage(std::string_view message) {
+    constexpr std::size_t first = 200, last = 100;
+    if (CharacterCount(message) <= first + last)
+        return std::string(message);
+    return std::string(FirstCharacters(message, first)) + "…" + std::string(LastCharacters(message, last));
+}
+
 std::string OpenData(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
-                     std::vector<std::string>* messages) {
+                     std::vector<std::string>* messages, std::int32_t* rowsRead) {
     const OpenOutcome opened = OpenDataset(data, dataset, session, files);
     if (!opened.Whole())
         return opened.Error();
@@ -48,6 +60,8 @@ std::string OpenData(const std::string& data, Dataset& dataset, SessionState& se
         if (!opened.summary.empty())
             messages->push_back(opened.summary);
     }
+    if (rowsRead)
+        *rowsRead = opened.rowsRead;
     return {};
 }
 
@@ -55,7 +69,7 @@ std::string ApplyAssignments(const std::vector<std::string>& assignments, Datase
                              SessionState& session) {
     for (const std::string& assignment : assignments)
         if (const auto wrong = AssignOption(dataset, session, assignment))
-            return "--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong;
+            return "--set " + CutMessage(assignment.substr(0, assignment.find('='))) + ": " + *wrong;
     return {};
 }
 
@@ -74,9 +88,10 @@ ExitCode EndOfSaving(const std::string& path, const FileResult& saved) {
     return saved.done ? ExitDone : Fail(saved.taken ? ExistsMessage(path) : saved.reason);
 }
 
-void TellOldFiles(const std::string& folder, const std::vector<std::string>& written) {
+void TellOldFiles(const std::string& folder, const std::vector<std::string>& written,
+                  KeptMessages& messages) {
     if (const std::string old = OldFiles(folder, written); !old.empty())
-        WriteErrorLine("corvane: " + folder + ": left from an earlier run: " + old);
+        messages.Tell(folder + ": left from an earlier run: " + old);
 }
 
 std::string ClaimOutputs(const std::string& outFolder, const std::string& jsonFile, OutputGuard& guard) {

@@ -38,7 +38,8 @@ std::string FillList(const CompareRequest& request, ComparisonList& list, KeptMe
 }
 
 /// Saves what --out asks for and says what else is there.
-ExitCode SaveInFolder(const std::string& outFolder, const Report& report, FileStore& files) {
+ExitCode SaveInFolder(const std::string& outFolder, const Report& report, KeptMessages& messages,
+                      FileStore& files) {
     OutputFolder folder;
     if (const std::string fault = folder.Make(outFolder); !fault.empty())
         return Fail(fault);
@@ -46,7 +47,7 @@ ExitCode SaveInFolder(const std::string& outFolder, const Report& report, FileSt
     std::vector<std::string> written;
     if (const FileResult saved = SaveReport(outFolder, "results.txt", report, files, written); !saved.done)
         return Fail(saved.reason);
-    TellOldFiles(outFolder, written);
+    TellOldFiles(outFolder, written, messages);
     return ExitDone;
 }
 
@@ -104,7 +105,8 @@ ExitCode RunCompare(const CompareRequest& request) {
     if (!result.finished)
         return result.fault.empty() ? ExitFailed : Fail(result.fault);
     if (!request.outFolder.empty())
-        if (const ExitCode saved = SaveInFolder(request.outFolder, result.report, files); saved != ExitDone)
+        if (const ExitCode saved = SaveInFolder(request.outFolder, result.report, messages, files);
+            saved != ExitDone)
             return saved;
     const std::string koc = IsComparisonFile(request.files.front()) ? request.files.front() : "";
     const std::string json =

@@ -5,6 +5,9 @@
 #include "cli/command_support.h"
 #include "platform/native/native_file_store.h"
 
+#include <cstdint>
+#include <string>
+
 namespace corvane {
 namespace {
 
@@ -45,12 +48,23 @@ ExitCode Export(const ExportRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
-    if (const std::string fault = OpenData(request.data, dataset, session, files); !fault.empty())
+    std::int32_t rowsRead = 0;
+    if (const std::string fault = OpenData(request.data, dataset, session, files, nullptr, &rowsRead);
+        !fault.empty())
         return Fail(fault);
     if (const std::string fault = ClaimResult(request.data, request.outputFile); !fault.empty())
         return Fail(fault);
-    return EndOfSaving(request.outputFile,
-                       ExportTable(request.outputFile, dataset, IfExisting(request.force), files));
+    // A file of 20 bytes may announce two thousand million rows.
+    const std::int32_t announced = dataset.cells.RowCount(), leftOut = announced - rowsRead;
+    if (leftOut > 0)
+        dataset.cells.SetRowCount(rowsRead);
+    const ExitCode exit = EndOfSaving(
+        request.outputFile, ExportTable(request.outputFile, dataset, IfExisting(request.force), files));
+    if (exit == ExitDone && leftOut > 0)
+        WriteErrorLine("corvane: " + request.data + ": of the " + std::to_string(announced) +
+                       " rows that N announces, " + std::to_string(leftOut) +
+                       " are not in the file and are left out");
+    return exit;
 }
 
 } // namespace

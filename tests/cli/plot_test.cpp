@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace corvane {
 namespace {
@@ -95,16 +96,22 @@ TEST(PlotCommand, ChartsThatCannotBePaintedComeAfterAllElse) {
     const testing::ProgramFolder folder;
     const std::string calc = " calc $examples/mtcars.KOV --all --seed 1 ";
     const Ran plain = folder.Run("$corvane" + calc + "--out plain");
-    const Ran ran =
-        folder.Run("mkdir bin && cp $corvane bin/c && printf '[Paths]\\nPlugins=/none\\n' >bin/qt.conf"
-                   " && bin/c" +
-                   calc + "--out out --json j.json");
+    const Ran ran = folder.Run("mkdir bin out && touch out/plot-77-x.svg && cp $corvane bin/c && printf "
+                               "'[Paths]\\nPlugins=/none\\n' >bin/qt.conf"
+                               " && bin/c" +
+                               calc + "--out out --json j.json");
     EXPECT_EQ(ran.exit, 1);
     EXPECT_EQ(ran.out, plain.out);
     EXPECT_TRUE(Has(ran.err,
                     "corvane: out/plot-09-Deviation vs Model-Predicted.svg: the chart could not be painted"));
     EXPECT_EQ(folder.Read("out/residue.txt"), folder.Read("plain/residue.txt"));
-    EXPECT_TRUE(Has(folder.Read("j.json"), "mtcars"));
+    const std::string json = folder.Read("j.json");
+    std::istringstream told(ran.err);
+    std::size_t at = json.find("\"messages\"");
+    for (std::string line; std::getline(told, line) && at != json.npos;)
+        at = json.find('"' + line.substr(line.find(": out") + 2) + '"', at);
+    EXPECT_NE(at, json.npos) << ran.err << json;
+    EXPECT_TRUE(Has(ran.err, "\ncorvane: out: left from an earlier run: plot-77-x.svg\n"));
     // The program itself needs one descriptor beside the standard streams, a chart some more.
     const std::string closed = "exec 3>&- 4>&- 5>&- 6>&- 7>&- 8>&- 9>&-; "; // what the test was given
     for (const int most : {4, 5, 6, 20}) {

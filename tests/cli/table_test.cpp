@@ -75,6 +75,13 @@ TEST_F(Tables, RefusalsLeaveEveryFileAsItWas) {
     for (const char* usage : {"import d.csv", "import d.csv -o d", "import -o d.KOV", "export d.KOV -o d.KOV",
                               "import d.csv -o e.KOV --decimal x", "import d.csv -o e.KOV --header perhaps"})
         ExpectError(std::string("$corvane ") + usage, 2, "");
+    for (const char* end : {"", "=1"}) {
+        const Ran ran =
+            Run(std::string("$corvane calc d.KOV --set $(head -c 100000 /dev/zero | tr '\\0' x)") + end);
+        EXPECT_EQ(ran.exit, *end == 0 ? 2 : 1);
+        EXPECT_NE(ran.err.find("xx…xx"), std::string::npos);
+        EXPECT_LT(ran.err.size(), 500U);
+    }
 }
 
 } // namespace

@@ -374,6 +374,10 @@ TEST_F(Comparing, SettingsAndSelectionThatDoNotServe) {
     AddModel("b", W, Y);
     list.settings = {"20", "20", "4", "3", "7"};
     ExpectFault("/models/a.KOV and /models/b.KOV: r of Correlation Coefficient Analysis: ");
+    AddModel("a", X, Y);
+    AddModel("b", W, Y);
+    list.settings = {"20", "20", "4", "8", "2"};
+    ExpectFault("/models/a.KOV and /models/b.KOV: P-value of Correlation Coefficient Analysis: ");
 }
 
 } // namespace
