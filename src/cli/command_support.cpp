@@ -4,6 +4,7 @@
 #include "app/option_assignments.h"
 #include "app/run_folder.h"
 #include "app/save_file.h"
+#include "core/format/text_lists.h"
 #include "core/grid_operations.h"
 
 namespace corvane {
