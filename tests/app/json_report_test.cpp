@@ -197,6 +197,10 @@ TEST(JsonReport, TellsNotShownFromFailedAndKeepsTheSizeOfATail) {
     EXPECT_EQ(exact.Section("line_family").at("failures").size(), 6U);
     EXPECT_TRUE(exact.Section("line_family").at("values").empty());
 
+    // No line of the text has it. The sums of X - Y and of Y by hand: 0.02 and 642.9.
+    EXPECT_NEAR(Example("mtcars.KOV").Section("diverse_measures").at("values").at("PercentBias"),
+                100 * 0.02 / 642.9, 1e-12);
+
     // R 4.2.2, summary(lm(waiting ~ eruptions, faithful)).
     const double P = Example("faithful.KOV").Section("parameter_tests").at("values").at("P_b");
     EXPECT_NEAR(P / 8.1299585066227895e-100, 1, 1e-11);
