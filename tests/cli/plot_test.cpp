@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace corvane {
 namespace {
@@ -30,6 +31,22 @@ TEST(PlotCommand, PaintsIntoFilesAndReplacesNoneUnasked) {
     EXPECT_EQ(separate.exit, 0) << separate.err;
     for (const char* name : {"h.pdf", "h-2.pdf", "h-3.pdf"})
         EXPECT_EQ(folder.Read(name).substr(0, 5), "%PDF-") << name;
+}
+
+TEST(PlotCommand, EveryLookAndTheSizeReachThePicture) {
+    const testing::ProgramFolder folder;
+    std::set<std::string> pictures;
+    for (const std::string look :
+         {"", "--look no-frame", "--look plot-shadow", "--look area-shadow", "--look plot-colour",
+          "--look area-colour", "--look no-frame,plot-shadow"}) {
+        EXPECT_EQ(
+            folder.Run("$corvane plot $examples/cars.KOV scatter --force -o s.png --size 320,400 " + look)
+                .exit,
+            0);
+        EXPECT_TRUE(pictures.insert(folder.Read("s.png")).second) << look;
+    }
+    // Of a PNG the width and the height, big-endian, twice as many as asked for.
+    EXPECT_EQ(folder.Read("s.png").substr(16, 8), std::string("\0\0\x02\x80\0\0\x03\x20", 8));
 }
 
 TEST(PlotCommand, NoPictureReplacesAnother) {
