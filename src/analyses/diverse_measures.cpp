@@ -13,6 +13,7 @@ constexpr Place places[] = {
     {"MeanBias", "bias.mean", "Mean Bias (Y - X) (MB)             : "},
     {"MeanBiasPercentOfX", "bias.mean.percent_of_x"},
     {"MeanBiasPercentOfY", "bias.mean.percent_of_y"},
+    {"PercentBias", "bias.percent"},
     {"F", "variances.f", "H0: VarY = VarX, F-value           : "},
     {"P_F", "variances.p", " (P =", 10, 5, Look::Probability},
     {"T_same", "means.pooled.t", "H0: MB = 0, T-value (same var.)    : "},
@@ -69,6 +70,7 @@ void Write(RunState& run) {
                      " (Cochran and Cox, 1954)"});
     });
     WritePercentages(run, section, "Mean Bias", "MeanBias", errors.MeanBias);
+    row([&] { section.Value({"PercentBias", errors.PercentBias}); });
     WriteTest(run, section, "F", stats::FTestVariance(Y, X, run.stop));
     WriteTest(run, section, "T_same", stats::TTestEqualVariance(Y, X, run.stop));
     WriteTest(run, section, "T_diff", stats::TTestUnequalVariance(Y, X, run.stop));

@@ -49,6 +49,8 @@ public:
             Add(line);
         if (!text.empty())
             lines.push_back(text);
+        for (const ReportField& field : section.unprinted)
+            Add(field);
         Json failures = Json::array();
         for (const std::string& reason : section.failures)
             failures.push_back({{"reason", reason}});

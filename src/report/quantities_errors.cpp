@@ -44,6 +44,20 @@ constexpr Quantity quantities[] = {
         .remark = "Where the mean of Y is 0 or negative the line says that it is zero.",
     },
     {
+        .key = "bias.percent",
+        .title = "Percent bias",
+        .meaning = "It is what the predictions exceed the observations by in all, as a share of the "
+                   "observations, and 0 is best.",
+        .formula = "PBIAS = 100 Σ (X - Y)/Σ Y",
+        .range = "%",
+        .better = Better::NearZero,
+        .sign = "The model overpredicts, where the observations' sum is positive.",
+        .others = "PBIAS; minus the mean bias in percent of the mean of Y",
+        .sameIn = "R: hydroGOF::pbias(sim = X, obs = Y), which rounds to one decimal unless dec is given",
+        .remark = "It is in the JSON alone. Its sign is that of predicted less observed; some authors take "
+                  "the other.",
+    },
+    {
         .key = "variances.f",
         .title = "F of equal variances",
         .meaning = "It is the ratio of the observations' variance to the predictions', and 1 is best.",

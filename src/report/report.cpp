@@ -119,6 +119,12 @@ void ReportSection::Row(RowItems items) {
     lines.push_back(Built(LineKind::Values, items.begin(), items.size()));
 }
 
+void ReportSection::Value(const RowItem& item) {
+    for (ReportPiece& piece : Built(LineKind::Values, &item, 1).pieces)
+        if (piece.field)
+            unprinted.push_back(std::move(*piece.field));
+}
+
 void ReportSection::TableRow(RowItems items, std::size_t firstColumn) {
     lines.push_back(Built(LineKind::TableRow, items.begin(), items.size()));
     lines.back().table = tables.size() - 1;

@@ -133,12 +133,16 @@ struct ReportSection {
     PlaceTables places{};
     std::vector<ReportLine> lines{};
     std::vector<SmallTable> tables{};
-    std::vector<std::string> failures{}; ///< Why statements of this section were abandoned.
+    std::vector<ReportField> unprinted{}; ///< Values that no line shows.
+    std::vector<std::string> failures{};  ///< Why statements of this section were abandoned.
     bool printed = true; ///< False for a section that failed before it had a title: it holds failures alone.
 
     /// Appends a line of values and words. It is built whole before it is appended: a RunFailure where a
     /// field cannot be formatted leaves nothing.
     void Row(RowItems items);
+
+    /// Files a value that no line shows, for the JSON and the windows. The place says how it would look.
+    void Value(const RowItem& item);
 
     /// The same as a row of the newest table.
     void TableRow(RowItems items, std::size_t firstColumn = 0);

@@ -126,6 +126,7 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     const DoubleDouble squaresX = Shifted(cx.SumSquares, 2 * unitX),
                        squaresY = Shifted(cy.SumSquares, 2 * unitY);
     const DoubleDouble meanX = Shifted(cx.Mean, unitX), ownMeanY = Shifted(cy.Mean, unitY);
+    result.PercentBias = Finite(-100.0 * Ratio(bias.Value() / n, ownMeanY.High));
     const DoubleDouble centre = meanY == ownMeanY.High ? ownMeanY : DoubleDouble{meanY, 0.0};
     const auto about = [&](DoubleDouble sumSquares, DoubleDouble mean) {
         const DoubleDouble distance = mean - centre;

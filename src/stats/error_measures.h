@@ -11,6 +11,7 @@ namespace corvane::stats {
 struct ErrorMeasures {
     double RSquared = 0.0;             ///< Pearson's r squared
     double MeanBias = 0.0;             ///< mean of D
+    double PercentBias = 0.0;          ///< 100 sum of (X - Y) over sum of Y
     double MAE = 0.0;                  ///< mean of |D|
     double MAPE = 0.0;                 ///< 100 mean of |D| / |Y|, per cent, over the pairs with Y != 0
     double MSEP = 0.0;                 ///< sum of D^2 over N
@@ -37,6 +38,8 @@ struct SquaredError {
 /// (mean X - mean Y)^2, (Sx - Sy)^2, 2 Sx Sy (1 - r), Sx^2 (1 - b)^2, Sy^2 (1 - r^2), each computed without
 /// the cancellation of its formula. MEF = 1 - sum D^2 / sum (Y - MeanY)^2 and CD = sum (Y - MeanY)^2 /
 /// sum (X - MeanY)^2: Loague and Green (1991), Journal of Contaminant Hydrology 7, 51-73.
+///
+/// The percent bias has the sign of R hydroGOF's pbias, that of predicted less observed.
 ///
 /// MeanY is the mean of y, which the caller holds; MeanX is not read. A zero denominator saturates (MEF at
 /// the lowest double); with a zero numerator as well the measure is 0. No pair with Y != 0: MAPE = 0. N = 0:

@@ -92,7 +92,7 @@ void ExpectSameAsReport(const Json& document, const Report& report) {
     for (const ReportSection& section : report.Sections()) {
         const Json& json = document.at("sections").at(section.id);
         const Strings notShown = json.at("not_shown");
-        std::size_t fields = 0;
+        std::size_t fields = section.unprinted.size();
         for (const ReportLine& line : section.lines)
             for (const ReportPiece& piece : line.pieces) {
                 if (!piece.field)
@@ -156,6 +156,41 @@ TEST(JsonReport, AnEstimateHasItsLimits) {
         expectLimits("generalized_concordance", distance + ".Rg", distance + ".Lower", distance + ".Upper");
 }
 
+/// Columns are those of the run, by name, and a star in the JSON is one in the line's text.
+TEST(JsonReport, AListingIsATableByColumns) {
+    testing::Workbench bench;
+    bench.OpenExample("mtcars.KOV").Set({{&AnalysisOptions::RESIDUE_WINDOW, std::int16_t{0}}});
+    const FullRun run(bench);
+    const Json &section = run.Section("residual_analysis"), &tables = section.at("tables"),
+               &columns = tables.at(0).at("columns"), &starred = tables.at(0).at("starred");
+    ASSERT_EQ(tables.size(), 1U);
+    EXPECT_EQ(tables[0].at("rows"), 32);
+    const Strings names = {"X",       "Y",        "Deviation", "Fitted", "Residue", "SERes",
+                           "StdtRes", "RStdtRes", "Leverage",  "CookD",  "DFFITS"};
+    std::size_t name = 0;
+    for (const auto& [key, values] : columns.items()) {
+        EXPECT_EQ(key, names.at(name++));
+        EXPECT_EQ(values.size(), 32U);
+    }
+    EXPECT_EQ(name, names.size());
+    std::size_t first = 0; // the line of the first row
+    while (!section.at("lines")[first].get<std::string>().starts_with("  1   "))
+        ++first;
+    std::size_t stars = 0;
+    for (std::size_t row = 0; row < 32; ++row) {
+        EXPECT_EQ(columns["X"][row], CellNumber(run.dataset.cells.At(ColumnX, static_cast<int>(row) + 1)));
+        EXPECT_EQ(columns["Deviation"][row],
+                  columns["Y"][row].get<double>() - columns["X"][row].get<double>());
+        std::size_t here = 0;
+        for (const auto& [key, rows] : starred.items())
+            here += static_cast<std::size_t>(std::ranges::count(rows, Json(row + 1)));
+        const std::string line = section.at("lines")[first + row];
+        EXPECT_EQ(here, static_cast<std::size_t>(std::ranges::count(line, '*'))) << line;
+        stars += here;
+    }
+    EXPECT_GT(stars, 2U);
+}
+
 TEST(JsonReport, HoldsEveryNumberOfAComparison) {
     testing::MemoryFiles files;
     const auto file = [](const char* X) {
@@ -196,6 +231,10 @@ TEST(JsonReport, TellsNotShownFromFailedAndKeepsTheSizeOfATail) {
     EXPECT_FALSE(exact.Section("parameter_tests").at("values").contains("T_b")); // no SD, no line
     EXPECT_EQ(exact.Section("line_family").at("failures").size(), 6U);
     EXPECT_TRUE(exact.Section("line_family").at("values").empty());
+
+    // No line of the text has it. The sums of X - Y and of Y by hand: 0.02 and 642.9.
+    EXPECT_NEAR(Example("mtcars.KOV").Section("diverse_measures").at("values").at("PercentBias"),
+                100 * 0.02 / 642.9, 1e-12);
 
     // R 4.2.2, summary(lm(waiting ~ eruptions, faithful)).
     const double P = Example("faithful.KOV").Section("parameter_tests").at("values").at("P_b");

@@ -118,6 +118,27 @@ TEST(ChartExport, EveryHistogramIsPainted) {
         }
 }
 
+TEST(ChartExport, ShadowsLieWhereTheyAreAskedFor) {
+    const auto dark = [](bool area, bool plot) {
+        ChartModel chart = Scatter();
+        chart.areaShadow = area;
+        chart.plotShadow = plot;
+        const std::string bytes = Rendered(chart, ChartFormat::Png);
+        const QImage image = QImage::fromData(
+            QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())), "PNG");
+        // In the corner of the picture, and anywhere else.
+        int corner = 0, elsewhere = 0;
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (const int grey = qGray(image.pixel(x, y)); grey > 180 && grey < 190)
+                    ++(x > image.width() - 10 || y > image.height() - 10 ? corner : elsewhere);
+        return std::pair(corner > 10000, elsewhere > 10000);
+    };
+    EXPECT_EQ(dark(false, false), std::pair(false, false));
+    EXPECT_EQ(dark(true, false), std::pair(true, false));
+    EXPECT_EQ(dark(false, true), std::pair(false, true));
+}
+
 TEST(ChartExport, AllFormatsShowTheSame) {
     const ChartModel chart = Scatter();
     for (const auto& [format, name] : {std::pair{ChartFormat::Png, "PNG"}, {ChartFormat::Bmp, "BMP"}}) {

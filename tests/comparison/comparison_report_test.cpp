@@ -196,6 +196,30 @@ TEST_F(Comparing, FarApartModels) {
               std::string::npos);
 }
 
+/// Predictions Y + c z, z orthogonal to Y and as long, leave SSE = S c²/(1 + c²) of S, and the AICs of six
+/// pairs differ by 6 times the logarithm of their ratio: against c = 1 the likelihood ratio is
+/// ((1 + c²)/(2 c²))³.
+TEST_F(Comparing, ALikelihoodRatioIsShownUpTo9999) {
+    const double y[] = {1, -1, 2, -2, 0, 0}, z[] = {2, -2, -1, 1, 0, 0};
+    for (const double ratio : {9990.0, 9999.5, 11000.0}) {
+        const double c = 1 / std::sqrt(2 * std::cbrt(ratio) - 1);
+        Strings observed, fine, coarse;
+        for (std::size_t i = 0; i < 6; ++i) {
+            observed.push_back(NumberText(10 + y[i]));
+            fine.push_back(NumberText(10 + y[i] + c * z[i]));
+            coarse.push_back(NumberText(10 + y[i] + z[i]));
+        }
+        list = {};
+        AddModel("coarse", coarse, observed);
+        AddModel("fine", fine, observed);
+        EXPECT_TRUE(Compare().finished) << result.fault;
+        EXPECT_EQ(Text().find(".Model  2 is >10000 times") != std::string::npos, ratio > 9999) << Text();
+        if (ratio < 9999) {
+            EXPECT_NEAR(Value("delta_aic", "ratio_1_2"), ratio, 1e-6);
+        }
+    }
+}
+
 /// Squares of such data are out of a double's range; what has no unit is as it was.
 TEST_F(Comparing, TheUnitOfTheDataDoesNotMatter) {
     const std::pair<const char*, const char*> unitless[] = {{"adequacy", "CCC_1"},

@@ -77,11 +77,36 @@ TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
               (Strings{"Regression...", "Kleijnen analysis...", "Bland and Altman analysis..."}));
 
     TickAllGates(dataset, session);
+    progress.stages.clear();
     std::vector<std::string> ids;
     const RunResult all = Evaluate();
     for (const ReportSection& section : all.report.Sections())
         if (section.printed)
             ids.push_back(section.id);
+    EXPECT_EQ(progress.stages, (Strings{"Regression...",
+                                        "Parameters...",
+                                        "OLS and SLS...",
+                                        "Distribution...",
+                                        "Moments...",
+                                        "Robust statistics...",
+                                        "Mean bias...",
+                                        "Index...",
+                                        "Concordance...",
+                                        "Generalized CCC...",
+                                        "Rank analysis...",
+                                        "Balance analysis...",
+                                        "Orthogonal balance...",
+                                        "MSEP analysis...",
+                                        "MSEP bootstrap...",
+                                        "Kleijnen analysis...",
+                                        "Bland and Altman analysis...",
+                                        "Threshold analysis...",
+                                        "Deviation analysis...",
+                                        "Residual analysis...",
+                                        "Residue regression...",
+                                        "Residual plot...",
+                                        "Deviation plot...",
+                                        "Normal plot..."}));
     EXPECT_EQ(ids.front(), "header");
     EXPECT_EQ(ids.back(), "references");
     // A plot whose factor cannot be computed is filed under its own name.

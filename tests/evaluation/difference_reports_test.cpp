@@ -78,6 +78,30 @@ TEST(DifferenceReports, WithoutSpreadThereIsNoEvidence) {
              "H0: ß0 = 0 & ß1 = 0, F-value (P-value) :    0.");
 }
 
+/// P between 0.05 and 0.06. R 4.2.2: P of the line's F by pf(F, n - 2, 2), of t.test(y, x, paired = TRUE), of
+/// var.test(y, x) and of cor.test(x, y) in this order.
+TEST(DifferenceReports, TheVerdictsLevelIsFivePerCent) {
+    const auto verdict = [](const TextPairs& pairs) {
+        const std::string text = RunOfPairs("p.KOV", pairs, {&Options::KLEIJNEN_ANALYSIS}).report.Text();
+        return text.substr(text.find("!! ", text.find("F-value (P-value) :")));
+    };
+    const std::string met =
+        "!! Fail to reject H0 and conclude the model meets the stringent validation requirement !!\r\n";
+    // 0.0539, 0.569, 0.987, 0.0009
+    const TextPairs line = {{"7.6", "7.8"}, {"13.7", "14.8"}, {"9.9", "9.3"},
+                            {"8.0", "6.9"}, {"9.3", "9.5"},   {"17.6", "16.5"}};
+    // 0.916, 0.0535, 0.0521, 0.241
+    const TextPairs meanAndVariance = {{"7.7", "15.9"},  {"7.4", "4.0"},   {"6.3", "12.0"},
+                                       {"10.2", "22.6"}, {"12.6", "16.9"}, {"10.1", "15.0"}};
+    // 0.906, 0.0065, 0.583, 0.0559
+    const TextPairs correlation = {{"10.3", "11.0"}, {"10.4", "12.7"}, {"8.0", "12.3"},
+                                   {"6.6", "11.5"},  {"13.5", "19.2"}, {"8.6", "11.2"}};
+    EXPECT_EQ(verdict(line), met);
+    EXPECT_EQ(verdict(meanAndVariance), met);
+    EXPECT_EQ(verdict(correlation), "!! Stringent assumption of identical mean failed !!\r\n"
+                                    "!! Stringent assumption of positive correlation failed !!\r\n");
+}
+
 TEST(DifferenceReports, EachRegressionAsksForItsPlot) {
     const RunResult result = RunOfExample("mtcars.KOV", ours);
     ASSERT_EQ(result.plots.size(), 2U);

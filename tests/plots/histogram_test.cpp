@@ -60,6 +60,20 @@ TEST(Histogram, SeparateAccumulatedPercentagesAndDifferences) {
     EXPECT_EQ(*charts[2].series[0].y, (Values{50, 50, 50, 100})); // 3 3 4 4
 }
 
+TEST(Histogram, TheOptionsChooseTheStyle) {
+    using Options = AnalysisOptions;
+    for (const auto& [button, style] : {std::pair{&Options::HIST_LINE, ChartStyle::Line},
+                                        {&Options::HIST_AREA, ChartStyle::Area},
+                                        {&Options::HIST_STEP, ChartStyle::Step},
+                                        {&Options::HIST_Pie, ChartStyle::Pie},
+                                        {&Options::HIST_BAR, ChartStyle::Bar}}) {
+        Dataset dataset = With(xs, ys);
+        dataset.options.HIST_BAR = false;
+        dataset.options.*button = true;
+        EXPECT_EQ(CreateHistogramPlot(HistogramPlots(dataset).requests.at(0)).style, style);
+    }
+}
+
 TEST(Histogram, RefusesTooFewRowsAndTooManyBins) {
     EXPECT_EQ(HistogramPlots(With({1, 2}, {1, 2})).message, "Not enough data points to generate a plot");
     Dataset dataset = With(xs, ys);

@@ -1,3 +1,4 @@
+#include "report/json_renderer.h"
 #include "report/text_renderer.h"
 
 #include "core/format/failure.h"
@@ -55,6 +56,20 @@ TEST(Report, AFieldKeepsItsValueAndKnowsItsPlaceInTheText) {
     EXPECT_EQ(layout.fields[2].field->interval->upper, 3);
     EXPECT_EQ(layout.fields[3].field->name, "X.b");
     EXPECT_FALSE(layout.fields[3].field->shown);
+}
+
+TEST(Report, AValueThatNoLineShowsIsInTheJsonAlone) {
+    Report report;
+    ReportSection& section = report.BeginSection({"one", "ONE", {places}});
+    section.Row({{"a", 1.5}});
+    section.Value({"*.b", 123456.25, "X"});
+    EXPECT_EQ(report.Text(), "ONE\r\n===\r\na =     1.50\r\n");
+    EXPECT_EQ(LayOut(report).fields.size(), 1U);
+    Json sections = Json::object();
+    AddSections(sections, report);
+    EXPECT_EQ(sections["one"]["values"].dump(), R"({"a":1.5,"X.b":123456.25})");
+    EXPECT_EQ(sections["one"]["not_shown"], Json{"X.b"});
+    EXPECT_EQ(sections["one"]["lines"], Json{"a =     1.50"});
 }
 
 TEST(Report, TextLongerThanItsBufferComesWhole) {
