@@ -70,7 +70,7 @@ TEST(Histogram, TheOptionsChooseTheStyle) {
         Dataset dataset = With(xs, ys);
         dataset.options.HIST_BAR = false;
         dataset.options.*button = true;
-        EXPECT_EQ(CreateHistogramPlot(HistogramPlots(dataset).requests.at(0)).style, style);
+        EXPECT_EQ(HistogramPlots(dataset).charts.at(0).style, style);
     }
 }
 
