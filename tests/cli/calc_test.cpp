@@ -90,7 +90,8 @@ TEST_F(Calc, TheBootstrapTakesASeedAndWarnsOfTheSizeThatItCannotDraw) {
 TEST_F(Calc, SavesResidueFilesInTheFolderOfTheWindows) {
     const std::string base = "$corvane calc $examples/cars.KOV --set RESIDUAL_ANALYSIS=1 "
                              "--set SAVE_RESIDUE_TEXT=1 ";
-    EXPECT_EQ(Run(base + "--out o && " + base + "--out o").err, "");
+    EXPECT_EQ(Run(base + "--out o && " + base + "--out o").err,
+              "corvane: o: left from an earlier run: Residue0000.TXT\n");
     EXPECT_TRUE(folder.Read("o/Residue0001.TXT").starts_with("Analysis of Residuals\r\n"));
     EXPECT_EQ(folder.Read("o/Residue0000.TXT"), folder.Read("o/Residue0001.TXT"));
     EXPECT_TRUE(Has(folder.Read("o/residue.txt"), "saved in file:o/Residue0001.TXT\r\n\r\n"));

@@ -400,7 +400,7 @@ TEST_F(Comparing, SettingsAndSelectionThatDoNotServe) {
     ExpectFault("/models/a.KOV and /models/b.KOV: r of Correlation Coefficient Analysis: ");
     AddModel("a", X, Y);
     AddModel("b", W, Y);
-    list.settings = {"20", "20", "4", "8", "2"};
+    list.settings = {"20", "20", "4", "7", "2"};
     ExpectFault("/models/a.KOV and /models/b.KOV: P-value of Correlation Coefficient Analysis: ");
 }
 
