@@ -31,8 +31,13 @@ Calculation::Calculation(const Dataset& dataset, const SessionState& session, co
 }
 
 Calculation::~Calculation() {
+    FreeReserved();
+}
+
+void Calculation::FreeReserved() {
     if (!reserved.empty() && residueFile.empty())
         files.Remove(reserved);
+    reserved.clear();
 }
 
 RunResult Calculation::Run(Progress& progress, const std::stop_token& stop) {
@@ -47,6 +52,7 @@ void Calculation::SaveResidueFile(RunResult& result) {
         residueFile = snapshot.residueFile;
         return;
     }
+    FreeReserved();
     const std::string reason = snapshot.residueFile + ": " + saved.reason;
     ResidualReport(result).FileFailure(residualSection, reason);
     result.notSaved.push_back("the residual listing was not saved: " + reason);

@@ -34,6 +34,8 @@ public:
     const std::string& ResidueFile() const { return residueFile; }
 
 private:
+    void FreeReserved();
+
     FileStore& files;
     Snapshot snapshot;
     std::string reserved, residueFile;

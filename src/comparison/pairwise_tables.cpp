@@ -126,7 +126,10 @@ private:
     RowItem Item(const CellLine& line, std::size_t i, std::size_t j, double value) const {
         return RowItem(line.name + "_*", value, PairTag(models, i, j))
             .Sized(layout.cellWidth, line.decimals)
-            .Of(models[i].path + " and " + models[j].path + ": " + line.name + " of " + section.title);
+            .Of(models[i].path + " and " + models[j].path + ": " +
+                std::string(TrimBlanks(
+                    std::string_view(line.label).substr(0, std::string_view(line.label).find(':')))) +
+                " of " + section.title);
     }
 
     ReportSection& section;
