@@ -15,7 +15,7 @@ using namespace corvane;
 
 constexpr int width = 800, height = 600;
 
-PlotRequest Points(std::int64_t count) {
+PlotPoints Points(std::int64_t count) {
     std::mt19937 random(3);
     std::normal_distribution<> normal;
     std::vector<double> x, y;
@@ -23,18 +23,13 @@ PlotRequest Points(std::int64_t count) {
         x.push_back(normal(random));
         y.push_back(x.back() + normal(random));
     }
-    PlotRequest request;
-    request.PointCount = static_cast<std::int32_t>(count);
-    request.ColumnCount = 3;
-    request.Title = "Observed vs Model-Predicted";
-    request.ChartData.assign(2, ShareColumn(std::move(x)));
-    request.ChartData.push_back(ShareColumn(std::move(y)));
-    return request;
+    return {ShareColumn(std::move(x)), ShareColumn(std::move(y)), {}};
 }
 
 void Chart(benchmark::State& state) {
     PrepareQt();
-    const ChartModel chart = CreateXYPlot(Points(state.range(0)));
+    const ChartModel chart =
+        PointChart(ChartKind::Scatter, {"Observed vs Model-Predicted", "", ""}, Points(state.range(0)), {});
     for (auto _ : state) {
         QCustomPlot plot;
         plot.resize(width, height);
@@ -46,7 +41,7 @@ void Chart(benchmark::State& state) {
 
 void PlainEllipses(benchmark::State& state) {
     PrepareQt();
-    const PlotRequest request = Points(state.range(0));
+    const PlotPoints points = Points(state.range(0));
     constexpr double diameter = 100.0 / 20 * 96 / 72; // as the chart's
     for (auto _ : state) {
         QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
@@ -55,9 +50,8 @@ void PlainEllipses(benchmark::State& state) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(Qt::white, 0.8));
         painter.setBrush(Qt::black);
-        for (std::size_t i = 0; i < request.ChartData[0]->size(); ++i)
-            painter.drawEllipse(QPointF(width / 2 + 80 * (*request.ChartData[0])[i],
-                                        height / 2 - 60 * (*request.ChartData[2])[i]),
+        for (std::size_t i = 0; i < points.x->size(); ++i)
+            painter.drawEllipse(QPointF(width / 2 + 80 * (*points.x)[i], height / 2 - 60 * (*points.y)[i]),
                                 diameter / 2, diameter / 2);
         benchmark::DoNotOptimize(image.bits());
     }

@@ -1,7 +1,7 @@
 // The bootstrap of MSEP close to the largest size that its 16 bits allow, beside as many plain passes over
 // the pairs and as many draws of its generator.
 
-#include "analyses/msep_bootstrap.h"
+#include "stats/msep_bootstrap.h"
 
 #include <benchmark/benchmark.h>
 #include <random>
@@ -23,7 +23,7 @@ std::vector<double> Sample(unsigned seed) {
 void Bootstrap(benchmark::State& state) {
     const std::vector<double> differences = Sample(1);
     for (auto _ : state)
-        benchmark::DoNotOptimize(corvane::BootstrapMSEP(subSamples, 20, differences, 7));
+        benchmark::DoNotOptimize(corvane::stats::BootstrapMSEP(subSamples, 20, differences, 7));
 }
 BENCHMARK(Bootstrap)->Unit(benchmark::kMillisecond);
 

@@ -1,5 +1,5 @@
 // The statistics routines at N = 10^5 and 10^6, as a multiple of std::sort of N random doubles in the same
-// run, with its growth between the sizes and its working memory.
+// run, with its growth between the sizes and its working memory; and how soon each ends when it is stopped.
 
 #include "stats/correlation.h"
 #include "stats/deviation_intervals.h"
@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -31,7 +32,9 @@
 #include <map>
 #include <new>
 #include <random>
+#include <stop_token>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -107,7 +110,7 @@ const Sample& Of(std::int64_t n) {
 struct Routine {
     const char* name;
     double most; ///< The greatest multiple of the sort that is wanted.
-    std::function<void(const Sample&)> run;
+    std::function<void(const Sample&, const std::stop_token&)> run;
 };
 
 template<class Result>
@@ -117,46 +120,69 @@ void Keep(Result&& result) {
 
 const Routine routines[] = {
     {"std::sort", 0,
-     [](const Sample& s) {
+     [](const Sample& s, const std::stop_token&) {
          std::vector<double> copy = s.X;
          std::sort(copy.begin(), copy.end());
          Keep(copy.data());
      }},
-    {"FitMedian", 20, [](const Sample& s) { Keep(FitMedian(s.X, s.Y)); }},
+    {"FitMedian", 20, [](const Sample& s, const std::stop_token& stop) { Keep(FitMedian(s.X, s.Y, stop)); }},
     {"ResidualStatistics", 5,
-     [](const Sample& s) {
-         Keep(ResidualStatistics(s.Line.a, s.Line.b, s.X, s.Y, s.Pairs.VarX, s.Pairs.MeanX, s.Pairs.MeanY));
+     [](const Sample& s, const std::stop_token& stop) {
+         Keep(ResidualStatistics(s.Line.a, s.Line.b, s.X, s.Y, s.Pairs.VarX, s.Pairs.MeanX, s.Pairs.MeanY,
+                                 stop));
      }},
-    {"FitLineFamily", 1, [](const Sample& s) { Keep(FitLineFamily(s.X, s.Y)); }},
-    {"FitLine", 1, [](const Sample& s) { Keep(FitLine(s.X, s.Y)); }},
-    {"FitLineXYErrors", 0, [](const Sample& s) { Keep(FitLineXYErrors(s.X, s.Y, s.SDX, s.SDY)); }},
-    {"PairStatistics", 1, [](const Sample& s) { Keep(PairStatistics(s.X, s.Y)); }},
-    {"MeanVariance", 1, [](const Sample& s) { Keep(MeanVariance(s.X)); }},
-    {"PearsonCorrelation", 1, [](const Sample& s) { Keep(PearsonCorrelation(s.X, s.Y)); }},
+    {"FitLineFamily", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(FitLineFamily(s.X, s.Y, stop)); }},
+    {"FitLine", 1, [](const Sample& s, const std::stop_token& stop) { Keep(FitLine(s.X, s.Y, stop)); }},
+    {"FitLineXYErrors", 0,
+     [](const Sample& s, const std::stop_token& stop) {
+         Keep(FitLineXYErrors(s.X, s.Y, s.SDX, s.SDY, 1e-30, stop));
+     }},
+    {"PairStatistics", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(PairStatistics(s.X, s.Y, stop)); }},
+    {"MeanVariance", 1, [](const Sample& s, const std::stop_token& stop) { Keep(MeanVariance(s.X, stop)); }},
+    {"PearsonCorrelation", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(PearsonCorrelation(s.X, s.Y, stop)); }},
     {"ResistantRSquared", 1,
-     [](const Sample& s) { Keep(ResistantRSquared(s.Y, s.Pairs.MeanY, s.Lines.Fitted)); }},
-    {"DiverseStatistics", 1,
-     [](const Sample& s) { Keep(DiverseStatistics(s.X, s.Y, s.Pairs.MeanX, s.Pairs.MeanY)); }},
-    {"FTestInterceptSlope", 1,
-     [](const Sample& s) {
-         Keep(FTestInterceptSlope(s.X, s.Y, s.Line.a, s.Line.b, s.Pairs.MeanX, s.Pairs.MeanY));
+     [](const Sample& s, const std::stop_token& stop) {
+         Keep(ResistantRSquared(s.Y, s.Pairs.MeanY, s.Lines.Fitted, stop));
      }},
-    {"KendallTau", 5, [](const Sample& s) { Keep(KendallTau(s.X, s.Y)); }},
-    {"SpearmanRank", 5, [](const Sample& s) { Keep(SpearmanRank(s.X, s.Y)); }},
-    {"RobustSn", 6, [](const Sample& s) { Keep(RobustSn(s.X)); }},
-    {"RobustQn", 20, [](const Sample& s) { Keep(RobustQn(s.X)); }},
-    {"GeneralizedConcordance", 40, [](const Sample& s) { Keep(GeneralizedConcordance(s.X, s.Y)); }},
-    {"KolmogorovSmirnov2", 4, [](const Sample& s) { Keep(KolmogorovSmirnov2(s.X, s.Y)); }},
-    {"MannWhitney", 4, [](const Sample& s) { Keep(MannWhitney(s.X, s.Y)); }},
-    {"ShapiroWilk", 4, [](const Sample& s) { Keep(ShapiroWilk(s.X)); }},
-    {"EDFNormalityStatistics", 4, [](const Sample& s) { Keep(EDFNormalityStatistics(s.X)); }},
-    {"MomentStatistics", 1, [](const Sample& s) { Keep(MomentStatistics(s.X)); }},
-    {"TTestUnequalVariance", 1, [](const Sample& s) { Keep(TTestUnequalVariance(s.Y, s.X)); }},
-    {"TTestPairedDifference", 1, [](const Sample& s) { Keep(TTestPairedDifference(s.Y, s.X)); }},
-    {"FTestVariance", 1, [](const Sample& s) { Keep(FTestVariance(s.Y, s.X)); }},
-    {"DistanceMeasures", 1, [](const Sample& s) { Keep(DistanceMeasures(s.X, s.Y, 3)); }},
+    {"DiverseStatistics", 1,
+     [](const Sample& s, const std::stop_token& stop) {
+         Keep(DiverseStatistics(s.X, s.Y, s.Pairs.MeanX, s.Pairs.MeanY, stop));
+     }},
+    {"FTestInterceptSlope", 1,
+     [](const Sample& s, const std::stop_token& stop) {
+         Keep(FTestInterceptSlope(s.X, s.Y, s.Line.a, s.Line.b, s.Pairs.MeanX, s.Pairs.MeanY, stop));
+     }},
+    {"KendallTau", 5, [](const Sample& s, const std::stop_token& stop) { Keep(KendallTau(s.X, s.Y, stop)); }},
+    {"SpearmanRank", 5,
+     [](const Sample& s, const std::stop_token& stop) { Keep(SpearmanRank(s.X, s.Y, false, false, stop)); }},
+    {"RobustSn", 6, [](const Sample& s, const std::stop_token& stop) { Keep(RobustSn(s.X, stop)); }},
+    {"RobustQn", 20, [](const Sample& s, const std::stop_token& stop) { Keep(RobustQn(s.X, stop)); }},
+    {"GeneralizedConcordance", 40,
+     [](const Sample& s, const std::stop_token& stop) { Keep(GeneralizedConcordance(s.X, s.Y, 1.5, stop)); }},
+    {"KolmogorovSmirnov2", 4,
+     [](const Sample& s, const std::stop_token& stop) { Keep(KolmogorovSmirnov2(s.X, s.Y, stop)); }},
+    {"MannWhitney", 4,
+     [](const Sample& s, const std::stop_token& stop) { Keep(MannWhitney(s.X, s.Y, stop)); }},
+    {"ShapiroWilk", 4, [](const Sample& s, const std::stop_token& stop) { Keep(ShapiroWilk(s.X, stop)); }},
+    {"EDFNormalityStatistics", 4,
+     [](const Sample& s, const std::stop_token& stop) { Keep(EDFNormalityStatistics(s.X, 2, false, stop)); }},
+    {"MomentStatistics", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(MomentStatistics(s.X, stop)); }},
+    {"TTestUnequalVariance", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(TTestUnequalVariance(s.Y, s.X, stop)); }},
+    {"TTestPairedDifference", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(TTestPairedDifference(s.Y, s.X, stop)); }},
+    {"FTestVariance", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(FTestVariance(s.Y, s.X, stop)); }},
+    {"DistanceMeasures", 1,
+     [](const Sample& s, const std::stop_token& stop) { Keep(DistanceMeasures(s.X, s.Y, 3, stop)); }},
     {"DeviationIntervalRows", 0,
-     [](const Sample& s) { Keep(DeviationIntervalRows(s.Line.a, s.Line.b, s.X, s.Y, 95)); }},
+     [](const Sample& s, const std::stop_token& stop) {
+         Keep(DeviationIntervalRows(s.Line.a, s.Line.b, s.X, s.Y, 95, stop));
+     }},
 };
 
 constexpr std::int64_t small = 100'000, large = 1'000'000;
@@ -168,7 +194,7 @@ void Measure(benchmark::State& state, const Routine& routine) {
     for (auto _ : state) {
         const std::size_t before = inUse;
         peak = inUse;
-        routine.run(sample);
+        routine.run(sample, {});
         most = std::max(most, peak - before);
     }
     state.counters["bytes"] = static_cast<double>(most) / static_cast<double>(state.range(0));
@@ -203,6 +229,40 @@ private:
     double smallTime = 0, sortTime = 1;
 };
 
+/// Milliseconds from a stop, asked when the routine has run for `after`, to its end.
+double StopTime(const Routine& routine, std::chrono::duration<double> after) {
+    using Clock = std::chrono::steady_clock;
+    std::stop_source source;
+    Clock::time_point asked;
+    std::thread asking([&] {
+        std::this_thread::sleep_for(after);
+        asked = Clock::now();
+        source.request_stop();
+    });
+    try {
+        routine.run(Of(large), source.get_token());
+    } catch (const Cancelled&) {
+    }
+    const Clock::time_point end = Clock::now();
+    asking.join();
+    return std::max(0.0, std::chrono::duration<double, std::milli>(end - asked).count());
+}
+
+void PrintStopTimes() {
+    std::printf("\n%-24s %20s, ms\n", "10^6", "stop to end, longest");
+    for (const Routine& routine : routines) {
+        if (routine.name == std::string("std::sort"))
+            continue;
+        const auto start = std::chrono::steady_clock::now();
+        routine.run(Of(large), {});
+        const std::chrono::duration<double> whole = std::chrono::steady_clock::now() - start;
+        double most = 0;
+        for (int stop = 1; stop < 10; ++stop)
+            most = std::max(most, StopTime(routine, 0.1 * stop * whole));
+        std::printf("%-24s %20.1f\n", routine.name, most);
+    }
+}
+
 } // namespace
 } // namespace corvane::stats
 
@@ -217,4 +277,5 @@ int main(int argumentCount, char** arguments) {
     benchmark::Initialize(&argumentCount, arguments);
     Table table;
     benchmark::RunSpecifiedBenchmarks(&table);
+    PrintStopTimes();
 }

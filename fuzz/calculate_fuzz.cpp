@@ -4,7 +4,6 @@
 #include "evaluation/calculate.h"
 #include "fuzzing.h"
 #include "plots/axis_scale.h"
-#include "plots/create_chart.h"
 #include "support/fakes.h"
 
 #include <algorithm>
@@ -79,6 +78,9 @@ void RequireReason(const RunResult& result, const Dataset& dataset,
                    const std::vector<std::string>& messages) {
     const AnalysisOptions& options = dataset.options;
     switch (result.end) {
+    case RunEnd::Cancelled:
+        Require(false, "a run that nobody stops ends by itself");
+        break;
     case RunEnd::Finished:
         return;
     case RunEnd::TooFewRows:
@@ -92,11 +94,12 @@ void RequireReason(const RunResult& result, const Dataset& dataset,
     }
 }
 
-void RequireChart(const ChartRequest& request) {
-    const ChartModel chart = CreateChart(request);
+void RequireChart(const ChartModel& chart) {
     for (const ChartSeries& series : chart.series) {
         Require(series.y != nullptr, "a series has values", chart.title);
         Require(!series.x || series.x->size() == series.y->size(), "every x has its y", chart.title);
+        Require(!series.rows || series.rows->size() == series.y->size(), "every point has its row",
+                chart.title);
         for (const auto& [place, text] : series.labels)
             Require(place < series.y->size(), "a label stands at a point", chart.title);
     }
@@ -118,8 +121,8 @@ void RequireReport(const Dataset& dataset, const SessionState& session, const Ru
     fuzzing::RequireFinite(result.report);
     for (const RunWindow& window : result.windows)
         fuzzing::RequireFinite(window.content);
-    for (const ChartRequest& request : result.plots)
-        RequireChart(request);
+    for (const ChartModel& chart : result.plots)
+        RequireChart(chart);
     for (const std::string& warning : result.warnings)
         Require(!warning.empty(), "a warning has words");
     for (const double limit :
@@ -130,9 +133,15 @@ void RequireReport(const Dataset& dataset, const SessionState& session, const Ru
             "every number has a name of its own"); // throws otherwise
 }
 
-void RequireSameReport(Dataset dataset, SessionState session, const RunResult& result) {
-    testing::RunFakes fakes;
-    const RunResult same = Calculate(dataset, session, fakes.Services("/residues"));
+RunResult Run(const Dataset& dataset, const SessionState& session) {
+    testing::RecordingProgress progress;
+    return Calculate({dataset, session, testing::FixedClock().Now(), testing::FixedRandom().Seed(),
+                      "/residues/Residue0000.TXT"},
+                     progress);
+}
+
+void RequireSameReport(const Dataset& dataset, const SessionState& session, const RunResult& result) {
+    const RunResult same = Run(dataset, session);
     Require(same.report.Text() == result.report.Text(), "the same run has the same report");
 }
 
@@ -144,16 +153,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Dataset dataset;
     SessionState session;
     ReadInput({data, size}, dataset, session);
-    const Dataset sameDataset = dataset;
-    const SessionState sameSession = session;
+    const Dataset before = dataset;
+    const SessionState sessionBefore = session;
 
-    testing::RunFakes fakes;
-    const RunResult result = Calculate(dataset, session, fakes.Services("/residues"));
-    RequireReason(result, dataset, fakes.dialogs.messages);
+    const RunResult result = Run(dataset, session);
+    RequireReason(result, dataset, result.messages);
+    ApplyChanges(result.changes, dataset, session);
     if (result.end == RunEnd::Finished)
         RequireReport(dataset, session, result);
     // A run takes most of an input's time, so that only some are tried twice.
     if (size % 4 == 0)
-        RequireSameReport(sameDataset, sameSession, result);
+        RequireSameReport(before, sessionBefore, result);
     return 0;
 }

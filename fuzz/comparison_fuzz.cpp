@@ -73,16 +73,19 @@ Input ReadInput(Bytes bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace corvane;
     Input input = ReadInput({data, size});
-    testing::RunFakes fakes;
     const auto compare = [&] {
-        return CompareModels(input.list, input.references,
-                             {fakes.dialogs, fakes.feedback, fakes.clock, input.files});
+        testing::RecordingProgress progress;
+        ComparisonResult compared = CompareModels(
+            {input.list.Rows(), input.list.settings, input.references, testing::FixedClock().Now()},
+            input.files, progress);
+        input.list.settings = compared.settings;
+        return compared;
     };
     const ComparisonResult result = compare();
     for (const std::string& warning : result.warnings)
         Require(!warning.empty(), "a warning has words");
     if (!result.finished) {
-        Require(!result.fault.empty() || !fakes.dialogs.messages.empty(),
+        Require(!result.fault.empty() || !result.messages.empty(),
                 "a comparison without a report has a reason");
         return 0;
     }

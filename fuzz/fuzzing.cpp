@@ -39,17 +39,17 @@ bool SaysNoNumber(std::string_view word) {
 
 void RequireFinite(const ReportLine& line) {
     for (const ReportPiece& piece : line.pieces)
-        if (const auto* number = std::get_if<double>(&piece.field.field.value); piece.isField && number)
-            Require(std::isfinite(*number), "a number of the report is finite", piece.field.name);
-    if (!line.table)
+        if (const auto* number = piece.field ? std::get_if<double>(&piece.field->field.value) : nullptr)
+            Require(std::isfinite(*number), "a number of the report is finite", piece.field->name);
+    if (!line.listing)
         return;
-    for (const TableColumn& column : line.table->columns) {
+    for (const ListingColumn& column : line.listing->columns) {
         if (!column.values)
             continue;
-        Require(column.values->size() >= line.table->rows, "a table's column is as long as the table",
+        Require(column.values->size() >= line.listing->rows, "a listing's column is as long as the listing",
                 column.name);
         Require(std::ranges::all_of(*column.values, [](double value) { return std::isfinite(value); }),
-                "the numbers of a table are finite", column.name);
+                "the numbers of a listing are finite", column.name);
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/report.h"
+#include "report/report.h"
 
 #include <cstddef>
 #include <cstdint>

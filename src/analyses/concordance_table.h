@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "CONCORDANCE CORRELATION COEFFICIENT": the estimators of Lin and of Liao, each as it stands and
-/// transformed, and between them the intraclass correlation, which goes by the label of the first.
-void WriteConcordance(RunState& run);
+/// The estimators of Lin and of Liao, each as it is and transformed, and between them the intraclass
+/// correlation, which goes by the label of the first.
+extern const SectionDefinition ConcordanceSection;
 
 } // namespace corvane

@@ -6,6 +6,7 @@
 #include "stats/deviation_intervals.h"
 #include "stats/distributions.h"
 #include "stats/moments.h"
+#include "stats/residual_limits.h"
 #include "stats/sums.h"
 
 #include <array>
@@ -17,13 +18,38 @@
 namespace corvane {
 namespace {
 
-using IntervalRow = stats::DeviationIntervalRow;
-
-struct Limits {
-    double lower, upper;
+constexpr Place places[] = {
+    {"a", "deviation_line.intercept", "Estimate a ± SD                  : "},
+    {"SDa", "regression.intercept.sd", " ± "},
+    {"b", "deviation_line.slope", "Estimate b ± SD                  : "},
+    {"SDb", "regression.slope.sd", " ± "},
+    {"T_a", "test.intercept.t", "H0: a = 0; T-value (P-value)     : "},
+    {"P_a", "test.intercept.p", " (", 7, 5, Look::Probability},
+    {"T_b", "test.slope_zero.t", "H0: b = 0; T-value (P-value)     : "},
+    {"P_b", "test.slope_zero.p", " (", 7, 5, Look::Probability},
+    {"RSquared", "deviation_line.r_squared", "r²                               : "},
+    {"MSE", "deviation_line.mse", "MSE                              : "},
+    {"MeanDeviation", "bias.mean", "Mean deviation                   : "},
+    {"P_MeanDeviation", "means.paired_difference.p", " (P = ", 7, 5, Look::Probability},
+    {"CILower", "deviation.mean.interval"},
+    {"CIUpper", "deviation.mean.interval", " to "},
+    {"PILower", "deviation.new.interval"},
+    {"PIUpper", "deviation.new.interval", " to "},
+    {"Variance", "moments.difference.variance", "Variance deviation               : "},
+    {"SD", "deviation.sd", "S deviation                      : "},
+    {"Confidence", "deviation.confidence", "Assuming "},
+    {"RootSumOfSquares", "deviation.root_sum_squares", "Root of sum of deviation squared : "},
+    {"NoBiasLower", "deviation.size.no_bias", "Assuming no mean bias            : "},
+    {"NoBiasUpper", "deviation.size.no_bias", " to "},
+    {"ConstantBiasLower", "deviation.size.constant_bias", "Assuming constant mean bias      : "},
+    {"ConstantBiasUpper", "deviation.size.constant_bias", " to "},
+    {"ProportionalBiasLower", "deviation.size.proportional_bias", "Assuming proportional bias       : "},
+    {"ProportionalBiasUpper", "deviation.size.proportional_bias", " to "},
 };
 
-/// A number to 15 digits, without those behind them that its own subtraction left.
+using IntervalRow = stats::DeviationIntervalRow;
+
+/// A number to 15 digits, without those after them that its own subtraction left.
 std::string ToFifteenDigits(double value) {
     std::array<char, 32> text{};
     const auto written =
@@ -48,127 +74,145 @@ double OutsideProbability(RunState& run) {
     return alpha;
 }
 
-/// Limits of the size that a deviation exceeds with probability alpha: root sqrt(chi(1 - alpha, 1) / chi),
-/// `root` that of a sum of squares and chi the quantiles at 1 - tail and tail of its DF degrees of freedom.
-/// Freese (1960); Reynolds (1984).
-Limits SizeLimits(double root, int DF, double tail, double alpha) {
-    const double of = stats::InverseChiSquare(1 - alpha, 1);
-    const auto limit = [&](double P) {
-        return root * SquareRoot(Divide(of, stats::InverseChiSquare(P, DF)));
-    };
-    return {limit(1 - tail), limit(tail)};
+stats::SizeLimits SizeLimits(double rootSum, int DF, double tail, double alpha) {
+    if (const auto limits = stats::FreeseLimits(rootSum, DF, tail, alpha))
+        return *limits;
+    throw RunFailure("the limits of the size of a deviation have no value");
 }
 
-void WriteLimits(ReportSection& section, const std::string& label, const std::string& name,
-                 const Limits& limits) {
-    section.Line(label, F(10, 5, limits.lower).Named(name + "Lower"), " to ",
-                 F(10, 5, limits.upper).Named(name + "Upper"));
-}
-
-void WriteEstimate(ReportSection& section, const std::string& name, double estimate, double sd) {
-    section.Line("Estimate " + name + " ± SD                  : ", F(10, 5, estimate).Named(name), " ± ",
-                 F(10, 5, sd).Named("SD" + name));
-}
-
+/// The test of a coefficient, unless its SD is 0.
 void WriteTTest(ReportSection& section, const std::string& name, double estimate, double sd, double DF) {
+    if (!(sd > 0))
+        return;
     const double t = TStatistic(estimate, sd);
-    section.Line("H0: " + name + " = 0; T-value (P-value)     : ", F(10, 5, t).Named("T_" + name), " (",
-                 FP(7, 5, stats::TailT(t, DF)).Named("P_" + name), ")");
+    section.Row({{"T_" + name, t}, {"P_" + name, stats::TailT(t, DF)}, ")"});
 }
 
-struct IntervalColumn {
-    const char *title, *name;
-    double IntervalRow::*value;
+void WriteRegression(const RunState& run, ReportSection& section, const stats::LineFit& line) {
+    const double DF = run.N() - 2;
+    section.Text("Regression of: Deviation = a + b×'Model-Predicted'");
+    section.Row({{"a", line.a}, {"SDa", line.SDa}});
+    section.Row({{"b", line.b}, {"SDb", line.SDb}});
+    WriteTTest(section, "a", line.a, line.SDa, DF);
+    WriteTTest(section, "b", line.b, line.SDb, DF);
+    section.Row(
+        {{"RSquared", stats::PearsonCorrelation(run.arrays.X, run.residuals.Deviation, run.stop).RSquared}});
+    section.Row({{"MSE", stats::Finite(stats::Square(Divide(line.RootChi2, SquareRoot(DF))))}});
+}
+
+/// The mean of the deviations with its test, and the intervals of it and of a single further deviation.
+void WriteMean(const RunState& run, ReportSection& section, const stats::MeanVarianceResult& deviations,
+               double alpha, const std::string& percent) {
+    const double n = run.N();
+    const auto [mean, variance, sd] = deviations;
+    const double t = Divide(mean, sd / SquareRoot(n));
+    const auto halfWidth = [&, spread = sd](double factor) {
+        return stats::InverseT(1 - alpha / 2, n - 1) * spread * SquareRoot(factor);
+    };
+    const double ci = halfWidth(1 / n), lower = mean - ci, upper = mean + ci;
+    section.Row({RowItem("MeanDeviation", mean).Between(stats::Finite(lower), stats::Finite(upper)),
+                 {"P_MeanDeviation", stats::TailT(t, n - 1)},
+                 ")"});
+    const std::string ending = " interval (" + percent + "%)        : ";
+    section.Row(
+        {"Confidence" + ending, {"CILower", stats::Finite(lower)}, {"CIUpper", stats::Finite(upper)}});
+    const double pi = halfWidth(1 / n + 1);
+    section.Row({"Prediction" + ending,
+                 {"PILower", stats::Finite(mean - pi)},
+                 {"PIUpper", stats::Finite(mean + pi)}});
+    section.Row({{"Variance", variance}});
+    section.Row({{"SD", sd}});
+}
+
+constexpr Place intervalPlaces[] = {
+    {"X", "pair.predicted", "X", 12},
+    {"Deviation", "deviation", "Deviation", 12},
+    {"Fitted", "deviation_line.fitted", "Fitted", 12},
+    {"CILower", "deviation_line.interval", "CI Lower", 12},
+    {"CIUpper", "deviation_line.interval", "CI Upper", 12},
+    {"PILower", "deviation_line.new_interval", "PI Lower", 12},
+    {"PIUpper", "deviation_line.new_interval", "PI Upper", 12},
 };
 
-constexpr IntervalColumn intervalColumns[] = {
-    {"X", "X", &IntervalRow::X},
-    {"Deviation", "Deviation", &IntervalRow::Deviation},
-    {"Fitted", "Fitted", &IntervalRow::Fitted},
-    {"CI Lower", "CILower", &IntervalRow::CILower},
-    {"CI Upper", "CIUpper", &IntervalRow::CIUpper},
-    {"PI Lower", "PILower", &IntervalRow::PILower},
-    {"PI Upper", "PIUpper", &IntervalRow::PIUpper},
+constexpr SectionFrame intervalFrame{
+    "deviation_intervals", "Deviation Analysis - Confidence and Prediction Interval", {intervalPlaces}};
+
+/// Of the columns, in their order.
+constexpr double IntervalRow::*intervalValues[] = {
+    &IntervalRow::X,       &IntervalRow::Deviation, &IntervalRow::Fitted,  &IntervalRow::CILower,
+    &IntervalRow::CIUpper, &IntervalRow::PILower,   &IntervalRow::PIUpper,
 };
 
 /// The text of stats::DeviationIntervals as a table.
 void OpenIntervalWindow(RunState& run, const stats::LineFit& line, double confidence) {
-    constexpr std::int32_t width = 12, decimals = 5;
-    const std::vector<IntervalRow> rows =
-        stats::DeviationIntervalRows(line.a, line.b, run.arrays.X, run.residuals.Deviation, confidence);
-    std::string titles;
-    ReportTable table{.columns = {}, .rows = rows.size()};
-    for (const IntervalColumn& column : intervalColumns) {
-        titles += AlignField(column.title, width, AlignRight);
+    const std::vector<IntervalRow> rows = stats::DeviationIntervalRows(
+        line.a, line.b, run.arrays.X, run.residuals.Deviation, confidence, run.stop);
+    std::string head;
+    std::vector<std::string> titles;
+    Listing listing{.columns = {}, .rows = rows.size()};
+    for (std::size_t i = 0; i < std::size(intervalPlaces); ++i) {
+        const Place& place = intervalPlaces[i];
+        head += AlignField(place.label, place.width, AlignRight);
+        titles.emplace_back(place.label);
         std::vector<double> values;
         values.reserve(rows.size());
         for (const IntervalRow& row : rows)
-            values.push_back(row.*column.value);
-        table.columns.push_back({column.name, ShareColumn(std::move(values)), width, decimals});
+            values.push_back(row.*intervalValues[i]);
+        listing.columns.push_back({std::string(place.name), ShareColumn(std::move(values))});
     }
 
     RunWindow window{"deviation", "Deviation Analyses - ", Report("deviation_header")};
     window.content.Current().lines = run.header;
-    ReportSection& section = window.content.BeginSection(
-        "deviation_intervals", "Deviation Analysis - Confidence and Prediction Interval");
-    const std::string rule(titles.size(), '-');
-    section.Line(titles);
-    section.Line(rule);
-    section.Table(std::move(table));
-    section.Line(rule);
+    ReportSection& section = window.content.BeginSection(intervalFrame);
+    const std::size_t ruleLength = head.size();
+    section.BeginTable(std::move(titles));
+    section.TableHead(std::move(head));
+    section.Rule(ruleLength);
+    section.List(std::move(listing));
+    section.Rule(ruleLength);
     run.windows.push_back(std::move(window));
 }
 
-} // namespace
-
-void WriteDeviationAnalysis(RunState& run) {
+void Write(RunState& run) {
     const std::vector<double>&X = run.arrays.X, &D = run.residuals.Deviation;
     const int N = static_cast<int>(X.size());
     const double n = run.N();
     const double alpha = OutsideProbability(run), confidence = 100 - 100 * alpha;
-    const stats::LineFit line = stats::FitLine(X, D);
-    const auto [mean, variance, sd] = stats::MeanVariance(D);
-    const double MSE = stats::Square(Divide(line.RootChi2, SquareRoot(n - 2))),
-                 rootSum = SquareRoot(n) * run.errors.RMSEP;
-    const Limits noBias = SizeLimits(rootSum, N, alpha, alpha);
+    const stats::LineFit line = stats::FitLine(X, D, run.stop);
+    stats::MeanVarianceResult deviations = stats::MeanVariance(D, run.stop);
+    deviations.Mean = run.errors.MeanBias; // summed from the pairs, so that an exact zero is one
+    const double rootSum = SquareRoot(n) * run.errors.RMSEP;
+    const stats::SizeLimits noBias = SizeLimits(rootSum, N, alpha, alpha);
     // (n - 1) sd^2 = sum D^2 - n mean^2, which rounding would make negative where the bias is all.
-    const Limits constantBias = SizeLimits(SquareRoot(n - 1) * sd, N - 1, alpha, alpha);
-    const Limits proportionalBias = SizeLimits(line.RootChi2, N - 2, alpha / 2, alpha);
+    const stats::SizeLimits constantBias = SizeLimits(SquareRoot(n - 1) * deviations.SD, N - 1, alpha, alpha);
+    const stats::SizeLimits proportionalBias = SizeLimits(line.RootChi2, N - 2, alpha / 2, alpha);
 
-    ReportSection& section = run.report.BeginSection("deviation_analysis", "DEVIATION ANALYSIS");
-    section.Line("Regression of: Deviation = a + b×'Model-Predicted'");
-    WriteEstimate(section, "a", line.a, line.SDa);
-    WriteEstimate(section, "b", line.b, line.SDb);
-    if (line.SDa > 0)
-        WriteTTest(section, "a", line.a, line.SDa, n - 2);
-    if (line.SDb > 0)
-        WriteTTest(section, "b", line.b, line.SDb, n - 2);
-    section.Line("r²                               : ",
-                 F(10, 5, stats::PearsonCorrelation(X, D).RSquared).Named("RSquared"));
-    section.Line("MSE                              : ", F(10, 5, stats::Finite(MSE)).Named("MSE"));
-    const double t = Divide(mean, sd / SquareRoot(n));
-    section.Line("Mean deviation                   : ", F(10, 5, mean).Named("MeanDeviation"),
-                 " (P = ", FP(7, 5, stats::TailT(t, n - 1)).Named("P_MeanDeviation"), ")");
+    ReportSection& section = run.report.BeginSection(DeviationAnalysisSection.frame);
+    WriteRegression(run, section, line);
     const std::string percent = ToFifteenDigits(confidence);
-    const auto around = [&, centre = mean, spread = sd](double factor) {
-        const double half = stats::InverseT(1 - alpha / 2, n - 1) * spread * SquareRoot(factor);
-        return Limits{centre - half, centre + half};
-    };
-    WriteLimits(section, "Confidence interval (" + percent + "%)        : ", "CI", around(1 / n));
-    WriteLimits(section, "Prediction interval (" + percent + "%)        : ", "PI", around(1 / n + 1));
-    section.Line("Variance deviation               : ", F(10, 5, variance).Named("Variance"));
-    section.Line("S deviation                      : ", F(10, 5, sd).Named("SD"));
-    section.Line();
-    section.Line(
+    WriteMean(run, section, deviations, alpha, percent);
+    section.Blank();
+    section.Heading(
         "Confidence Interval of the Distribution of the |Deviations| (Freese, 1960; Reynolds, 1984)");
-    section.Line(std::string(90, '-'));
-    section.Line("Assuming ", ReportField{{confidence}, "Confidence", percent}, "% of probability");
-    section.Line("Root of sum of deviation squared : ", F(10, 5, rootSum).Named("RootSumOfSquares"));
-    WriteLimits(section, "Assuming no mean bias            : ", "NoBias", noBias);
-    WriteLimits(section, "Assuming constant mean bias      : ", "ConstantBias", constantBias);
-    WriteLimits(section, "Assuming proportional bias       : ", "ProportionalBias", proportionalBias);
-    NormalityTest(section, D, "Deviation.");
+    section.Row({RowItem("Confidence", confidence).As(percent), "% of probability"});
+    section.Row({{"RootSumOfSquares", stats::Finite(rootSum)}});
+    section.Row({{"NoBiasLower", noBias.Lower}, {"NoBiasUpper", noBias.Upper}});
+    section.Row({{"ConstantBiasLower", constantBias.Lower}, {"ConstantBiasUpper", constantBias.Upper}});
+    section.Row({{"ProportionalBiasLower", proportionalBias.Lower},
+                 {"ProportionalBiasUpper", proportionalBias.Upper}});
+    NormalityTest(section, D, "Deviation.", run.stop);
     OpenIntervalWindow(run, line, confidence);
 }
+
+} // namespace
+
+const SectionDefinition DeviationAnalysisSection{
+    .frame = {"deviation_analysis", "DEVIATION ANALYSIS", {places, NormalityPlaces}},
+    .gate = {&AnalysisOptions::DEVIATION_ANALYSIS},
+    .progress = "Deviation analysis...",
+    .meaning = "Whether the errors depend on the prediction, and within which limits they lie.",
+    .papers = "neter1996; freese1960; reynolds1984",
+    .write = Write,
+};
 
 } // namespace corvane

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "DISTANCE ANALYSIS (???)": distances between the vectors of X and Y, Minkowski's for the orders 1
-/// to 7.
-void WriteDistanceAnalysis(RunState& run);
+/// Distances between the vectors of X and Y, Minkowski's for the orders 1 to 7.
+extern const SectionDefinition DistanceAnalysisSection;
 
 } // namespace corvane

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "DISTRIBUTION ANALYSES": whether X and Y are normally distributed. Its last line is open.
-void WriteDistribution(RunState& run);
+/// Whether X and Y are normally distributed. Its last line is open.
+extern const SectionDefinition DistributionSection;
 
 } // namespace corvane

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "DIVERSE MEASURE ANALYSES": mean bias and mean absolute error, also in per cent of both means,
-/// tests of equal variances and of no bias, MAPE, MEF, CD and the largest error.
-void WriteDiverseMeasures(RunState& run);
+/// Mean bias and mean absolute error, also in per cent of both means, tests of equal variances and of no
+/// bias, MAPE, MEF, CD and the largest error.
+extern const SectionDefinition DiverseMeasuresSection;
 
 } // namespace corvane

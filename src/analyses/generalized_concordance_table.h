@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "GENERALIZED CONCORDANCE CORRELATION COEFFICIENT": a row for each of seven distances.
-void WriteGeneralizedConcordance(RunState& run);
+/// A row for each of seven distances.
+extern const SectionDefinition GeneralizedConcordanceSection;
 
 } // namespace corvane

@@ -1,59 +1,67 @@
 #include "analyses/index_analysis.h"
 
-#include "stats/distributions.h"
-#include "stats/moment_statistics.h"
+#include "stats/ratio_statistics.h"
 
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace corvane {
 namespace {
 
-struct Ratios {
-    double Mean = 0, SD = 0, PZero = 0, POne = 0;
+/// The probabilities have no look of their own: these two print as zero.
+constexpr Place places[] = {
+    {"RatioOfMeans", "ratio.of_means", "Ave(X)/Ave(Y): "},
+    {"Mean", "ratio.mean", "Ave(X/Y)     : "},
+    {"SD", "ratio.sd", "SD(X/Y)      : "},
+    {"CI05Lower", "ratio.interval_05", "CI (P=0.05)  : ["},
+    {"CI05Upper", "ratio.interval_05", ","},
+    {"CI10Lower", "ratio.interval_10", "CI (P=0.10)  : ["},
+    {"CI10Upper", "ratio.interval_10", ","},
+    {"PZero", "ratio.p_zero", "P(Ratio = 0) : "},
+    {"POne", "ratio.p_one", "P(Ratio = 1) : "},
 };
 
-/// What is computed before a failure stays: ratios that are all the same have Mean and SD, and P of 0.
-void RatioAnalysis(const std::vector<double>& X, const std::vector<double>& Y, Ratios& result) {
-    std::vector<double> ratio(X.size());
-    for (std::size_t i = 0; i < ratio.size(); ++i)
-        if (Y[i] != 0)
-            ratio[i] = Divide(X[i], Y[i]);
-    const auto moments = stats::MomentStatistics(ratio);
-    result.Mean = moments.Mean;
-    result.SD = moments.SD;
-    // N - 2 degrees of freedom although these are tests of one sample: a convention of this analysis.
-    const double N = static_cast<double>(ratio.size()), error = Divide(moments.SD, SquareRoot(N));
-    result.PZero = stats::TailT(Divide(moments.Mean, error), N - 2);
-    result.POne = stats::TailT(Divide(moments.Mean - 1, error), N - 2);
+template<class Value>
+Value OrFail(const std::optional<Value>& value, const char* reason) {
+    if (!value)
+        throw RunFailure(reason);
+    return *value;
+}
+
+void Write(RunState& run) {
+    ReportSection& section = run.report.BeginSection(IndexAnalysisSection.frame);
+    const auto row = [&](auto&& write) { run.Statement(write); };
+    // What is computed before a failure stays: ratios that are all the same have Mean and SD, and P of 0.
+    stats::RatioStatistics ratios{.N = run.arrays.Count()};
+    double PZero = 0, POne = 0;
+    run.Statement([&] {
+        ratios = OrFail(stats::RatioMoments(run.arrays.X, run.arrays.Y, run.stop), "overflow in a division");
+        PZero = OrFail(stats::RatioTest(ratios, 0), "division by zero");
+        POne = OrFail(stats::RatioTest(ratios, 1), "division by zero");
+    });
+    row([&] { section.Row({{"RatioOfMeans", Divide(run.pairs.MeanX, run.pairs.MeanY)}}); });
+    row([&] { section.Row({{"Mean", ratios.Mean}}); });
+    row([&] { section.Row({{"SD", ratios.SD}}); });
+    const auto interval = [&](const std::string& name, double P) {
+        row([&] {
+            const stats::RatioLimits limits = stats::RatioInterval(ratios, P);
+            section.Row({{name + "Lower", limits.Lower}, {name + "Upper", limits.Upper}, "]"});
+        });
+    };
+    interval("CI05", 0.05);
+    interval("CI10", 0.10);
+    row([&] { section.Row({{"PZero", PZero}}); });
+    row([&] { section.Row({{"POne", POne}}); });
 }
 
 } // namespace
 
-void WriteIndexAnalysis(RunState& run) {
-    ReportSection& section = run.report.BeginSection("index_analysis", "INDEX ANALYSIS");
-    Ratios ratios;
-    run.Statement([&] { RatioAnalysis(run.arrays.X, run.arrays.Y, ratios); });
-    run.Statement([&] {
-        section.Line("Ave(X)/Ave(Y): ",
-                     F(10, 5, Divide(run.pairs.MeanX, run.pairs.MeanY)).Named("RatioOfMeans"));
-    });
-    run.Statement([&] { section.Line("Ave(X/Y)     : ", F(10, 5, ratios.Mean).Named("Mean")); });
-    run.Statement([&] { section.Line("SD(X/Y)      : ", F(10, 5, ratios.SD).Named("SD")); });
-    // The quantile of the lower tail is negative, so L is the lower limit; the tail outside each limit has
-    // the probability of the label. N degrees of freedom, unlike the tests.
-    const auto interval = [&](const char* label, const std::string& name, double P) {
-        run.Statement([&] {
-            const double t = stats::InverseT(P, run.N()), half = t * ratios.SD / SquareRoot(run.N());
-            section.Line(label, F(10, 5, ratios.Mean + half).Named(name + "Lower"), ",",
-                         F(10, 5, ratios.Mean - half).Named(name + "Upper"), "]");
-        });
-    };
-    interval("CI (P=0.05)  : [", "CI05", 0.05);
-    interval("CI (P=0.10)  : [", "CI10", 0.10);
-    // Not marked as probabilities: these two print as zero.
-    run.Statement([&] { section.Line("P(Ratio = 0) : ", F(10, 5, ratios.PZero).Named("PZero")); });
-    run.Statement([&] { section.Line("P(Ratio = 1) : ", F(10, 5, ratios.POne).Named("POne")); });
-}
+const SectionDefinition IndexAnalysisSection{
+    .frame = {"index_analysis", "INDEX ANALYSIS", {places}},
+    .gate = {&AnalysisOptions::INDEX_ANALYSIS},
+    .progress = "Index...",
+    .meaning = "The ratio of predicted to observed, which is 1 for a model without bias.",
+    .write = Write,
+};
 
 } // namespace corvane

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "INDEX ANALYSIS": the ratio X / Y pair by pair, its mean with two confidence intervals and tests.
-/// A pair with Y = 0 has the ratio 0.
-void WriteIndexAnalysis(RunState& run);
+/// The ratio X / Y pair by pair, its mean with two confidence intervals and tests. A pair with Y = 0 has the
+/// ratio 0.
+extern const SectionDefinition IndexAnalysisSection;
 
 } // namespace corvane

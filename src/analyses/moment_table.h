@@ -1,11 +1,10 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "MOMENT ANALYSES": moments and order statistics of X and Y side by side. Sets the run's means and
-/// variances again.
-void WriteMoments(RunState& run);
+/// Moments and order statistics of X and Y side by side. Sets the run's means and variances again.
+extern const SectionDefinition MomentsSection;
 
 } // namespace corvane

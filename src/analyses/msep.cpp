@@ -6,62 +6,79 @@
 namespace corvane {
 namespace {
 
+constexpr Place places[] = {
+    {"MSEP", "msep", "Mean Square Error of Prediction     : ", 11},
+    {"VarMSEP", "msep.variance", "Variance of MSEP                    : ", 11},
+    {"SDMSEP", "msep.sd", "Standard deviation of MSEP          : ", 11},
+    {"CVMSEP", "msep.cv", "Coefficient of variation of MSEP, % : ", 11},
+    {"RMSEP", "rmsep", "Square root of MSEP (RMSEP)         : ", 11},
+    {"RMSEPPercentOfX", "rmsep.percent_of_x", "RMSEP, % of mean X                  : ", 11},
+    {"RMSEPPercentOfY", "rmsep.percent_of_y", "RMSEP, % of mean Y                  : ", 11},
+    {"*.MeanBias", "msep.part.mean_bias", "Mean bias ==> Mean X <> Mean Y      : ", 11},
+    {"*.MeanBiasPercent", "msep.part.mean_bias.percent", " (", 7, 3},
+    {"I.UnequalVariances", "msep.part.unequal_variances", "Unequal variances ==> Sx <> Sy      : ", 11},
+    {"I.UnequalVariancesPercent", "msep.part.unequal_variances.percent", " (", 7, 3},
+    {"I.IncompleteCovariation", "msep.part.incomplete_covariation",
+     "Incomplete (co)variation ==> r <> 1 : ", 11},
+    {"I.IncompleteCovariationPercent", "msep.part.incomplete_covariation.percent", " (", 7, 3},
+    {"II.SystematicBias", "msep.part.systematic_bias", "Systematic bias ==> b <> 1          : ", 11},
+    {"II.SystematicBiasPercent", "msep.part.systematic_bias.percent", " (", 7, 3},
+    {"II.RandomErrors", "msep.part.random_errors", "Random errors ==> r2 <> 1           : ", 11},
+    {"II.RandomErrorsPercent", "msep.part.random_errors.percent", " (", 7, 3},
+};
+
 struct Component {
-    const char* label;
-    const char* name;
+    const char* place;
     std::size_t part; ///< of MSEPParts
 };
 
-constexpr Component meanBias{"Mean bias ==> Mean X <> Mean Y      : ", "MeanBias", 0};
+using Decomposition = std::array<Component, 3>;
 
-constexpr std::array<Component, 3> firstDecomposition{{
-    meanBias,
-    {"Unequal variances ==> Sx <> Sy      : ", "UnequalVariances", 1},
-    {"Incomplete (co)variation ==> r <> 1 : ", "IncompleteCovariation", 2},
-}};
-
-constexpr std::array<Component, 3> secondDecomposition{{
-    meanBias,
-    {"Systematic bias ==> b <> 1          : ", "SystematicBias", 3},
-    {"Random errors ==> r2 <> 1           : ", "RandomErrors", 4},
-}};
+constexpr Decomposition firstDecomposition{
+    {{"*.MeanBias", 0}, {"I.UnequalVariances", 1}, {"I.IncompleteCovariation", 2}}};
+constexpr Decomposition secondDecomposition{
+    {{"*.MeanBias", 0}, {"II.SystematicBias", 3}, {"II.RandomErrors", 4}}};
 
 void WriteDecomposition(RunState& run, ReportSection& section, const std::string& number,
-                        const std::array<Component, 3>& components) {
-    section.Line();
-    section.Line("MSEP Decomposition " + number + ":");
-    for (const Component& component : components)
-        run.Statement([&] {
-            const double part = run.errors.MSEPParts[component.part],
-                         share = run.errors.MSEPShares[component.part];
-            const std::string name = number + "." + component.name;
-            section.Line(component.label, F(11, 5, part).Named(name), " (",
-                         F(7, 3, 100 * share).Named(name + "Percent"), " %)");
+                        const Decomposition& components) {
+    section.Blank();
+    section.Text("MSEP Decomposition " + number + ":");
+    for (const auto& [place, index] : components)
+        run.Statement([&, name = std::string(place), part = run.errors.MSEPParts[index],
+                       share = run.errors.MSEPShares[index]] {
+            section.Row({{name, part, number}, {name + "Percent", 100 * share, number}, " %)"});
         });
+}
+
+void Write(RunState& run) {
+    const stats::ErrorMeasures& errors = run.errors;
+    ReportSection& section = run.report.BeginSection(MsepSection.frame);
+    const auto row = [&](const char* place, auto value) {
+        run.Statement([&] { section.Row({{place, value()}}); });
+    };
+    row("MSEP", [&] { return errors.MSEP; });
+    if (errors.RMSEP <= 0)
+        return;
+    row("VarMSEP", [&] { return errors.VarMSEP; });
+    row("SDMSEP", [&] { return errors.SDMSEP; });
+    row("CVMSEP", [&] { return 100 * errors.CVMSEP; });
+    row("RMSEP", [&] { return errors.RMSEP; });
+    row("RMSEPPercentOfX", [&] { return Percent(errors.RMSEP, run.pairs.MeanX); });
+    row("RMSEPPercentOfY", [&] { return Percent(errors.RMSEP, run.pairs.MeanY); });
+    WriteDecomposition(run, section, "I", firstDecomposition);
+    WriteDecomposition(run, section, "II", secondDecomposition);
 }
 
 } // namespace
 
-void WriteMsep(RunState& run) {
-    const stats::ErrorMeasures& errors = run.errors;
-    ReportSection& section =
-        run.report.BeginSection("msep", "MEAN SQUARE ERROR OF PREDICTION (Bibby and Toutenburg, 1977)");
-    const auto write = [&](const char* label, const char* name, auto value) {
-        run.Statement([&] { section.Line(label, F(11, 5, value()).Named(name)); });
-    };
-    write("Mean Square Error of Prediction     : ", "MSEP", [&] { return errors.MSEP; });
-    if (errors.RMSEP <= 0)
-        return;
-    write("Variance of MSEP                    : ", "VarMSEP", [&] { return errors.VarMSEP; });
-    write("Standard deviation of MSEP          : ", "SDMSEP", [&] { return errors.SDMSEP; });
-    write("Coefficient of variation of MSEP, % : ", "CVMSEP", [&] { return 100 * errors.CVMSEP; });
-    write("Square root of MSEP (RMSEP)         : ", "RMSEP", [&] { return errors.RMSEP; });
-    write("RMSEP, % of mean X                  : ", "RMSEPPercentOfX",
-          [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanX); });
-    write("RMSEP, % of mean Y                  : ", "RMSEPPercentOfY",
-          [&] { return Divide(errors.RMSEP * 100, run.pairs.MeanY); });
-    WriteDecomposition(run, section, "I", firstDecomposition);
-    WriteDecomposition(run, section, "II", secondDecomposition);
-}
+const SectionDefinition MsepSection{
+    .frame = {"msep", "MEAN SQUARE ERROR OF PREDICTION (Bibby and Toutenburg, 1977)", {places}},
+    .gate = {&AnalysisOptions::MSEP_ANALYSIS},
+    .progress = "MSEP analysis...",
+    .meaning =
+        "How large the errors of prediction are on the whole, and which kinds of error they consist of.",
+    .papers = "bibby1977; wallach1989",
+    .write = Write,
+};
 
 } // namespace corvane

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "MEAN SQUARE ERROR OF PREDICTION": MSEP with its variance, its root also in per cent of both
-/// means, and two decompositions. An MSEP of 0 has no more than its own line.
-void WriteMsep(RunState& run);
+/// MSEP with its variance, its root also in per cent of both means, and two decompositions. An MSEP of 0 has
+/// no more than its own line.
+extern const SectionDefinition MsepSection;
 
 } // namespace corvane

@@ -1,61 +1,33 @@
 #include "analyses/msep_bootstrap.h"
 
 #include "core/format/numbers.h"
-#include "stats/error_measures.h"
+#include "stats/msep_bootstrap.h"
 
 #include <cmath>
 #include <limits>
-#include <random>
 #include <string>
 
 namespace corvane {
 namespace {
 
-/// Uniform in [0, 1), 53 bits. The standard fixes what its generators draw, not what its distributions make
-/// of it.
-double Uniform(std::mt19937_64& generator) {
-    return static_cast<double>(static_cast<std::int64_t>(generator() >> 11)) * 0x1p-53;
-}
+constexpr Place places[] = {
+    {"SubSamples", "bootstrap.count", "Sub-samples           : ", 20},
+    {"Size", "bootstrap.size", "Size                  : ", 20},
+    {"MeanMSEP", "bootstrap.msep.mean", "Mean MSEP             : ", 20},
+    {"VarianceOfMSEP", "bootstrap.msep.variance", "Variance of MSEP      : ", 20},
+    {"MeanVarMSEP", "bootstrap.variance.mean", "Mean Var MSEP         : ", 20},
+    {"VarianceOfVarMSEP", "bootstrap.variance.variance", "Variance of Var MSEP  : ", 20},
+};
 
-} // namespace
-
-MsepSeries BootstrapMSEP(std::int32_t subSamples, double percentage, std::span<const double> differences,
-                         std::uint64_t seed) {
-    std::mt19937_64 generator(seed);
-    std::vector<double> kept(differences.size()), msep, variances;
-    for (std::int32_t round = 0; round < subSamples; ++round) {
-        std::size_t count = 0;
-        for (const double difference : differences) {
-            kept[count] = difference; // stays only if the count moves on: no branch to guess wrong
-            count += Uniform(generator) * 100 <= percentage ? 1 : 0;
-        }
-        const stats::SquaredError error = stats::MeanSquaredError({kept.data(), count});
-        msep.push_back(error.MSEP);
-        variances.push_back(error.VarMSEP);
-    }
-    return {stats::MeanVariance(msep), stats::MeanVariance(variances)};
-}
-
-void WriteMsepBootstrap(RunState& run) {
-    constexpr std::int16_t fewest = 3; // although the refusal says "greater than"
-    const double percentage = LeadingNumber(run.Options().MSPE_BOOTSTRAP_SIZE);
-    const double subSamples = LeadingNumber(run.Options().MSPE_BOOTSTRAP_SUBSAMPLE);
-    const double expected = percentage * run.N() / 100;
-    const auto size = ToInteger16(expected);
-
-    ReportSection& section = run.report.BeginSection("msep_bootstrap", "BOOTSTRAP ANALYSIS OF MSEP");
-    if (size && *size < fewest) {
-        section.OpenLine("Size of sub-samples has to be greater than 3. Size has to be at least ",
-                         PlainNumber(std::floor(300 / run.N())));
-        return;
-    }
+/// All 0, with a warning, where the size has no 16-bit count or there are too many sub-samples.
+stats::MsepSeries Draw(RunState& run, double percentage, double subSamples, double expected) {
     constexpr double mostSubSamples = 1e8; // two numbers of each are kept
-    MsepSeries series;
+    stats::MsepSeries series;
     const auto warn = [&](const std::string& reason) {
         run.warnings.push_back("bootstrap of MSEP: " + reason +
                                "; no sub-sample was drawn and the results stand at 0");
     };
-    if (!size)
+    if (!ToInteger16(expected))
         warn(NumberText(percentage) + "% of " + NumberText(run.N()) + " pairs is a sub-sample size of " +
              NumberText(expected) + ", outside the limits of ±" +
              std::to_string(std::numeric_limits<std::int16_t>::max()));
@@ -63,18 +35,44 @@ void WriteMsepBootstrap(RunState& run) {
         warn(NumberText(subSamples) + " sub-samples are more than " + NumberText(mostSubSamples));
     else
         run.Statement([&] {
-            series = BootstrapMSEP(Integer32(subSamples), percentage, run.residuals.Deviation,
-                                   run.services.random.Seed());
+            series = stats::BootstrapMSEP(Integer32(subSamples), percentage, run.residuals.Deviation,
+                                          run.snapshot.seed, run.stop,
+                                          [&](double share) { run.ShowSectionShare(share); });
         });
-    section.Line("Sub-samples           : ", F(20, 5, subSamples).Named("SubSamples"));
-    run.Statement([&] {
-        section.Line("Size                  : ",
-                     F(20, 5, static_cast<double>(Integer16(expected))).Named("Size"));
-    });
-    section.Line("Mean MSEP             : ", F(20, 5, series.MSEP.Mean).Named("MeanMSEP"));
-    section.Line("Variance of MSEP      : ", F(20, 5, series.MSEP.Variance).Named("VarianceOfMSEP"));
-    section.Line("Mean Var MSEP         : ", F(20, 5, series.VarMSEP.Mean).Named("MeanVarMSEP"));
-    section.Line("Variance of Var MSEP  : ", F(20, 5, series.VarMSEP.Variance).Named("VarianceOfVarMSEP"));
+    return series;
 }
+
+void Write(RunState& run) {
+    constexpr std::int16_t fewest = 3; // although the refusal says "greater than"
+    const double percentage = LeadingNumber(run.Options().MSPE_BOOTSTRAP_SIZE);
+    const double subSamples = LeadingNumber(run.Options().MSPE_BOOTSTRAP_SUBSAMPLE);
+    const double expected = percentage * run.N() / 100;
+
+    ReportSection& section = run.report.BeginSection(MsepBootstrapSection.frame);
+    if (const auto size = ToInteger16(expected); size && *size < fewest) {
+        section.Note("Size of sub-samples has to be greater than 3. Size has to be at least " +
+                         PlainNumber(std::floor(300 / run.N())),
+                     LineEnd::Open);
+        return;
+    }
+    const stats::MsepSeries series = Draw(run, percentage, subSamples, expected);
+    section.Row({{"SubSamples", subSamples}});
+    run.Statement([&] { section.Row({{"Size", static_cast<double>(Integer16(expected))}}); });
+    section.Row({{"MeanMSEP", series.MSEP.Mean}});
+    section.Row({{"VarianceOfMSEP", series.MSEP.Variance}});
+    section.Row({{"MeanVarMSEP", series.VarMSEP.Mean}});
+    section.Row({{"VarianceOfVarMSEP", series.VarMSEP.Variance}});
+}
+
+} // namespace
+
+const SectionDefinition MsepBootstrapSection{
+    .frame = {"msep_bootstrap", "BOOTSTRAP ANALYSIS OF MSEP", {places}},
+    .gate = {&AnalysisOptions::MSPE_BOOTSTRAP},
+    .progress = "MSEP bootstrap...",
+    .meaning = "How much MSEP and its variance differ between random sub-samples of the pairs.",
+    .papers = "wallach1989",
+    .write = Write,
+};
 
 } // namespace corvane

@@ -4,30 +4,24 @@
 #include "stats/normality.h"
 #include "stats/order.h"
 
+#include <vector>
+
 namespace corvane {
 
-void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix) {
-    const std::vector<double> sorted = stats::SortedFinite(sample); // once for both
-    const stats::EDFResult edf = stats::EDFNormalityStatistics(sorted);
-    const stats::ShapiroWilkResult shapiro = stats::ShapiroWilk(sorted);
-    const auto line = [&](const char* label, const std::string& name, double statistic) {
-        section.Line(label, F(10, 5, statistic).Named(prefix + name));
-    };
-    const auto lineWithP = [&](const char* label, const std::string& name, double statistic, double P) {
-        section.Line(label, F(10, 5, statistic).Named(prefix + name),
-                     " (P = ", FP(6, 4, P).Named(prefix + "P_" + name), ")");
-    };
-    const std::string title = "Goodness-of-Fit Analyses (Davis and Stephens, 1989)";
-    section.Line(title);
-    section.Line(std::string(title.size(), '-'));
-    line("Kolmogorov-Smirnov's D statistic : ", "D", edf.D);
-    line("Kuiper's V statistic             : ", "V", edf.V);
-    lineWithP("Cramér-von Mises's W2 statistic  : ", "W2", edf.W2, edf.PW2);
-    lineWithP("Watson's U2 statistic            : ", "U2", edf.U2, edf.PU2);
-    lineWithP("Anderson-Darling's A2 statistic  : ", "A2", edf.A2, edf.PA2);
-    lineWithP("Shapiro-Wilk's W statistic       : ", "W", shapiro.W, shapiro.P);
-    section.Line("-----");
-    section.OpenLine("!! These calculations were not adjusted for Normal distribution !!");
+void NormalityTest(ReportSection& section, std::span<const double> sample, const std::string& prefix,
+                   const std::stop_token& stop) {
+    const std::vector<double> sorted = stats::SortedFinite(sample, stop); // once for both
+    const stats::EDFResult edf = stats::EDFNormalityStatistics(sorted, 2, false, stop);
+    const stats::ShapiroWilkResult shapiro = stats::ShapiroWilk(sorted, stop);
+    section.Heading("Goodness-of-Fit Analyses (Davis and Stephens, 1989)");
+    section.Row({{"*D", edf.D, prefix}});
+    section.Row({{"*V", edf.V, prefix}});
+    section.Row({{"*W2", edf.W2, prefix}, {"*P_W2", edf.PW2, prefix}, ")"});
+    section.Row({{"*U2", edf.U2, prefix}, {"*P_U2", edf.PU2, prefix}, ")"});
+    section.Row({{"*A2", edf.A2, prefix}, {"*P_A2", edf.PA2, prefix}, ")"});
+    section.Row({{"*W", shapiro.W, prefix}, {"*P_W", shapiro.P, prefix}, ")"});
+    section.Rule(5);
+    section.Note("!! These calculations were not adjusted for Normal distribution !!", LineEnd::Open);
 }
 
 } // namespace corvane

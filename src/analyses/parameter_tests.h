@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "PARAMETER PROBABILITIES": tests of r, of each coefficient against its null value, and of both
-/// together. A coefficient without an SD has no test.
-void WriteParameterTests(RunState& run);
+/// Tests of r, of each coefficient against its null value, and of both together. A coefficient without an SD
+/// has no test.
+extern const SectionDefinition ParameterTestsSection;
 
 } // namespace corvane

@@ -4,11 +4,28 @@
 #include "stats/ranks.h"
 #include "stats/two_sample_ranks.h"
 
-#include <string>
 #include <vector>
 
 namespace corvane {
 namespace {
+
+constexpr Place places[] = {
+    {"rs", "rank.spearman", "Spearman's r : "},
+    {"T_rs", "rank.spearman.t", "     H0: r = 0, T-value (P-value)          : "},
+    {"P_rs", "rank.spearman.p", " (", 10, 5, Look::Probability},
+    {"D", "rank.d", "D            : ", 10, 1},
+    {"Z_D", "rank.d.z", "     H0: D = 0, Z-value (P-value)          : "},
+    {"P_D", "rank.d.p", " (", 10, 5, Look::Probability},
+    {"Tau", "rank.kendall", "Tau          : "},
+    {"Z_Tau", "rank.kendall.z", "     H0: Tau = 0, Z-value (P-value)        : "},
+    {"P_Tau", "rank.kendall.p", " (", 10, 5, Look::Probability},
+    {"KS", "rank.kolmogorov_smirnov", "KS           : "},
+    {"N_KS", "rank.kolmogorov_smirnov.n", "     H0: dX = dY, N-value (P-value)        : "},
+    {"P_KS", "rank.kolmogorov_smirnov.p", " (", 10, 5, Look::Probability},
+    {"WD", "rank.mann_whitney", "Mann-Whitney : "},
+    {"Z_WD", "rank.mann_whitney.z", "     H0: WD = 0, Z-value (1-sided P-value) : "},
+    {"OneSidedP_WD", "rank.mann_whitney.p", " (", 10, 5, Look::Probability},
+};
 
 constexpr const char* comments[] = {
     "!! .Spearman's r is a nonparametric coefficient of correlation that measures the rank of the data "
@@ -18,11 +35,12 @@ constexpr const char* comments[] = {
     "!!",
     "!!  the number of concordances and discordances in paired observations !!",
     "!! .KS is the Kolmogorov-Smirnov test that measures if X and Y have the same distribution !!",
-    "",
 };
 
-stats::SpearmanResult Spearman(const EvaluationArrays& arrays, const AnalysisOptions& options) {
-    return stats::SpearmanRank(arrays.X, arrays.Y, IsSet(options.InvertXRanks), IsSet(options.InvertYRanks));
+stats::SpearmanResult Spearman(const EvaluationArrays& arrays, const AnalysisOptions& options,
+                               const std::stop_token& stop = {}) {
+    return stats::SpearmanRank(arrays.X, arrays.Y, IsSet(options.InvertXRanks), IsSet(options.InvertYRanks),
+                               stop);
 }
 
 void WriteRankColumns(DataMatrix& cells, const stats::SpearmanResult& ranks) {
@@ -46,51 +64,50 @@ void WriteRankColumns(DataMatrix& cells, const stats::SpearmanResult& ranks) {
     }
 }
 
-} // namespace
-
-void WriteRankAnalysis(RunState& run) {
+void Write(RunState& run) {
     const std::vector<double>&X = run.arrays.X, &Y = run.arrays.Y;
-    const stats::SpearmanResult spearman = Spearman(run.arrays, run.Options());
-    ReportSection& section =
-        run.report.BeginSection("rank_analysis", "RANK ANALYSIS - NONPARAMETRICS (Agresti, 1996, 2002)");
-    if (run.Comments())
+    const stats::SpearmanResult spearman = Spearman(run.arrays, run.Options(), run.stop);
+    ReportSection& section = run.report.BeginSection(RankAnalysisSection.frame);
+    if (run.Comments()) {
         for (const char* comment : comments)
-            section.Line(comment);
+            section.Note(comment);
+        section.Blank();
+    }
 
-    run.Statement([&] {
-        section.Line("Spearman's r : ", F(10, 5, spearman.rs).Named("rs"),
-                     "     H0: r = 0, T-value (P-value)          : ", F(10, 5, spearman.T).Named("T_rs"),
-                     " (", FP(10, 5, spearman.P2).Named("P_rs"), ")");
+    const auto row = [&](auto&& write) { run.Statement(write); };
+    row([&] { section.Row({{"rs", spearman.rs}, {"T_rs", spearman.T}, {"P_rs", spearman.P2}, ")"}); });
+    row([&] { section.Row({{"D", spearman.D}, {"Z_D", spearman.Z}, {"P_D", spearman.P}, ")"}); });
+    row([&] {
+        const stats::KendallResult kendall = stats::KendallTau(X, Y, run.stop);
+        section.Row({{"Tau", kendall.Tau}, {"Z_Tau", kendall.Z}, {"P_Tau", kendall.P}, ")"});
     });
-    run.Statement([&] {
-        section.Line("D            : ", F(10, 1, spearman.D).Named("D"),
-                     "     H0: D = 0, Z-value (P-value)          : ", F(10, 5, spearman.Z).Named("Z_D"), " (",
-                     FP(10, 5, spearman.P).Named("P_D"), ")");
-    });
-    run.Statement([&] {
-        const stats::KendallResult kendall = stats::KendallTau(X, Y);
-        section.Line("Tau          : ", F(10, 5, kendall.Tau).Named("Tau"),
-                     "     H0: Tau = 0, Z-value (P-value)        : ", F(10, 5, kendall.Z).Named("Z_Tau"),
-                     " (", FP(10, 5, kendall.P).Named("P_Tau"), ")");
-    });
-    run.Statement([&] {
+    row([&] {
         const stats::KolmogorovSmirnovResult smirnov =
-            stats::KolmogorovSmirnov2(run.SortedX(), run.SortedY());
-        section.Line("KS           : ", F(10, 5, smirnov.D).Named("KS"),
-                     "     H0: dX = dY, N-value (P-value)        : ", F(10, 5, smirnov.NValue).Named("N_KS"),
-                     " (", FP(10, 5, smirnov.P).Named("P_KS"), ")");
+            stats::KolmogorovSmirnov2(run.SortedX(), run.SortedY(), run.stop);
+        section.Row({{"KS", smirnov.D}, {"N_KS", smirnov.NValue}, {"P_KS", smirnov.P}, ")"});
     });
-    run.Statement([&] {
-        const stats::MannWhitneyResult whitney = stats::MannWhitney(run.SortedX(), run.SortedY());
-        section.Line("Mann-Whitney : ", F(10, 5, whitney.WD).Named("WD"),
-                     "     H0: WD = 0, Z-value (1-sided P-value) : ", F(10, 5, whitney.Z).Named("Z_WD"), " (",
-                     FP(10, 5, whitney.OneSidedP).Named("OneSidedP_WD"), ")");
+    row([&] {
+        const stats::MannWhitneyResult whitney = stats::MannWhitney(run.SortedX(), run.SortedY(), run.stop);
+        section.Row({{"WD", whitney.WD}, {"Z_WD", whitney.Z}, {"OneSidedP_WD", whitney.OneSidedP}, ")"});
     });
     WriteRankColumns(run.dataset.cells, spearman);
+    run.ranked = true;
 }
+
+} // namespace
 
 void FillRanks(Dataset& dataset) {
     WriteRankColumns(dataset.cells, Spearman(SelectRows(dataset.cells), dataset.options));
 }
+
+const SectionDefinition RankAnalysisSection{
+    .frame = {"rank_analysis", "RANK ANALYSIS - NONPARAMETRICS (Agresti, 1996, 2002)", {places}},
+    .gate = {&AnalysisOptions::RANK_ANALYSIS},
+    .progress = "Rank analysis...",
+    .meaning = "Whether predicted and observed values rise together and have the same distribution, from "
+               "their ranks alone.",
+    .papers = "agresti1996; agresti2002",
+    .write = Write,
+};
 
 } // namespace corvane

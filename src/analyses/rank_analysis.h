@@ -1,14 +1,14 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "RANK ANALYSIS - NONPARAMETRICS": rank correlations and two-sample tests of X and Y. It also
-/// writes the ranks into the dataset: the k-th row that is not excluded takes the k-th pair's ranks, also
-/// where an empty X kept the row itself out of the run; an excluded row gets "." in both columns. Rows behind
-/// the one that takes the last rank keep what they hold.
-void WriteRankAnalysis(RunState& run);
+/// Rank correlations and two-sample tests of X and Y. It also writes the ranks into the dataset: the k-th row
+/// that is not excluded takes the k-th pair's ranks, also where an empty X kept the row itself out of the
+/// run; an excluded row gets "." in both columns. Rows after the one that takes the last rank keep what they
+/// hold.
+extern const SectionDefinition RankAnalysisSection;
 
 /// Writes the ranks alone.
 void FillRanks(Dataset& dataset);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
@@ -11,7 +11,7 @@ bool FitRegression(RunState& run);
 /// Makes a fit the run's own line, in the place of the one before.
 void TakeLine(RunState& run, const stats::LineFit& line);
 
-/// Section "REGRESSION ANALYSIS": the line with its SDs, MSE, r and r², chi-square.
-void WriteRegression(RunState& run);
+/// The line with its SDs, MSE, r and r², chi-square.
+extern const SectionDefinition RegressionSection;
 
 } // namespace corvane

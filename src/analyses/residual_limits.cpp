@@ -1,8 +1,6 @@
 #include "analyses/residual_limits.h"
 
-#include "stats/distributions.h"
-
-#include <cmath>
+#include "stats/residual_limits.h"
 
 namespace corvane {
 namespace {
@@ -14,21 +12,14 @@ void SetIfMissing(double& limit, double value) {
 
 } // namespace
 
-InfluenceLimits InfluenceLimitsOf(double N) {
-    constexpr double p = 2;
-    return {2 * p / N, 2 * std::sqrt(p / N)};
-}
-
-void SetMissingLimits(RunState& run, ReportSection& section) {
+void SetMissingLimits(RunState& run) {
     SessionState& session = run.session;
     if (session.DeviationLower == 0 && session.DeviationUpper == 0) {
-        section.Statement([&] {
-            const double z = stats::InverseNormal(session.DeviationCIProb);
-            // At a confidence of 1 z is the largest double; where the product overflows, nothing is set.
-            const double lower = -z * Divide(run.pairs.SDY, SquareRoot(run.N()));
-            if (!std::isfinite(lower))
+        run.Statement([&] {
+            const auto size = stats::AcceptableDeviation(session.DeviationCIProb, run.pairs.SDY, run.N());
+            if (!size)
                 throw RunFailure("overflow of the deviation limit");
-            session.DeviationLower = lower;
+            session.DeviationLower = -*size;
         });
         session.DeviationUpper = -session.DeviationLower;
     }

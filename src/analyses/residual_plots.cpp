@@ -1,7 +1,7 @@
 #include "analyses/residual_plots.h"
 
+#include "analyses/run_plot.h"
 #include "core/format/numbers.h"
-#include "plots/point_plot.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,13 +9,7 @@
 namespace corvane {
 namespace {
 
-void Request(RunState& run, PlotTitles titles, const SharedColumn& x, SharedColumn y) {
-    run.plots.emplace_back(PointPlot(std::move(titles), x, std::move(y), run.session));
-}
-
-} // namespace
-
-void RequestResidualPlot(RunState& run) {
+void OpenResidualPlot(RunState& run) {
     const std::vector<double>& residuals = run.residuals.RStdtRes;
     double k = 0;
     run.Statement([&] {
@@ -31,25 +25,55 @@ void RequestResidualPlot(RunState& run) {
             value *= k;
         shown = ShareColumn(std::move(stretched));
     }
-    Request(run, {"Studentized Residue vs Regression-Predicted", "Regression-Predicted", axis},
-            run.Share(run.residuals.Fitted), std::move(shown));
+    OpenPlot(run, ChartKind::Residual,
+             {"Studentized Residue vs Regression-Predicted", "Regression-Predicted", axis},
+             run.Share(run.residuals.Fitted), std::move(shown));
 }
 
-void RequestDeviationPlot(RunState& run) {
-    Request(run, {"Deviation vs Observed", "Observed", "Deviation"}, run.Share(run.arrays.Y),
-            run.Share(run.residuals.Deviation));
+void OpenDeviationPlot(RunState& run) {
+    OpenPlot(run, ChartKind::Deviation, {"Deviation vs Observed", "Observed", "Deviation"},
+             run.Share(run.arrays.Y), run.Share(run.residuals.Deviation));
 }
 
-void RequestNormalPlot(RunState& run) {
-    Request(run, {"Expected Normal Residue vs Residue", "Residue", "Normal Residue"},
-            run.Share(run.residuals.Residue), run.Share(run.residuals.NormRes));
+void OpenNormalPlot(RunState& run) {
+    OpenPlot(run, ChartKind::Normal, {"Expected Normal Residue vs Residue", "Residue", "Normal Residue"},
+             run.Share(run.residuals.Residue), run.Share(run.residuals.NormRes));
 }
 
-void RequestResidueRegressionPlots(RunState& run) {
-    Request(run, {"Residue vs Regression-Predicted", "Regression-Predicted", "Residue"},
-            run.Share(run.residuals.Fitted), run.Share(run.residuals.Residue));
-    Request(run, {"Deviation vs Model-Predicted", "Model-Predicted", "Deviation"}, run.Share(run.arrays.X),
-            run.Share(run.residuals.Deviation));
+void OpenResidueRegressionPlots(RunState& run) {
+    OpenPlot(run, ChartKind::Residue, {"Residue vs Regression-Predicted", "Regression-Predicted", "Residue"},
+             run.Share(run.residuals.Fitted), run.Share(run.residuals.Residue));
+    OpenPlot(run, ChartKind::DeviationModel, {"Deviation vs Model-Predicted", "Model-Predicted", "Deviation"},
+             run.Share(run.arrays.X), run.Share(run.residuals.Deviation));
 }
+
+} // namespace
+
+const SectionDefinition ResidualPlot{
+    .frame = {"residual_plot", ""},
+    .gate = {&AnalysisOptions::SHOW_RESIDUAL_PLOT, &AnalysisOptions::RESIDUAL_ANALYSIS},
+    .progress = "Residual plot...",
+    .write = OpenResidualPlot,
+};
+
+const SectionDefinition DeviationPlot{
+    .frame = {"deviation_plot", ""},
+    .gate = {&AnalysisOptions::SHOW_DEVIATION_PLOT, &AnalysisOptions::RESIDUAL_ANALYSIS},
+    .progress = "Deviation plot...",
+    .write = OpenDeviationPlot,
+};
+
+const SectionDefinition NormalPlot{
+    .frame = {"normal_plot", ""},
+    .gate = {&AnalysisOptions::SHOW_NORMAL_PLOT, &AnalysisOptions::RESIDUAL_ANALYSIS},
+    .progress = "Normal plot...",
+    .write = OpenNormalPlot,
+};
+
+const SectionDefinition ResidueRegressionPlots{
+    .frame = {"residue_regression_plots", ""},
+    .gate = {&AnalysisOptions::RESIDUAL_REGRESSION_PLOT},
+    .write = OpenResidueRegressionPlots,
+};
 
 } // namespace corvane

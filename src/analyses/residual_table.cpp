@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::int32_t rowNumberWidth = 3, valueWidth = 9, decimals = 4;
+constexpr std::int32_t rowNumberWidth = 3, valueWidth = 9;
 
 /// A column that can be chosen.
 struct Choice {
@@ -29,24 +29,24 @@ std::function<bool(double)> Outside(double lower, double upper) {
     return [=](double value) { return value < lower || value > upper; };
 }
 
-const TableColumn* Find(const ReportTable& table, std::string_view name) {
-    const auto found = std::ranges::find(table.columns, name, &TableColumn::name);
+const ListingColumn* Find(const Listing& table, std::string_view name) {
+    const auto found = std::ranges::find(table.columns, name, &ListingColumn::name);
     return found == table.columns.end() ? nullptr : &*found;
 }
 
 } // namespace
 
 double ResidualTable::Count(std::string_view name, const std::function<bool(double)>& test) const {
-    const TableColumn* column = Find(rows, name);
+    const ListingColumn* column = Find(rows, name);
     return column ? static_cast<double>(std::ranges::count_if(*column->values, test)) : 0;
 }
 
 double ResidualTable::Starred(std::string_view name) const {
-    const TableColumn* column = Find(rows, name);
+    const ListingColumn* column = Find(rows, name);
     return column ? Count(name, column->starred) : 0;
 }
 
-ResidualTable ListResiduals(const RunState& run, const InfluenceLimits& limits) {
+ResidualTable ListResiduals(const RunState& run, const stats::InfluenceLimits& limits) {
     const AnalysisOptions& options = run.Options();
     const EvaluationArrays& pairs = run.arrays;
     const stats::Residuals& r = run.residuals;
@@ -78,14 +78,15 @@ ResidualTable ListResiduals(const RunState& run, const InfluenceLimits& limits) 
     ResidualTable table;
     table.rows.rows = pairs.Count();
     table.header = table.fileHeader = HeaderCell("#", rowNumberWidth);
-    table.rows.columns.push_back({"Row", nullptr, rowNumberWidth, 0, " "});
+    table.titles.emplace_back("#");
+    table.rows.columns.push_back({"Row", nullptr, " "});
     for (const Choice& choice : choices) {
         if (!choice.chosen)
             continue;
         table.header += HeaderCell(choice.header, valueWidth);
         table.fileHeader += HeaderCell(choice.fileHeader, valueWidth);
-        table.rows.columns.push_back(
-            {choice.name, run.Share(choice.values), valueWidth, decimals, " ", choice.starred});
+        table.titles.emplace_back(choice.header);
+        table.rows.columns.push_back({choice.name, run.Share(choice.values), " ", choice.starred});
     }
     return table;
 }

@@ -5,29 +5,57 @@
 #include <string>
 
 namespace corvane {
+namespace {
 
-void WriteResidueRegression(const RunState& run, Report& report) {
+constexpr Place places[] = {
+    {"a", "residual_line.intercept", "Estimate a ± SD : "},
+    {"SDa", "regression.intercept.sd", " ± "},
+    {"b", "residual_line.slope", "Estimate b ± SD : "},
+    {"SDb", "regression.slope.sd", " ± "},
+    {"RSquared", "residual_line.r_squared", "r²              : "},
+    {"T_a", "test.intercept.t", "H0: a = 0            T-value (P-value): "},
+    {"P_a", "test.intercept.p", " (", 7, 5, Look::Probability},
+    {"T_b", "test.slope_zero.t", "H0: b = 0            T-value (P-value): "},
+    {"P_b", "test.slope_zero.p", " (", 7, 5, Look::Probability},
+};
+
+/// The report that the residual analysis has begun.
+Report& ResidualReport(RunState& run) {
+    return IsSet(run.Options().RESIDUE_WINDOW) ? run.windows.back().content : run.report;
+}
+
+void Write(RunState& run) {
     const std::vector<double>&fitted = run.residuals.Fitted, &residue = run.residuals.Residue;
-    ReportSection& section = report.BeginSection("residue_regression", "RESIDUE REGRESSION ANALYSIS");
-    const stats::LineFit line = stats::FitLine(fitted, residue);
-    const double RSquared = stats::PearsonCorrelation(fitted, residue).RSquared;
+    ReportSection& section = ResidualReport(run).BeginSection(ResidueRegressionSection.frame);
+    const stats::LineFit line = stats::FitLine(fitted, residue, run.stop);
+    const double RSquared = stats::PearsonCorrelation(fitted, residue, run.stop).RSquared;
 
-    section.Line("Regression of: Residue = a + b×'Regression-Predicted'");
-    section.Line("Estimate a ± SD : ", F(10, 5, line.a).Named("a"), " ± ", F(10, 5, line.SDa).Named("SDa"));
-    section.Line("Estimate b ± SD : ", F(10, 5, line.b).Named("b"), " ± ", F(10, 5, line.SDb).Named("SDb"));
-    section.Line("r²              : ", F(10, 5, RSquared).Named("RSquared"));
+    section.Text("Regression of: Residue = a + b×'Regression-Predicted'");
+    section.Row({{"a", line.a}, {"SDa", line.SDa}});
+    section.Row({{"b", line.b}, {"SDb", line.SDb}});
+    section.Row({{"RSquared", RSquared}});
     const auto test = [&](const std::string& name, double estimate, double SD) {
         if (!(SD > 0))
             return;
-        section.Statement([&] {
+        run.Statement([&] {
             const double T = TStatistic(estimate, SD);
-            section.Line(
-                "H0: " + name + " = 0            T-value (P-value): ", F(10, 5, T).Named("T_" + name), " (",
-                FP(7, 5, stats::TailT(T, run.N() - 2)).Named("P_" + name), ")");
+            section.Row({{"T_" + name, T}, {"P_" + name, stats::TailT(T, run.N() - 2)}, ")"});
         });
     };
     test("a", line.a, line.SDa);
     test("b", line.b, line.SDb);
 }
+
+} // namespace
+
+const SectionDefinition ResidueRegressionSection{
+    .frame = {"residue_regression", "RESIDUE REGRESSION ANALYSIS", {places}},
+    .gate = {&AnalysisOptions::RESIDUAL_REGRESSION_PLOT, &AnalysisOptions::RESIDUAL_ANALYSIS},
+    .progress = "Residue regression...",
+    .meaning = "Whether the residuals still depend on the fitted values.",
+    .papers = "neter1996",
+    .write = Write,
+    .nested = true,
+};
 
 } // namespace corvane

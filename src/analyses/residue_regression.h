@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "RESIDUE REGRESSION ANALYSIS" of the report that the residual analysis writes to: the line of the
-/// residuals on the fitted values. A coefficient without an SD has no test.
-void WriteResidueRegression(const RunState& run, Report& report);
+/// The line of the residuals on the fitted values, in the report that the residual analysis writes to, which
+/// runs it. A coefficient without an SD has no test.
+extern const SectionDefinition ResidueRegressionSection;
 
 } // namespace corvane

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "ROBUST STATISTICS": two robust estimates of scale for each of X and Y.
-void WriteRobustStatistics(RunState& run);
+/// Two robust estimates of scale for each of X and Y.
+extern const SectionDefinition RobustStatisticsSection;
 
 } // namespace corvane

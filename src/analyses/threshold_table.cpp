@@ -8,6 +8,20 @@
 namespace corvane {
 namespace {
 
+constexpr Place places[] = {
+    {"*.Threshold", "threshold.value"},
+    {"*.XBelowYBelow", "threshold.both_below", "", 5, 0},
+    {"*.XBelowYBelowPercent", "threshold.cell_percent", " (", 5, 2},
+    {"*.XAboveYBelow", "threshold.predicted_above", "", 5, 0},
+    {"*.XAboveYBelowPercent", "threshold.cell_percent", " (", 5, 2},
+    {"*.XBelowYAbove", "threshold.observed_above", "", 5, 0},
+    {"*.XBelowYAbovePercent", "threshold.cell_percent", " (", 5, 2},
+    {"*.XAboveYAbove", "threshold.both_above", "", 5, 0},
+    {"*.XAboveYAbovePercent", "threshold.cell_percent", " (", 5, 2},
+    {"*.Identical", "threshold.identical", "Identical X and Y: ", 5, 0},
+    {"*.AllIdentical", "threshold.all_identical", "Identical X, Y and Threshold: ", 5, 0},
+};
+
 /// The two tables: their words, and the columns that they read.
 struct Kind {
     const char* name; ///< In the names of the values.
@@ -19,7 +33,7 @@ struct Kind {
 };
 
 constexpr Kind byRanks{
-    .name = "Rank.",
+    .name = "Rank",
     .text = &AnalysisOptions::TRESHOLD_RANK,
     .label = "Rank threshold for: ",
     .words = "by ranks",
@@ -32,7 +46,7 @@ constexpr Kind byRanks{
 };
 
 constexpr Kind byValues{
-    .name = "XY.",
+    .name = "XY",
     .text = &AnalysisOptions::TRESHOLD_XY,
     .label = "XY datapoints threshold for: ",
     .words = "by X and Y",
@@ -81,7 +95,7 @@ void ErrorAnalysis(const DataMatrix& cells, const Kind& kind, double threshold, 
 
 void Warn(RunState& run, const Kind& kind, const std::string& text) {
     run.warnings.push_back(std::string("threshold table ") + kind.words + ": " + text);
-    run.report.Current().failures.push_back(run.warnings.back());
+    run.FileFailure(run.warnings.back());
 }
 
 /// A text that cannot be converted leaves the threshold as it was.
@@ -105,53 +119,69 @@ Counts CountRows(RunState& run, const Kind& kind, double threshold) {
     return counts;
 }
 
-void WriteTable(RunState& run, ReportSection& section, const Kind& kind, std::int32_t& threshold) {
-    ReadThreshold(run, kind, threshold);
-    const Counts counts = CountRows(run, kind, threshold);
-    const std::string rule(39, '-'), name = kind.name;
-    section.Line();
+/// A row of the table: the rows of the dataset whose Y is on one side of the threshold.
+void WriteRow(RunState& run, ReportSection& section, const Kind& kind, const char* side, double below,
+              double above, double total) {
+    const std::string places = std::string("Y") + side;
+    const auto share = [&](double cell) { return Divide(cell * 100, total); };
     run.Statement([&] {
-        section.Line(kind.label, F(10, 5, static_cast<double>(threshold)).Named(name + "Threshold"));
+        section.TableRow({side + std::string(6, ' '),
+                          {"*.XBelow" + places, below, kind.name},
+                          {"*.XBelow" + places + "Percent", share(below), kind.name},
+                          ")  ",
+                          {"*.XAbove" + places, above, kind.name},
+                          {"*.XAbove" + places + "Percent", share(above), kind.name},
+                          ")"});
     });
-    section.Line(kind.title);
-    section.Line("             --------------------------");
-    section.Line(kind.columnTitles);
-    section.Line(rule);
-    const auto writeRow = [&](const char* label, const std::string& place, double below, double above) {
-        const auto share = [&](double cell) { return F(5, 2, Divide(cell * 100, counts.Total)); };
-        run.Statement([&] {
-            section.Line(label, F(5, 0, below).Named(name + "XBelow" + place), " (",
-                         share(below).Named(name + "XBelow" + place + "Percent"), ")  ",
-                         F(5, 0, above).Named(name + "XAbove" + place), " (",
-                         share(above).Named(name + "XAbove" + place + "Percent"), ")");
-        });
-    };
-    writeRow("Below      ", "YBelow", counts.BelowBelow, counts.XAboveYBelow);
-    writeRow("Above      ", "YAbove", counts.XBelowYAbove, counts.AboveAbove);
-    section.Line(rule);
-    if (counts.Identical > 0)
-        run.Statement([&] {
-            section.Line("Identical X and Y: ", F(5, 0, counts.Identical).Named(name + "Identical"));
-        });
-    if (counts.AllIdentical > 0)
-        run.Statement([&] {
-            section.Line("Identical X, Y and Threshold: ",
-                         F(5, 0, counts.AllIdentical).Named(name + "AllIdentical"));
-        });
 }
 
-} // namespace
+void WriteTable(RunState& run, ReportSection& section, const Kind& kind, std::int32_t& threshold) {
+    constexpr std::size_t ruleLength = 39;
+    ReadThreshold(run, kind, threshold);
+    const Counts counts = CountRows(run, kind, threshold);
+    section.Blank();
+    run.Statement([&] {
+        section.Row({kind.label, {"*.Threshold", static_cast<double>(threshold), kind.name}});
+    });
+    section.BeginTable({"X Below", "X Below, %", "X Above", "X Above, %"});
+    section.TableHead(kind.title);
+    section.TableHead("             --------------------------");
+    section.TableHead(kind.columnTitles);
+    section.Rule(ruleLength);
+    WriteRow(run, section, kind, "Below", counts.BelowBelow, counts.XAboveYBelow, counts.Total);
+    WriteRow(run, section, kind, "Above", counts.XBelowYAbove, counts.AboveAbove, counts.Total);
+    section.Rule(ruleLength);
+    const auto remark = [&](const char* place, double count) {
+        if (count > 0)
+            run.Statement([&] { section.Row({{place, count, kind.name}}); });
+    };
+    remark("*.Identical", counts.Identical);
+    remark("*.AllIdentical", counts.AllIdentical);
+}
 
-void WriteThresholdTable(RunState& run) {
+void Write(RunState& run) {
     const bool ranks = !run.Options().TRESHOLD_RANK.empty(), values = !run.Options().TRESHOLD_XY.empty();
     if (!ranks && !values)
         return;
-    ReportSection& section = run.report.BeginSection("threshold_table", ranks ? "THRESHOLD TABLE" : "");
+    SectionFrame frame = ThresholdTableSection.frame;
+    if (!ranks)
+        frame.title = "";
+    ReportSection& section = run.report.BeginSection(frame);
     std::int32_t threshold = 0;
     if (ranks)
         WriteTable(run, section, byRanks, threshold);
     if (values)
         WriteTable(run, section, byValues, threshold);
 }
+
+} // namespace
+
+const SectionDefinition ThresholdTableSection{
+    .frame = {"threshold_table", "THRESHOLD TABLE", {places}},
+    .gate = {&AnalysisOptions::THRESHOLD_ANALYSIS},
+    .progress = "Threshold analysis...",
+    .meaning = "How often prediction and observation lie on the same side of a threshold.",
+    .write = Write,
+};
 
 } // namespace corvane

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "core/run_state.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// Section "WEIGHED DEVIANCE ANALYSIS": each pair with its signed share of the total squared deviation, and
-/// the plot of these shares on X.
-void WriteWeighedDeviance(RunState& run);
+/// Each pair with its signed share of the total squared deviation, and the plot of these shares on X.
+extern const SectionDefinition WeighedDevianceSection;
 
 } // namespace corvane

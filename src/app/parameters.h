@@ -16,13 +16,13 @@ std::vector<std::string> GetParameters(std::string_view commandLine);
 /// What a switch line asks for. The paths are the line's own, with "\" between folders.
 struct SwitchLine {
     std::optional<std::string> file, folder, compareFile; ///< F, L and C, where they were given
-    bool plots = false;      ///< G
-    bool residuals = false;  ///< R
-    bool print = false;      ///< P
-    bool save = false;       ///< S
-    bool show = false;       ///< O
-    bool quit = false;       ///< X
-    bool stayHidden = false; ///< Y
+    bool plots = false;                                   ///< G
+    bool residuals = false;                               ///< R
+    bool print = false;                                   ///< P
+    bool save = false;                                    ///< S
+    bool show = false;                                    ///< O
+    bool quit = false;                                    ///< X
+    bool stayHidden = false;                              ///< Y
 };
 
 /// Reads the tokens by their first letter, in any case; the last one of a letter holds, others are ignored.

@@ -1,9 +1,9 @@
 #include "app/results_window.h"
 
+#include "app/numbered_file.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
-#include "core/numbered_file.h"
-#include "core/report.h"
+#include "report/text_renderer.h"
 
 namespace corvane {
 
@@ -23,14 +23,14 @@ std::string CaptionWithFile(std::string_view caption, std::string_view path) {
 FileResult SaveUnderNumber(ResultsWindow& window, std::string_view folder, ResultsServices services,
                            std::string& path) {
     const std::string working = folder.empty() ? WorkingFolder(services.folders) : std::string(folder);
-    FileResult saved = CreateNumbered(working, "Notes", 1, window.text, services.files, path);
+    FileResult saved = CreateNumbered(working, "Notes", 1, window.Text(), services.files, path);
     if (saved.done)
         window.caption = CaptionWithFile(window.caption, path);
     return saved;
 }
 
 void PrintResults(const ResultsWindow& window, ResultsServices services) {
-    const FileResult printed = services.printer.Print(WithLineFeeds(window.text), window.caption);
+    const FileResult printed = services.printer.Print(WithLineFeeds(window.Text()), window.caption);
     if (!printed.done)
         services.dialogs.ShowMessage(MessageStyle::Critical, TrappedMessage("Print", printed.reason, 1),
                                      "Info");
@@ -38,7 +38,8 @@ void PrintResults(const ResultsWindow& window, ResultsServices services) {
 
 void EditResults(const ResultsWindow& window, ResultsServices services) {
     std::string path;
-    if (CreateNumbered(WorkingFolder(services.folders), "Results", 1, window.text, services.files, path).done)
+    if (CreateNumbered(WorkingFolder(services.folders), "Results", 1, window.Text(), services.files, path)
+            .done)
         services.editor.Open(path);
 }
 

@@ -1,21 +1,38 @@
 #pragma once
 
+#include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/file_store.h"
 #include "platform/folders.h"
 #include "platform/printer.h"
 #include "platform/text_editor.h"
+#include "report/report.h"
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace corvane {
 
-/// One report as a window holds it: CR LF text under a caption.
+/// The run that a report or a chart comes from, and the document as that run saw it.
+struct RunStamp {
+    int number = 0; ///< Counts the runs of a session, from 1; 0: none.
+    ClockTime time{};
+    int rows = 0; ///< In use.
+    std::uint64_t revision = 0, identity = 0;
+};
+
+/// One report as a window holds it, under a caption.
 struct ResultsWindow {
     std::string caption;
-    std::string text;
+    std::shared_ptr<const Report> report;
+    RunStamp run{};
     bool open = true;
+    bool cleaned = false; ///< Its text was erased.
+
+    /// Line ends CR LF.
+    std::string Text() const { return cleaned || !report ? std::string() : report->Text(); }
 };
 
 /// What the actions of a results window work with.

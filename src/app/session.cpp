@@ -1,6 +1,8 @@
 #include "app/session.h"
 
+#include "app/calculation.h"
 #include "app/parameters.h"
+#include "app/shown_progress.h"
 #include "app/user_settings.h"
 #include "core/format/code_page.h"
 #include "core/format/paths.h"
@@ -33,7 +35,7 @@ std::string AbsolutePath(const std::string& path) {
 } // namespace
 
 std::string Session::Caption() const {
-    const std::string name = FileNameOf(state.CurrentDatasetName);
+    const std::string name = FileNameOf(document.Path());
     return "Corvane v. " + VersionText() + (name.empty() ? "" : " - " + name);
 }
 
@@ -42,7 +44,11 @@ ResultsServices Session::ForResults() const {
 }
 
 bool Session::Start(std::string_view commandLine) {
-    if (const std::string fault = ReadUserSettings(dataset.options, services.settings); !fault.empty())
+    std::string fault;
+    document.ChangeSilently([&](Dataset& dataset, SessionState&) {
+        fault = ReadUserSettings(dataset.options, services.settings);
+    });
+    if (!fault.empty())
         services.dialogs.ShowMessage(MessageStyle::Information, fault, "");
     WorkingFolder(services.folders);
     return !commandLine.empty() && Dispatch(commandLine);
@@ -65,14 +71,18 @@ bool Session::Dispatch(std::string_view commandLine) {
     if (NamesAFile(batch.BatchFile)) {
         // The name goes with the cells: a file that is then refused must not leave an empty dataset under the
         // old one.
-        dataset.cells.Clear();
-        state.CurrentDatasetName.clear();
+        document.Load([](Dataset& dataset, SessionState& state) {
+            dataset.cells.Clear();
+            state.CurrentDatasetName.clear();
+        });
         Open(batch.BatchFile);
-        const auto tick = [&](std::int16_t AnalysisOptions::*box, bool on) {
-            ChangeOption(dataset, state, OptionOf(box), static_cast<std::int16_t>(on ? 1 : 0));
-        };
-        tick(&AnalysisOptions::SHOW_RESIDUAL_PLOT, line.plots);
-        tick(&AnalysisOptions::RESIDUAL_ANALYSIS, line.residuals);
+        document.ChangeSilently([&](Dataset& dataset, SessionState& state) {
+            const auto tick = [&](std::int16_t AnalysisOptions::*box, bool on) {
+                ChangeOption(dataset, state, OptionOf(box), static_cast<std::int16_t>(on ? 1 : 0));
+            };
+            tick(&AnalysisOptions::SHOW_RESIDUAL_PLOT, line.plots);
+            tick(&AnalysisOptions::RESIDUAL_ANALYSIS, line.residuals);
+        });
         CalculateAction();
     }
     if (NamesAFile(batch.BatchCompareFile))
@@ -81,19 +91,33 @@ bool Session::Dispatch(std::string_view commandLine) {
     return line.quit;
 }
 
-void Session::Open(const std::string& path) {
+LoadOutcome Session::Open(const std::string& path) {
+    // Into a copy, so that a refused file leaves the document as it is.
+    Dataset dataset = document.Data();
+    SessionState state = document.Session();
     if (!state.CurrentDatasetName.empty())
         state.rememberedFolder = FolderOf(state.CurrentDatasetName);
-    const LoadOutcome outcome = LoadFile(path, dataset, state, services.files);
+    LoadOutcome outcome = LoadFile(path, dataset, state, services.files);
     if (outcome.state == LoadState::OldVersion)
         services.dialogs.ShowMessage(MessageStyle::Critical, OldVersionMessage, "Load");
     if (outcome.tooFewRowsLine > 0)
         services.dialogs.ShowMessage(MessageStyle::Information, TooFewRowsMessage, "");
+    const std::string folder = state.rememberedFolder;
+    if (outcome.state == LoadState::Loaded || outcome.state == LoadState::Partial)
+        document.Load(
+            [&](Dataset& loaded, SessionState& session) {
+                loaded = std::move(dataset);
+                session = std::move(state);
+            },
+            outcome.Complete());
+    else
+        document.ChangeSilently([&](Dataset&, SessionState& session) { session.rememberedFolder = folder; });
     if (!outcome.Complete())
-        return;
-    if (!IsSet(dataset.options.NoSound))
+        return outcome;
+    if (!IsSet(document.Data().options.NoSound))
         services.feedback.Beep();
     services.feedback.ShowProgress("File loaded ...");
+    return outcome;
 }
 
 void Session::Drop(std::span<const std::string> paths) {
@@ -108,30 +132,73 @@ void Session::Drop(std::span<const std::string> paths) {
 void Session::Clear() {
     if (!services.dialogs.AskYesNo("Do you want clear the dataset?", "", false))
         return;
-    dataset.cells.Clear();
-    dataset.notes.clear();
-    ChangeOption(dataset, state, OptionOf(&AnalysisOptions::NOTES_BLUE), std::int16_t{0});
-    state.CurrentDatasetName.clear();
+    document.Change({.words = "Clear", .replaces = true}, [](Dataset& dataset, SessionState& state) {
+        dataset.cells.Clear();
+        dataset.notes.clear();
+        ChangeOption(dataset, state, OptionOf(&AnalysisOptions::NOTES_BLUE), std::int16_t{0});
+        state.CurrentDatasetName.clear();
+    });
+}
+
+PendingRun Session::BeginCalculation() {
+    PendingRun pending;
+    pending.calculation =
+        std::make_unique<Calculation>(document.Data(), document.Session(), services.clock, services.random,
+                                      services.files, WorkingFolder(services.folders));
+    pending.stamp = {++runs, services.clock.Now(), 0, document.DataRevision(), document.Identity()};
+    return pending;
+}
+
+FinishedRun Session::FinishCalculation(PendingRun& pending, RunResult result) {
+    FinishedRun finished{.end = result.end, .stamp = pending.stamp, .warnings = std::move(result.warnings)};
+    finished.stamp.rows = result.rows;
+    if (document.Identity() != pending.stamp.identity) {
+        finished.changesLeftOut = true;
+    } else {
+        const bool edited = document.DataRevision() != pending.stamp.revision;
+        if (edited && result.changes.ranks) {
+            result.changes.ranks.reset();
+            finished.ranksLeftOut = true;
+        }
+        const auto apply = [&](Dataset& dataset, SessionState& state) {
+            ApplyChanges(result.changes, dataset, state);
+        };
+        if (batch.BatchRun)
+            document.ChangeSilently(apply);
+        else
+            document.Change({"Calculate"}, apply);
+        if (!edited) // the ranks are the run's own doing, and no edit of the data that it saw
+            finished.stamp.revision = document.DataRevision();
+    }
+    if (result.end != RunEnd::Finished)
+        return finished;
+    pending.calculation->SaveResidueFile(result);
+    notSaved.insert(notSaved.end(), result.notSaved.begin(), result.notSaved.end());
+    const auto open = [&](std::string caption, Report&& report) {
+        finished.windows.push_back(&windows.emplace_back(ResultsWindow{
+            std::move(caption), std::make_shared<const Report>(std::move(report)), finished.stamp}));
+    };
+    for (RunWindow& opened : result.windows)
+        open(opened.caption + document.Title(), std::move(opened.content));
+    if (const std::string& residueFile = pending.calculation->ResidueFile(); !residueFile.empty())
+        services.editor.Open(residueFile);
+    open("Results - " + Caption(), std::move(result.report));
+    plots.insert(plots.end(), result.plots.begin(), result.plots.end());
+    return finished;
 }
 
 void Session::CalculateAction() {
-    const RunResult result = Calculate(dataset, state,
-                                       {services.dialogs, services.feedback, services.clock, services.random,
-                                        services.files, WorkingFolder(services.folders)});
-    if (result.end != RunEnd::Finished)
+    PendingRun pending = BeginCalculation();
+    ShownProgress progress(services.feedback, services.dialogs);
+    RunResult result = pending.calculation->Run(progress);
+    services.feedback.HideProgress();
+    const FinishedRun finished = FinishCalculation(pending, std::move(result));
+    if (finished.windows.empty())
         return;
-    for (const RunWindow& opened : result.windows)
-        windows.push_back({opened.caption + DatasetTitle(state), opened.content.Text()});
-    if (!result.residueFile.empty())
-        services.editor.Open(result.residueFile);
-    ResultsWindow& window =
-        windows.emplace_back(ResultsWindow{"Results - " + Caption(), result.report.Text()});
     if (batch.BatchRun)
-        ActInBatch(window);
-    plots.insert(plots.end(), result.plots.begin(), result.plots.end());
-    for (const auto* messages : {&result.warnings, &result.notSaved})
-        for (const std::string& message : *messages)
-            services.dialogs.ShowMessage(MessageStyle::Information, message, "");
+        ActInBatch(*finished.windows.back());
+    for (const std::string& warning : finished.warnings)
+        services.dialogs.ShowMessage(MessageStyle::Information, warning, "");
 }
 
 void Session::ActInBatch(ResultsWindow& window) {

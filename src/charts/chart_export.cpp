@@ -3,7 +3,6 @@
 #include "charts/chart_look.h"
 #include "charts/chart_painter.h"
 #include "charts/qt_environment.h"
-#include "core/format/text_lists.h"
 #include "plots/axis_scale.h"
 
 #include <QBuffer>
@@ -100,20 +99,6 @@ std::string OutOfReach(const ChartModel& chart) {
     for (const AxisScale* scale : {&scales.x, &scales.y})
         drawable = drawable && QCPRange::validRange(scale->minimum, scale->maximum);
     return drawable ? "" : "its values are too large or too small a number to be drawn";
-}
-
-std::optional<ChartFormat> ChartFormatOf(std::string_view path) {
-    const std::size_t dot = path.rfind('.');
-    const std::string ending = dot == std::string_view::npos ? "" : UpperCase(path.substr(dot + 1));
-    if (ending == "SVG")
-        return ChartFormat::Svg;
-    if (ending == "PNG")
-        return ChartFormat::Png;
-    if (ending == "PDF")
-        return ChartFormat::Pdf;
-    if (ending == "BMP")
-        return ChartFormat::Bmp;
-    return std::nullopt;
 }
 
 ChartPicture RenderChart(const ChartModel& chart, ChartFormat format, ChartSize size,

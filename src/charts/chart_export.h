@@ -1,18 +1,12 @@
 #pragma once
 
-#include "plots/chart_model.h"
+#include "plots/picture_painter.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace corvane {
-
-enum class ChartFormat { Svg, Png, Pdf, Bmp };
-
-/// The format that a file's name ends in.
-std::optional<ChartFormat> ChartFormatOf(std::string_view path);
 
 /// Why the values of a chart cannot be drawn, or "": ranges beyond 1E±250.
 std::string OutOfReach(const ChartModel& chart);

@@ -1,18 +1,21 @@
 #include "cli/calc_command.h"
 
+#include "app/calculation.h"
+#include "app/chart_files.h"
 #include "app/json_report.h"
+#include "app/run_folder.h"
 #include "app/saved_windows.h"
-#include "cli/chart_files.h"
+#include "app/shown_progress.h"
+#include "cli/built_painter.h"
 #include "cli/command_support.h"
-#include "cli/output_guard.h"
 #include "cli/report_clock.h"
+#include "core/format/paths.h"
 #include "core/option_changes.h"
 #include "evaluation/calculate.h"
+#include "platform/native/interruption.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
-#include "plots/create_chart.h"
 
-#include <new>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -30,31 +33,29 @@ ExitCode FailedRun(const RunResult& result, const std::string& data) {
 
 /// Every chart that the run opened; those that cannot be painted are named.
 ExitCode SavePlots(const std::string& folder, const RunResult& result, FileStore& files,
-                   std::vector<std::string>& written) try {
-    if (!result.plots.empty() && !HasCharts()) {
-        Fail(std::to_string(result.plots.size()) + " charts are not saved: this corvane was built without");
-        return ExitDone;
-    }
-    std::vector<ChartModel> charts;
-    for (const ChartRequest& request : result.plots)
-        charts.push_back(CreateChart(request));
-    return SaveCharts(charts, folder, files, written) ? ExitDone : ExitFailed;
-} catch (const std::bad_alloc&) {
-    return Fail("there is not enough memory for the charts");
+                   std::vector<std::string>& written, KeptMessages& messages) {
+    const SavedCharts saved = SaveCharts(result.plots, folder, BuiltPainter().get(), files, written);
+    for (const std::string& warning : saved.warnings)
+        messages.Warn("", warning);
+    for (const std::string& message : saved.messages)
+        messages.Tell(message);
+    return saved.all ? ExitDone : ExitFailed;
 }
 
 /// Saves what --out asks for and says what else is there.
-ExitCode SaveInFolder(const CalcRequest& request, const RunResult& result, KeptMessages& messages,
-                      FileStore& files) {
+ExitCode SaveInFolder(const CalcRequest& request, const RunResult& result, const std::string& residueFile,
+                      KeptMessages& messages, FileStore& files) {
     std::vector<std::string> written;
     if (request.outFolder.empty())
         return ExitDone;
+    if (!residueFile.empty())
+        written.push_back(FileNameOf(residueFile));
     if (const FileResult saved = SaveWindows(request.outFolder, result, files, written); !saved.done) {
-        messages.texts.push_back(saved.reason);
-        return Fail(saved.reason);
+        messages.Tell(saved.reason);
+        return ExitFailed;
     }
-    const ExitCode charts = SavePlots(request.outFolder, result, files, written);
-    TellOldFiles(request.outFolder, written);
+    const ExitCode charts = SavePlots(request.outFolder, result, files, written, messages);
+    TellOldFiles(request.outFolder, written, messages);
     return charts;
 }
 
@@ -67,8 +68,7 @@ ExitCode Evaluate(const CalcRequest& request) {
         return Fail(WrongEpochMessage);
 
     std::vector<std::string> messages;
-    if (const std::string fault = OpenDataset(request.data, dataset, session, files, &messages);
-        !fault.empty())
+    if (const std::string fault = OpenData(request.data, dataset, session, files, &messages); !fault.empty())
         return Fail(fault);
     OutputGuard guard;
     guard.Read(request.data, "the dataset");
@@ -85,14 +85,26 @@ ExitCode Evaluate(const CalcRequest& request) {
     ClockSeeds clockSeeds;
     FixedSeed userSeed(request.seed.value_or(0));
     Random& random = request.seed ? static_cast<Random&>(userSeed) : clockSeeds;
+    // Signals ask for a stop until what the run has on the disk is whole or gone. Painting forks, so that
+    // they must end the program again by then.
+    std::optional<Interruption> interruption(std::in_place);
+    OutputFolder folder;
     if (!request.outFolder.empty()) { // before the run, since a residue file goes there
-        if (const std::string fault = MakeFolder(request.outFolder); !fault.empty())
+        if (const std::string fault = folder.Make(request.outFolder); !fault.empty())
             return Fail(fault);
     }
-    const RunResult result =
-        Calculate(dataset, session, {dialogs, feedback, *clock, random, files, request.outFolder});
+    Calculation calculation(dataset, session, *clock, random, files, request.outFolder);
+    ShownProgress progress(feedback, dialogs);
+    RunResult result = calculation.Run(progress, interruption->Token());
+    feedback.HideProgress();
+    if (Interruption::Requested())
+        return ExitInterrupted;
+    folder.Keep();
+    ApplyChanges(result.changes, dataset, session);
     if (result.end != RunEnd::Finished)
         return FailedRun(result, request.data);
+    calculation.SaveResidueFile(result);
+    interruption.reset();
     for (const std::string& warning : result.warnings)
         dialogs.Warn(request.data, warning);
     if (request.outFolder.empty() && request.jsonFile.empty())
@@ -104,7 +116,7 @@ ExitCode Evaluate(const CalcRequest& request) {
         dialogs.Fail(request.data, failure);
 
     // The report comes even where a file of the run could not be written.
-    const ExitCode saved = SaveInFolder(request, result, dialogs, files);
+    const ExitCode saved = SaveInFolder(request, result, calculation.ResidueFile(), dialogs, files);
     const std::string json =
         request.jsonFile.empty() ? "" : JsonReport({dataset, session, result, request.data, dialogs.texts});
     const ExitCode printed = PrintReport(result.report, request.jsonFile, json, files);

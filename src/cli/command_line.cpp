@@ -1,7 +1,7 @@
 #include "cli/command_line.h"
 
+#include "cli/built_painter.h"
 #include "cli/calc_command.h"
-#include "cli/chart_files.h"
 #include "cli/command_support.h"
 #include "cli/compare_command.h"
 #include "cli/generate_command.h"
@@ -110,15 +110,20 @@ void AddCompare(CLI::App& program, CompareRequest& request) {
             return LeadingNumber(text) >= 1 ? std::string() : "a position is 1 or more, not '" + text + "'";
         })
         ->transform(WholeNumber<std::size_t>());
-    compare->add_option("--long", request.longDigits, "Width of the wide columns, 10 to 20; at first 12")
+    compare
+        ->add_option("--long", request.settings.longDigits,
+                     "Width of the wide columns, 10 to 20; at first 12")
         ->type_name("N")
         ->transform(WholeNumber<int>());
-    compare->add_option("--short", request.shortDigits, "Width of the narrow columns, 6 or more; at first 9")
+    compare
+        ->add_option("--short", request.settings.shortDigits,
+                     "Width of the narrow columns, 6 or more; at first 9")
         ->type_name("N")
         ->transform(WholeNumber<int>());
     compare
         ->add_option_function<std::string>(
-            "--decimals", [&request](const std::string& text) { request.decimals = ReadDecimals(text); },
+            "--decimals",
+            [&request](const std::string& text) { request.settings.decimals = ReadDecimals(text); },
             "Decimals of statistics, probabilities and correlations; at first 4,3,2")
         ->type_name("S,P,C")
         ->check([](const std::string& text) {
@@ -143,8 +148,9 @@ void AddPlot(CLI::App& program, PlotCommandRequest& request) {
         ->type_name("FILE")
         ->required()
         ->check([](const std::string& path) {
-            return IsPictureName(path) ? std::string()
-                                       : "'" + path + "' does not end in .svg, .png, .pdf or .bmp";
+            return !BuiltPainter() || ChartFormatOf(path)
+                       ? std::string()
+                       : "'" + path + "' does not end in .svg, .png, .pdf or .bmp";
         });
     plot->add_flag("--force", request.force, "Replace the picture if it exists");
     plot->add_option("--log", request.logAxes, "Logarithmic axes: x, y or xy")
@@ -280,7 +286,7 @@ ExitCode EndOfParsing(const CLI::App& program, const CLI::ParseError& error) {
     }
     // The fault may quote the user's words and their line ends; what follows it is the parser's own.
     const std::string fault = error.what();
-    WriteErrorLine(fault);
+    WriteErrorLine(CutMessage(fault));
     std::istringstream advice(faults.str().substr(std::min(fault.size() + 1, faults.str().size())));
     for (std::string line; std::getline(advice, line);)
         WriteErrorLine(line);
@@ -298,7 +304,8 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
         "analysis, /P prints the results, /S saves them, /O shows them, /L<folder> is where they are saved,\n"
         "/X quits.  Example: corvane /Fd.KOV /S /Lout /X\n\n"
         "Example: corvane calc examples/mtcars.KOV --set OLS_SLS=1\n"
-        "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage.");
+        "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage,\n"
+        "130 interrupted.");
     std::string file;
     program.add_option("FILE", file, "A dataset to open in the window");
     CalcRequest calc;

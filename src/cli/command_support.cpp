@@ -1,14 +1,11 @@
 #include "cli/command_support.h"
 
+#include "app/open_file.h"
 #include "app/option_assignments.h"
 #include "app/run_folder.h"
+#include "app/save_file.h"
 #include "core/format/text_lists.h"
 #include "core/grid_operations.h"
-#include "files/csv_import.h"
-#include "files/dataset_reader.h"
-
-#include <algorithm>
-#include <filesystem>
 
 namespace corvane {
 
@@ -20,6 +17,11 @@ void KeptMessages::ShowMessage(MessageStyle style, const std::string& text, cons
 void KeptMessages::Fail(const std::string& file, const std::string& failure) {
     WriteErrorLine("corvane: " + file + ": " + failure);
     texts.push_back(failure);
+}
+
+void KeptMessages::Tell(const std::string& text) {
+    WriteErrorLine("corvane: " + text);
+    texts.push_back(text);
 }
 
 void KeptMessages::Warn(const std::string& file, const std::string& warning) {
@@ -36,35 +38,31 @@ void Warn(const std::string& what) {
     WriteErrorLine("corvane: warning: " + what);
 }
 
-std::string OpenDataset(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
-                        std::vector<std::string>* messages) {
-    // The header takes the name behind the last separator, so the path must have one.
-    std::error_code error;
-    const std::string path = std::filesystem::absolute(data, error).string();
-    if (error)
-        return QuotedForMessage(data) + ": " + error.message();
-    if (EqualInAnyCase(std::filesystem::path(data).extension().string(), ".csv")) {
-        CsvOutcome table = ImportCsv(path, {}, dataset, session, files);
-        table.file = data;
-        if (!table.done)
-            return table.Located(table.fault);
-        for (const CsvRemark& warning : table.warnings) {
-            Warn(table.Located(warning));
-            if (messages)
-                messages->push_back(table.Located(warning));
-        }
-        WriteErrorLine("corvane: " + table.Located({0, table.summary}));
-        if (messages)
-            messages->push_back(table.Located({0, table.summary}));
-        return {};
+std::string CutMessage(std::string_view message) {
+    constexpr std::size_t first = 200, last = 100;
+    if (CharacterCount(message) <= first + last)
+        return std::string(message);
+    return std::string(FirstCharacters(message, first)) + "…" + std::string(LastCharacters(message, last));
+}
+
+std::string OpenData(const std::string& data, Dataset& dataset, SessionState& session, FileStore& files,
+                     std::vector<std::string>* messages, std::int32_t* rowsRead) {
+    const OpenOutcome opened = OpenDataset(data, dataset, session, files);
+    if (!opened.Whole())
+        return opened.Error();
+    if (opened.fewRowsLine > 0)
+        return data + ":" + std::to_string(opened.fewRowsLine) + ": " + TooFewRowsMessage;
+    for (const std::string& warning : opened.warnings)
+        Warn(warning);
+    if (!opened.summary.empty())
+        WriteErrorLine("corvane: " + opened.summary);
+    if (messages) {
+        *messages = opened.warnings;
+        if (!opened.summary.empty())
+            messages->push_back(opened.summary);
     }
-    LoadOutcome loaded = LoadFile(path, dataset, session, files);
-    if (!loaded.Complete()) {
-        loaded.file = data;
-        return loaded.Error();
-    }
-    if (loaded.tooFewRowsLine > 0)
-        return data + ":" + std::to_string(loaded.tooFewRowsLine) + ": " + TooFewRowsMessage;
+    if (rowsRead)
+        *rowsRead = opened.rowsRead;
     return {};
 }
 
@@ -72,7 +70,7 @@ std::string ApplyAssignments(const std::vector<std::string>& assignments, Datase
                              SessionState& session) {
     for (const std::string& assignment : assignments)
         if (const auto wrong = AssignOption(dataset, session, assignment))
-            return "--set " + assignment.substr(0, assignment.find('=')) + ": " + *wrong;
+            return "--set " + CutMessage(assignment.substr(0, assignment.find('='))) + ": " + *wrong;
     return {};
 }
 
@@ -81,25 +79,28 @@ std::string ExistsMessage(const std::string& path) {
 }
 
 FileResult WriteOutputFile(const std::string& path, const std::string& bytes, bool force, FileStore& files) {
-    FileResult written = force ? files.Replace(path, bytes) : files.Create(path, bytes);
-    if (!written.done)
-        written.reason = written.taken ? ExistsMessage(path) : path + ": " + written.reason;
+    FileResult written = SaveBytes(path, bytes, force ? Existing::Replace : Existing::Keep, files);
+    if (written.taken)
+        written.reason = ExistsMessage(path);
     return written;
 }
 
-void TellOldFiles(const std::string& folder, const std::vector<std::string>& written) {
-    std::string old;
-    for (const std::string& name : SavedNames(folder))
-        if (std::ranges::find(written, name) == written.end())
-            old += (old.empty() ? "" : ", ") + name;
-    if (!old.empty())
-        WriteErrorLine("corvane: " + folder + ": left from an earlier run: " + old);
+ExitCode EndOfSaving(const std::string& path, const FileResult& saved) {
+    return saved.done ? ExitDone : Fail(saved.taken ? ExistsMessage(path) : saved.reason);
 }
 
-std::string MakeFolder(const std::string& folder) {
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    return error ? folder + ": " + error.message() : "";
+void TellOldFiles(const std::string& folder, const std::vector<std::string>& written,
+                  KeptMessages& messages) {
+    if (const std::string old = OldFiles(folder, written); !old.empty())
+        messages.Tell(folder + ": left from an earlier run: " + old);
+}
+
+std::string ClaimOutputs(const std::string& outFolder, const std::string& jsonFile, OutputGuard& guard) {
+    if (!outFolder.empty())
+        if (std::string fault = guard.ClaimFolder("--out", outFolder); !fault.empty())
+            return fault;
+    const bool toFile = !jsonFile.empty() && jsonFile != StandardOutput;
+    return toFile ? guard.Claim("--json", jsonFile) : "";
 }
 
 ExitCode PrintReport(const Report& report, const std::string& jsonFile, const std::string& json,

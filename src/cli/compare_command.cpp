@@ -1,69 +1,54 @@
 #include "cli/compare_command.h"
 
+#include "app/comparison_action.h"
 #include "app/json_report.h"
+#include "app/run_folder.h"
 #include "app/saved_windows.h"
+#include "app/shown_progress.h"
 #include "cli/command_support.h"
-#include "cli/output_guard.h"
 #include "cli/report_clock.h"
-#include "comparison/comparison_report.h"
 #include "core/format/numbers.h"
 #include "core/format/text_lists.h"
+#include "platform/native/interruption.h"
 #include "platform/native/native_file_store.h"
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 
 namespace corvane {
 namespace {
 
 bool IsComparisonFile(const std::string& path) {
-    constexpr std::string_view ending = ".KOC";
-    return path.size() >= ending.size() && EqualInAnyCase(path.substr(path.size() - ending.size()), ending);
+    return KindOfFile(path) == FileKind::Comparison;
 }
 
-/// Fills the list from the files that were named. Returns why that cannot be done, or "".
+/// Fills the list from the files that were named and ticks what was selected. Returns why that cannot be
+/// done, or "".
 std::string FillList(const CompareRequest& request, ComparisonList& list, KeptMessages& messages,
                      const FileStore& files) {
-    if (IsComparisonFile(request.files.front())) {
-        const KocOutcome outcome = list.Open(request.files.front(), files);
-        for (const std::string& leftOut : outcome.leftOut)
-            messages.Warn("", leftOut);
-        if (!outcome.Complete())
-            return outcome.Error();
-    } else {
-        std::vector<std::string> paths;
-        for (const std::string& file : request.files) {
-            std::error_code error;
-            paths.push_back(std::filesystem::absolute(file, error).lexically_normal().string());
-            if (error)
-                return QuotedForMessage(file) + ": " + error.message();
-        }
-        list.Add(paths);
-        for (std::size_t row = 0; row < list.Rows().size(); ++row)
-            list.Select(row, true);
-    }
-    const std::size_t count = list.Rows().size();
-    for (const std::size_t position : request.select)
-        if (position > count)
-            return "--select " + std::to_string(position) + ": the list has " + std::to_string(count) +
-                   (count == 1 ? " file" : " files");
-    if (!request.select.empty())
-        for (std::size_t row = 0; row < count; ++row)
-            list.Select(row, std::ranges::count(request.select, row + 1) > 0);
-    return {};
+    const OpenOutcome filled = FillComparison(request.files, list, files);
+    for (const std::string& warning : filled.warnings)
+        messages.Warn("", warning);
+    if (!filled.Whole())
+        return filled.Error();
+    if (request.select.empty())
+        return {};
+    const std::string fault = TickOnly(request.select, list);
+    return fault.empty() ? "" : "--select " + fault;
 }
 
-void ChangeSettings(const CompareRequest& request, ComparisonSettings& settings) {
-    if (request.longDigits)
-        settings.DigitsLong = std::to_string(*request.longDigits);
-    if (request.shortDigits)
-        settings.DigitsShort = std::to_string(*request.shortDigits);
-    if (request.decimals) {
-        settings.DecimalsStatistics = request.decimals->at(0);
-        settings.DecimalsProbability = request.decimals->at(1);
-        settings.DecimalsCorrelations = request.decimals->at(2);
-    }
+/// Saves what --out asks for and says what else is there.
+ExitCode SaveInFolder(const std::string& outFolder, const Report& report, KeptMessages& messages,
+                      FileStore& files) {
+    OutputFolder folder;
+    if (const std::string fault = folder.Make(outFolder); !fault.empty())
+        return Fail(fault);
+    folder.Keep();
+    std::vector<std::string> written;
+    if (const FileResult saved = SaveReport(outFolder, "results.txt", report, files, written); !saved.done)
+        return Fail(saved.reason);
+    TellOldFiles(outFolder, written, messages);
+    return ExitDone;
 }
 
 } // namespace
@@ -98,7 +83,7 @@ ExitCode RunCompare(const CompareRequest& request) {
     ComparisonList list;
     if (const std::string fault = FillList(request, list, messages, files); !fault.empty())
         return Fail(fault);
-    ChangeSettings(request, list.settings);
+    ChangeSettings(request.settings, list.settings);
     OutputGuard guard;
     guard.Read(request.files.front(), "a file of the comparison");
     for (const ListedFile& row : list.Rows())
@@ -106,22 +91,23 @@ ExitCode RunCompare(const CompareRequest& request) {
     if (const std::string fault = ClaimOutputs(request.outFolder, request.jsonFile, guard); !fault.empty())
         return Fail(fault);
 
+    ShownProgress progress(feedback, messages);
+    std::optional<Interruption> interruption(std::in_place);
     const ComparisonResult result =
-        CompareModels(list, request.references, {messages, feedback, *clock, files});
+        CompareModels(TakeSnapshot(list, request.references, *clock), files, progress, interruption->Token());
+    feedback.HideProgress();
+    if (Interruption::Requested())
+        return ExitInterrupted;
+    interruption.reset();
+    list.settings = result.settings;
     for (const std::string& warning : result.warnings)
         messages.Warn("", warning);
     if (!result.finished)
         return result.fault.empty() ? ExitFailed : Fail(result.fault);
-    if (!request.outFolder.empty()) {
-        if (const std::string fault = MakeFolder(request.outFolder); !fault.empty())
-            return Fail(fault);
-        std::vector<std::string> written;
-        if (const FileResult saved =
-                SaveReport(request.outFolder, "results.txt", result.report, files, written);
-            !saved.done)
-            return Fail(saved.reason);
-        TellOldFiles(request.outFolder, written);
-    }
+    if (!request.outFolder.empty())
+        if (const ExitCode saved = SaveInFolder(request.outFolder, result.report, messages, files);
+            saved != ExitDone)
+            return saved;
     const std::string koc = IsComparisonFile(request.files.front()) ? request.files.front() : "";
     const std::string json =
         request.jsonFile.empty() ? "" : JsonReport({result, request.references, koc, messages.texts});

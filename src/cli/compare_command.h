@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/comparison_action.h"
 #include "cli/exit_codes.h"
 
 #include <array>
@@ -14,9 +15,8 @@ namespace corvane {
 struct CompareRequest {
     std::vector<std::string> files; ///< A comparison file, or dataset files.
     std::vector<std::size_t>
-        select; ///< Positions in the list, from 1; empty: the ticks, or all dataset files.
-    std::optional<int> longDigits, shortDigits;         ///< None: as the comparison file has it.
-    std::optional<std::array<std::string, 3>> decimals; ///< Of statistics, probabilities, correlations.
+        select;              ///< Positions in the list, from 1; empty: the ticks, or all dataset files.
+    SettingsChange settings; ///< In the place of those that the comparison file has.
     bool references = false;
     std::string outFolder; ///< Where the report is saved; empty: nowhere.
     std::string jsonFile;  ///< Where the JSON goes; empty: nowhere, "-": instead of the report.

@@ -1,8 +1,7 @@
 #include "cli/generate_command.h"
 
+#include "app/save_file.h"
 #include "cli/command_support.h"
-#include "core/format/code_page.h"
-#include "files/dataset_writer.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/seeds.h"
 #include "platform/native/terminal.h"
@@ -30,14 +29,12 @@ ExitCode RunGenerate(const GenerateRequest& request) {
         if (GeneratePairs(pairs, true, dataset, dialogs, random) != GenerationEnd::Written)
             return ExitFailed;
         NativeFileStore files;
-        const std::string bytes = EncodeText(DatasetFileText(dataset));
-        if (const FileResult saved = WriteOutputFile(request.outputFile, bytes, request.force, files);
-            !saved.done)
-            return Fail(saved.reason);
+        return EndOfSaving(request.outputFile,
+                           SaveDataset(request.outputFile, dataset,
+                                       request.force ? Existing::Replace : Existing::Keep, files));
     } catch (const std::bad_alloc&) {
         return Fail("there is not enough memory for " + std::to_string(pairs.N) + " pairs");
     }
-    return ExitDone;
 }
 
 } // namespace corvane

@@ -1,15 +1,14 @@
 #include "cli/plot_command.h"
 
 #include "analyses/rank_analysis.h"
-#include "cli/chart_files.h"
+#include "app/chart_files.h"
+#include "cli/built_painter.h"
 #include "cli/command_support.h"
-#include "cli/output_guard.h"
 #include "cli/report_clock.h"
 #include "platform/native/native_file_store.h"
 #include "plots/chart_operations.h"
 #include "plots/dataset_plots.h"
 #include "plots/histogram.h"
-#include "plots/xy_plot.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -18,25 +17,19 @@
 namespace corvane {
 namespace {
 
-/// The charts of the request. None: the message stands in their place.
-std::vector<ChartModel> Charts(const PlotCommandRequest& request, Dataset& dataset,
-                               const SessionState& session, std::string& message) {
-    std::vector<ChartModel> charts;
-    if (request.kind == "histogram") {
-        const HistogramOutcome outcome = HistogramPlots(dataset);
-        message = outcome.message.empty() ? "no histogram is ticked" : outcome.message;
-        for (const HistogramRequest& histogram : outcome.requests)
-            charts.push_back(CreateHistogramPlot(histogram));
-    } else {
-        if (request.kind == "ranks" && RowsBeforeEmpty(dataset.cells, ColumnRankX) == 0)
-            FillRanks(dataset);
-        const PlotOutcome plot =
-            request.kind == "ranks" ? RankPlot(dataset, session) : ScatterPlot(dataset, session);
-        message = plot.message;
-        if (plot.request)
-            charts.push_back(CreateXYPlot(*plot.request));
+/// The charts of the request, or the message in their place.
+ChartOutcome Charts(ChartKind kind, Dataset& dataset, const SessionState& session) {
+    if (kind == ChartKind::Histogram) {
+        ChartOutcome outcome = HistogramPlots(dataset);
+        if (outcome.charts.empty() && outcome.message.empty())
+            outcome.message = "no histogram is ticked";
+        return outcome;
     }
-    return charts;
+    if (kind == ChartKind::Scatter)
+        return ScatterPlot(dataset, session);
+    if (RowsBeforeEmpty(dataset.cells, ColumnRankX) == 0)
+        FillRanks(dataset);
+    return RankPlot(dataset, session);
 }
 
 /// Does to a chart what the boxes of its window would. Returns why it cannot be done, or "".
@@ -73,19 +66,19 @@ std::string Numbered(const std::string& path, std::size_t index) {
 }
 
 ExitCode Plot(const PlotCommandRequest& request) {
-    if (!HasCharts())
+    const auto painter = BuiltPainter();
+    if (!painter)
         return Fail("this corvane was built without charts (CORVANE_DESKTOP=OFF)");
     if (!ReportClock()) // a PDF file holds the moment that it was made
         return Fail(WrongEpochMessage);
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
-    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+    if (const std::string fault = OpenData(request.data, dataset, session, files); !fault.empty())
         return Fail(fault);
     if (const std::string fault = ApplyAssignments(request.assignments, dataset, session); !fault.empty())
         return Fail(fault);
-    std::string message;
-    std::vector<ChartModel> charts = Charts(request, dataset, session, message);
+    auto [charts, message] = Charts(ChartKindOf(request.kind).value_or(ChartKind::Scatter), dataset, session);
     if (charts.empty())
         return Fail(request.data + ": " + message);
     OutputGuard guard;
@@ -106,7 +99,7 @@ ExitCode Plot(const PlotCommandRequest& request) {
     };
     for (std::size_t i = 0; i < charts.size(); ++i)
         if (const FileResult saved =
-                SaveChart(charts[i], Numbered(request.outputFile, i), write, request.size);
+                SaveChart(charts[i], Numbered(request.outputFile, i), *painter, write, request.size);
             !saved.done)
             exit = Fail(saved.reason);
     return exit;

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 namespace corvane {
 namespace {
@@ -41,14 +42,14 @@ bool IsPathSwitch(const std::string& argument) {
            letters.find(UpperCase(argument.substr(1, 1))) != std::string_view::npos;
 }
 
-/// Takes the path of a path switch: without its double quotes, and where it has such, up to the blank outside
-/// of them that ends the line's token. `argument` keeps what follows. Nothing where a quote has no partner.
-std::optional<std::string> TakePath(std::string& argument) {
-    const bool quoted = argument.find('"') != std::string::npos;
+/// Takes the path of a path switch: without its double quotes, and in a line of several switches up to the
+/// blank outside of them that ends the line's token. `argument` keeps what follows. Nothing where a quote has
+/// no partner.
+std::optional<std::string> TakePath(std::string& argument, bool several) {
     std::string path;
     bool inQuote = false;
     std::size_t at = 2;
-    for (; at < argument.size() && !(quoted && !inQuote && argument[at] == ' '); ++at)
+    for (; at < argument.size() && !(several && !inQuote && argument[at] == ' '); ++at)
         if (argument[at] == '"')
             inQuote = !inQuote;
         else
@@ -57,24 +58,39 @@ std::optional<std::string> TakePath(std::string& argument) {
     return inQuote ? std::nullopt : std::optional(path);
 }
 
+/// Takes what comes before a further switch, a blank and "/" outside of double quotes. Nothing where a quote
+/// has no partner.
+std::optional<std::string> TakeText(std::string& argument) {
+    bool inQuote = false;
+    std::size_t at = 0;
+    for (; at < argument.size() && (inQuote || argument.compare(at, 2, " /") != 0); ++at)
+        if (argument[at] == '"')
+            inQuote = !inQuote;
+    std::string text = argument.substr(0, at);
+    argument.erase(0, std::min(at + 1, argument.size()));
+    return inQuote ? std::nullopt : std::optional(std::move(text));
+}
+
 /// Appends one argument to the line. False where the line cannot carry it.
 bool AppendToLine(std::string& line, std::string argument) {
+    constexpr std::size_t longestPath = 4096; // PATH_MAX; to ask for more would take long for many switches
+    // A path switch without quotes may have blanks in its path.
+    const bool several = !IsPathSwitch(argument) || argument.find('"') != std::string::npos;
     while (!argument.empty()) {
         line += line.empty() ? "" : " ";
-        if (FileExists(argument)) {
+        if (argument.size() < longestPath && FileExists(argument)) {
             line += ForLine(argument);
             return argument.find_first_of("\\\"") == std::string::npos;
         }
         if (!IsPathSwitch(argument)) {
-            // Quotes further on tell that this is a line of several switches.
-            const std::size_t end =
-                argument.find('"') == std::string::npos ? std::string::npos : argument.find(" /");
-            line += argument.substr(0, end);
-            argument.erase(0, end == std::string::npos ? end : end + 1);
+            const auto text = TakeText(argument);
+            if (!text)
+                return false;
+            line += *text;
             continue;
         }
         const std::string letter = argument.substr(0, 2);
-        const auto path = TakePath(argument);
+        const auto path = TakePath(argument, several);
         if (!path || (path->find('\\') != std::string::npos && !IsWindowsPath(*path)))
             return false;
         line += letter + (path->empty() ? "" : ForLine(*path));

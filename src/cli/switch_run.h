@@ -14,10 +14,11 @@ bool IsSwitchLine(const std::vector<std::string>& arguments);
 
 /// The line that the dispatcher reads, in which "/" only marks switches: the path behind /F, /L or /C, and an
 /// argument that is a file, become absolute, with "\" between folders and in double quotes; other arguments
-/// stay. Double quotes in the path of a switch are dropped, and where it has some, a blank outside of them
-/// ends it, as in the line itself. Nothing where the line cannot carry a path: for an unpaired quote, for a
-/// "\" in a path that does not begin as one of Windows does, or for either in the name of a file; `refused`
-/// then takes it.
+/// stay. Double quotes in the path of a switch are dropped. An argument that has such, or does not begin with
+/// /F, /L or /C, may hold several switches; there a blank outside of quotes ends a path, as in the line
+/// itself. Nothing where the line cannot carry an argument: for an unpaired quote anywhere, for a "\" in a
+/// path that does not begin as one of Windows does, or for either in the name of a file; `refused` then takes
+/// it.
 std::optional<std::string> MakeSwitchLine(const std::vector<std::string>& arguments, std::string& refused);
 
 /// Runs a session without a window: carries the line out and ends.

@@ -1,25 +1,25 @@
 #include "cli/table_commands.h"
 
+#include "app/open_file.h"
+#include "app/save_file.h"
 #include "cli/command_support.h"
-#include "cli/output_guard.h"
-#include "core/format/code_page.h"
-#include "files/csv_import.h"
-#include "files/csv_writer.h"
-#include "files/dataset_writer.h"
 #include "platform/native/native_file_store.h"
+
+#include <cstdint>
+#include <string>
 
 namespace corvane {
 namespace {
 
-/// Writes a file that must not be the one that was read.
-ExitCode WriteResult(const std::string& read, const std::string& path, const std::string& bytes, bool force,
-                     FileStore& files) {
+/// Why the result may not have this file, or "".
+std::string ClaimResult(const std::string& read, const std::string& path) {
     OutputGuard guard;
     guard.Read(read, "the file that is read");
-    if (const std::string fault = guard.Claim("-o", path); !fault.empty())
-        return Fail(fault);
-    const FileResult written = WriteOutputFile(path, bytes, force, files);
-    return written.done ? ExitDone : Fail(written.reason);
+    return guard.Claim("-o", path);
+}
+
+Existing IfExisting(bool force) {
+    return force ? Existing::Replace : Existing::Keep;
 }
 
 ExitCode Import(const ImportRequest& request) {
@@ -28,16 +28,17 @@ ExitCode Import(const ImportRequest& request) {
     SessionState session;
     CsvOptions options = request.options;
     options.everyRemark = true;
-    const CsvOutcome outcome = ImportCsv(request.table, options, dataset, session, files);
-    if (!outcome.done)
-        return Fail(outcome.Located(outcome.fault));
-    for (const CsvRemark& warning : outcome.warnings)
-        Warn(outcome.Located(warning));
-    const ExitCode exit = WriteResult(request.table, request.outputFile, EncodeText(DatasetFileText(dataset)),
-                                      request.force, files);
-    if (exit != ExitDone)
+    const OpenOutcome table = OpenTable(request.table, options, dataset, session, files);
+    if (!table.Whole())
+        return Fail(table.Error());
+    for (const std::string& warning : table.warnings)
+        Warn(warning);
+    if (const std::string fault = ClaimResult(request.table, request.outputFile); !fault.empty())
+        return Fail(fault);
+    const FileResult saved = SaveDataset(request.outputFile, dataset, IfExisting(request.force), files);
+    if (const ExitCode exit = EndOfSaving(request.outputFile, saved); exit != ExitDone)
         return exit;
-    WriteOutput(request.table + ": " + outcome.summary + '\n');
+    WriteOutput(table.summary + '\n');
     if (!EndOutput())
         return Fail(request.outputFile + " is written, but standard output could not be");
     return ExitDone;
@@ -47,9 +48,23 @@ ExitCode Export(const ExportRequest& request) {
     NativeFileStore files;
     Dataset dataset;
     SessionState session;
-    if (const std::string fault = OpenDataset(request.data, dataset, session, files); !fault.empty())
+    std::int32_t rowsRead = 0;
+    if (const std::string fault = OpenData(request.data, dataset, session, files, nullptr, &rowsRead);
+        !fault.empty())
         return Fail(fault);
-    return WriteResult(request.data, request.outputFile, CsvText(dataset.cells), request.force, files);
+    if (const std::string fault = ClaimResult(request.data, request.outputFile); !fault.empty())
+        return Fail(fault);
+    // A file of 20 bytes may announce two thousand million rows.
+    const std::int32_t announced = dataset.cells.RowCount(), leftOut = announced - rowsRead;
+    if (leftOut > 0)
+        dataset.cells.SetRowCount(rowsRead);
+    const ExitCode exit = EndOfSaving(
+        request.outputFile, ExportTable(request.outputFile, dataset, IfExisting(request.force), files));
+    if (exit == ExitDone && leftOut > 0)
+        WriteErrorLine("corvane: " + request.data + ": of the " + std::to_string(announced) +
+                       " rows that N announces, " + std::to_string(leftOut) +
+                       " are not in the file and are left out");
+    return exit;
 }
 
 } // namespace

@@ -3,20 +3,19 @@
 #include "core/format/text_lists.h"
 #include "stats/concordance.h"
 #include "stats/error_measures.h"
-#include "stats/line_fits.h"
+#include "stats/information_criteria.h"
 #include "stats/moment_statistics.h"
-#include "stats/sums.h"
 
 #include <array>
 #include <cmath>
-#include <numbers>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace corvane {
 namespace {
 
-/// The columns behind the three moments, in their order.
+/// The columns after the three moments, in their order.
 enum Index { RSquared, MSEP, MB, MEF, CD, Cb, CCC, AIC, AICc, AICcPrime, IndexCount };
 
 struct IndexColumn {
@@ -38,6 +37,26 @@ constexpr std::array<IndexColumn, IndexCount> indexColumns{{
     {"AICc", "AICc", true, false},
     {"AICc'", "AICcPrime", true, false},
 }};
+
+// Widths and decimals come from the settings.
+constexpr Place places[] = {
+    {"Mean_*", "moments.mean"},
+    {"SD_*", "moments.sd"},
+    {"Median_*", "moments.median"},
+    {"RSquared_*", "regression.r_squared"},
+    {"MSEP_*", "msep"},
+    {"MB_*", "bias.mean"},
+    {"MEF_*", "error.mef"},
+    {"CD_*", "error.cd"},
+    {"Cb_*", "concordance.cb"},
+    {"CCC_*", "comparison.ccc"},
+    {"AIC_*", "comparison.aic"},
+    {"AICc_*", "comparison.aicc"},
+    {"AICcPrime_*", "comparison.aicc_prime"},
+    {"best_*", "comparison.best"},
+};
+
+constexpr const char* momentTitles[] = {"Mean", "SD", "Median"};
 
 constexpr const char* notes[] = {
     ".SD = Standard deviation",
@@ -83,26 +102,6 @@ ModelPairs TakePairs(const ComparisonData& data, std::size_t model, std::size_t&
     return pairs;
 }
 
-void SetInformationCriteria(Indexes& indexes, const ComparedModel& model, const ModelPairs& pairs) {
-    const double n = static_cast<double>(pairs.X.size());
-    // In units of a power of two, since SSE itself may be out of a double's range where its logarithm is not.
-    const int exponent = stats::ScaleExponent(pairs.Y);
-    const double SSE = stats::FitLine(pairs.X, stats::Scaled(pairs.Y, exponent)).Chi2;
-    if (n < 4 || !(SSE > 0))
-        return;
-    if (n == 4)
-        throw RunFailure(model.path +
-                         ": 4 observed values are in use, and AICc divides by their number less 4; it takes "
-                         "5 or more");
-    constexpr double parameters = 3, twicePi = 6.283186; // to these digits: the report's AIC rests on them
-    const double c = std::log(twicePi) + 1;
-    const double q = std::log(SSE / n) + 2 * exponent * std::numbers::ln2;
-    const double correction = Divide(2 * parameters * (parameters + 1), n - parameters - 1);
-    indexes[AIC] = n * (q + c) + 2 * parameters;
-    indexes[AICc] = correction + n * (q + c) + 2 * parameters;
-    indexes[AICcPrime] = correction + n * q + 2 * parameters;
-}
-
 /// `sameRows`: the moments of Y are those of these pairs.
 Indexes IndexesOf(const ComparedModel& model, const ModelPairs& pairs,
                   const stats::MomentStatisticsResult& momentsX,
@@ -115,10 +114,13 @@ Indexes IndexesOf(const ComparedModel& model, const ModelPairs& pairs,
     const double meanDifference = sameRows ? -errors.MeanBias : momentsX.Mean - momentsY.Mean;
     const stats::Concordance concordance =
         stats::ConcordanceStatistics({X.size(), r, meanDifference, momentsX.SD, momentsY.SD, 0});
-    Indexes indexes{errors.RSquared, errors.MSEP,    errors.MeanBias, errors.MEF,
-                    errors.CD,       concordance.Cb, concordance.rc};
-    SetInformationCriteria(indexes, model, pairs);
-    return indexes;
+    const auto criteria = stats::LineInformationCriteria(X, Y);
+    if (!criteria)
+        throw RunFailure(model.path +
+                         ": 4 observed values are in use, and AICc divides by their number less 4; it takes "
+                         "5 or more");
+    return {errors.RSquared, errors.MSEP,    errors.MeanBias, errors.MEF,     errors.CD,
+            concordance.Cb,  concordance.rc, criteria->AIC,   criteria->AICc, criteria->AICcPrime};
 }
 
 /// The size by which a value competes for "best", the smaller the better. CD is judged by its distance from
@@ -145,57 +147,51 @@ public:
     AdequacyTable(ReportSection& reportSection, const ReportColumns& reportColumns)
         : section(reportSection), columns(reportColumns) {}
 
-    void WriteHeader() {
-        section.Line();
-        std::string header = "Model:";
-        for (const char* title : {"Mean", "SD", "Median"})
-            header += Centred(columns.Long, title);
-        for (const IndexColumn& column : indexColumns)
-            header += Centred(Width(column), column.title);
-        section.Line(header);
+    void WriteHead() {
+        section.Blank();
+        std::vector<std::string> titles(std::begin(momentTitles), std::end(momentTitles));
+        std::string head = "Model:";
+        for (const std::string& title : titles)
+            head += Centred(columns.Long, title);
+        for (const IndexColumn& column : indexColumns) {
+            titles.emplace_back(column.title);
+            head += Centred(Width(column), column.title);
+        }
+        section.BeginTable(std::move(titles));
+        section.TableHead(std::move(head));
         WriteRule('-');
     }
 
-    void WriteRule(char character) {
-        section.Line(
-            std::string(static_cast<std::size_t>(8 * columns.Long + 5 * columns.Short + 7), character));
-    }
-
     void WriteObserved(const stats::MomentStatisticsResult& moments) {
-        ReportLine line;
-        line.pieces.emplace_back("Obs  : ");
-        AddMoments(line, moments, "observed", "the observations");
-        section.lines.push_back(std::move(line));
+        std::vector<RowItem> items{"Obs  : "};
+        AddMoments(items, moments, "observed", "the observations");
+        section.TableRow(items);
     }
 
     void WriteModel(const ComparedModel& model, const stats::MomentStatisticsResult& moments,
                     const Indexes& indexes) {
-        const std::string& tag = model.tag;
-        ReportLine line;
-        line.pieces.emplace_back(F(3, 0, tag));
-        line.pieces.emplace_back("  : ");
-        AddMoments(line, moments, tag, model.path);
+        std::vector<RowItem> items{AtRight(3, model.tag) + "  : "};
+        AddMoments(items, moments, model.tag, model.path);
         for (std::size_t i = 0; i < IndexCount; ++i) {
             const IndexColumn& column = indexColumns[i];
             const std::int32_t decimals = column.isStatistics ? columns.Statistics : columns.Correlations;
-            line.pieces.emplace_back(
-                PlacedNumber(F, Width(column), decimals, indexes[i], model.path + ": " + column.title)
-                    .Named(column.name + ("_" + tag)));
+            items.push_back(RowItem(std::string(column.name) + "_*", indexes[i], model.tag)
+                                .Sized(Width(column), decimals)
+                                .Of(model.path + ": " + column.title));
         }
-        section.lines.push_back(std::move(line));
+        section.TableRow(items);
     }
 
     void WriteBest(std::span<const std::size_t> ordinals) {
         WriteRule('=');
-        ReportLine line;
-        line.pieces.emplace_back("Best :" + std::string(static_cast<std::size_t>(3 * columns.Long), ' '));
+        std::vector<RowItem> items{"Best :" + std::string(static_cast<std::size_t>(3 * columns.Long), ' ')};
         for (std::size_t i = 0; i < IndexCount; ++i)
-            line.pieces.emplace_back(F(Width(indexColumns[i]), 0, static_cast<double>(ordinals[i]))
-                                         .Named(std::string("best_") + indexColumns[i].name));
-        section.lines.push_back(std::move(line));
+            items.push_back(RowItem("best_*", static_cast<double>(ordinals[i]), indexColumns[i].name)
+                                .Sized(Width(indexColumns[i]), 0));
+        section.TableRow(items, std::size(momentTitles));
         WriteRule('-');
         for (const char* note : notes)
-            section.Line(note);
+            section.Note(note);
     }
 
 private:
@@ -203,43 +199,44 @@ private:
         return column.isLong ? columns.Long : columns.Short;
     }
 
-    void AddMoments(ReportLine& line, const stats::MomentStatisticsResult& moments, const std::string& whose,
-                    const std::string& place) {
-        const auto add = [&](double value, const std::string& name) {
-            line.pieces.emplace_back(
-                PlacedNumber(F, columns.Long, columns.Statistics, value, place + ": " + name)
-                    .Named(name + "_" + whose));
-        };
-        add(moments.Mean, "Mean");
-        add(moments.SD, "SD");
-        add(moments.Median, "Median");
+    void WriteRule(char character) {
+        section.Rule(static_cast<std::size_t>(8 * columns.Long + 5 * columns.Short + 7), character);
+    }
+
+    void AddMoments(std::vector<RowItem>& items, const stats::MomentStatisticsResult& moments,
+                    const std::string& tag, const std::string& whose) const {
+        const double values[] = {moments.Mean, moments.SD, moments.Median};
+        for (std::size_t i = 0; i < std::size(values); ++i)
+            items.push_back(RowItem(std::string(momentTitles[i]) + "_*", values[i], tag)
+                                .Sized(columns.Long, columns.Statistics)
+                                .Of(whose + ": " + momentTitles[i]));
     }
 
     ReportSection& section;
     const ReportColumns& columns;
 };
 
-} // namespace
-
-std::string Centred(std::int32_t width, std::string_view text) {
-    Field field{std::string(text), width, 0, AlignCentre};
+std::string InColumn(std::int32_t width, std::string_view text, std::int16_t alignment) {
+    Field field{std::string(text), width, 0, alignment};
     if (auto shown = FormatField(field))
         return std::move(*shown);
     throw RunFailure(QuotedForMessage(text) + " does not fit a column of width " + std::to_string(width));
 }
 
-ReportField PlacedNumber(ReportField (*format)(std::int32_t, std::int32_t, CellValue), std::int32_t width,
-                         std::int32_t decimals, double value, const std::string& place) {
-    try {
-        return format(width, decimals, value);
-    } catch (const RunFailure& failure) {
-        throw RunFailure(place + ": " + failure.what());
-    }
+} // namespace
+
+std::string Centred(std::int32_t width, std::string_view text) {
+    return InColumn(width, text, AlignCentre);
 }
 
-Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns) {
-    AdequacyTable table(report.BeginSection("adequacy", "Model Adequacy Indexes"), columns);
-    table.WriteHeader();
+std::string AtRight(std::int32_t width, std::string_view text) {
+    return InColumn(width, text, AlignRight);
+}
+
+Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns,
+                       ComparisonSteps& steps) {
+    AdequacyTable table(report.BeginSection(AdequacySection.frame), columns);
+    table.WriteHead();
     Adequacy adequacy;
     adequacy.ValidCount = data.N;
     std::optional<stats::MomentStatisticsResult> momentsY; // of the first model's rows, for all models
@@ -265,9 +262,16 @@ Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportC
                 bestOrdinals[i] = model + 1;
             }
         }
+        steps.Done();
     }
     table.WriteBest(bestOrdinals);
     return adequacy;
 }
+
+const SectionDefinition AdequacySection{
+    .frame = {"adequacy", "Model Adequacy Indexes", {places}},
+    .meaning = "How well each model agrees with the observations, and which is best by each index.",
+    .papers = "burnham2002; burnham2011; lin1989; loague1991; neter1996; zacharias1996",
+};
 
 } // namespace corvane

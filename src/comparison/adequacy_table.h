@@ -1,7 +1,9 @@
 #pragma once
 
 #include "comparison/comparison_data.h"
-#include "core/report.h"
+#include "comparison/comparison_steps.h"
+#include "report/report.h"
+#include "run/section_definition.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,13 +19,9 @@ struct ReportColumns {
     std::int32_t Statistics = 4, Probability = 3, Correlations = 2;
 };
 
-/// A text or whole number in the middle of a column.
+/// A text or whole number in the middle of a column, and at its right end.
 std::string Centred(std::int32_t width, std::string_view text);
-
-/// A number of a table. A RunFailure that begins with `place`, the model and the column, where the width is
-/// too small for the decimals.
-ReportField PlacedNumber(ReportField (*format)(std::int32_t, std::int32_t, CellValue), std::int32_t width,
-                         std::int32_t decimals, double value, const std::string& place);
+std::string AtRight(std::int32_t width, std::string_view text);
 
 /// What the models' adequacy leaves for the pairwise tables.
 struct Adequacy {
@@ -37,11 +35,13 @@ struct Adequacy {
 /// Rows without an observed value are not removed. They count as pairs of zeros, and as many rows fall off
 /// the end: of the first model, and then again of each further one.
 ///
-/// AIC = n (ln(SSE/n) + ln(2 pi) + 1) + 2 k, AICc = AIC + 2 k (k + 1)/(n - k - 1) with k = 3 and SSE of the
-/// regression of Y on X: Burnham and Anderson (2002). AICc' leaves out n (ln(2 pi) + 1). Below 4 rows and for
-/// SSE = 0 all three are 0; 4 rows, for which AICc does not exist, are a RunFailure, as is a model whose
-/// every value equals its observation (`IdenticalToObservations`).
-Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns);
+/// The information criteria are those of the regression of Y on X. Rows so few that AICc does not exist, 4,
+/// are a RunFailure, as is a model whose every value equals its observation (`IdenticalToObservations`). Each
+/// model is a step.
+Adequacy WriteAdequacy(Report& report, const ComparisonData& data, const ReportColumns& columns,
+                       ComparisonSteps& steps);
+
+extern const SectionDefinition AdequacySection;
 
 /// Every value of a model equals its observation.
 class IdenticalToObservations : public RunFailure {

@@ -36,7 +36,8 @@ const UnreadCell* FindUnread(const ComparedModel& model, std::size_t row, char c
 /// Reads the files of a comparison one after another into its data.
 class ModelReader {
 public:
-    explicit ModelReader(ComparisonData& comparisonData) : data(comparisonData) {}
+    ModelReader(ComparisonData& comparisonData, const ComparisonSteps& comparisonSteps)
+        : data(comparisonData), steps(comparisonSteps) {}
 
     void Read(const std::string& path, std::size_t position, const FileStore& files) {
         ComparedModel& model = data.models.emplace_back();
@@ -92,6 +93,8 @@ private:
 
     void ReadRows(TextReader& reader, ComparedModel& model, bool listedFirst) {
         for (std::size_t row = 0; row < data.N; ++row) {
+            if (row % stats::ElementsBetweenLooks == 0)
+                steps.Look();
             const std::size_t line = reader.LineNumber();
             for (int column = ColumnX; column <= LastColumn; ++column) {
                 const auto field = reader.ReadField();
@@ -147,6 +150,7 @@ private:
     }
 
     ComparisonData& data;
+    const ComparisonSteps& steps;
 };
 
 } // namespace
@@ -170,14 +174,16 @@ double ComparisonData::Predicted(std::size_t model, std::size_t row) const {
                      " has no prediction: its rows were given up for the larger N of " + asked.discardedBy);
 }
 
-ComparisonData LoadModels(const std::vector<ListedFile>& list, const FileStore& files, Feedback& feedback) {
+ComparisonData LoadModels(const std::vector<ListedFile>& list, const FileStore& files,
+                          ComparisonSteps& steps) {
     ComparisonData data;
-    ModelReader reader(data);
+    ModelReader reader(data, steps);
     for (std::size_t position = 0; position < list.size(); ++position) {
         if (!list[position].selected)
             continue;
-        feedback.ShowProgress("Reading " + FileNameOf(list[position].path) + "...");
+        steps.BeginStage("Reading " + FileNameOf(list[position].path) + "...");
         reader.Read(list[position].path, position, files);
+        steps.Done();
     }
     return data;
 }

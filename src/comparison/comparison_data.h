@@ -1,8 +1,8 @@
 #pragma once
 
+#include "comparison/comparison_steps.h"
 #include "comparison/koc_file.h"
-#include "core/failure.h"
-#include "platform/feedback.h"
+#include "core/format/failure.h"
 #include "platform/file_store.h"
 
 #include <cstddef>
@@ -59,7 +59,8 @@ public:
 
 /// Reads the selected files in the list's order. A file's N that exceeds those before it, and 5, is the
 /// number of rows from there on, and discards what was read of the files before. Observations are compared as
-/// text, but for those of the list's first file. A RunFailure names file and line.
-ComparisonData LoadModels(const std::vector<ListedFile>& list, const FileStore& files, Feedback& feedback);
+/// text, but for those of the list's first file. A RunFailure names file and line. Each file is a step.
+ComparisonData LoadModels(const std::vector<ListedFile>& list, const FileStore& files,
+                          ComparisonSteps& steps);
 
 } // namespace corvane

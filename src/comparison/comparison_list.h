@@ -21,7 +21,7 @@ public:
     void SetCurrent(std::size_t row) { current = row; }
     void Select(std::size_t row, bool selected) { rows[row].selected = selected; }
 
-    /// "File names", with their number behind it where there are any.
+    /// "File names", with their number after it where there are any.
     std::string ListCaption() const;
     /// The window's caption: program, version, and the comparison file's name if there is one.
     std::string WindowCaption() const;

@@ -16,13 +16,25 @@
 namespace corvane {
 namespace {
 
-constexpr const char* referenceBeginnings[] = {"Bibby",  "",      "Cochran", "Dent",    "Lin,",
-                                               "Loague", "Neter", "Harlow",  "Wallach", "Zacharias"};
+const SectionDefinition LegendSection{
+    .frame = {"legend", "Model Legend"},
+    .meaning = "The models by their positions in the list, which the tables print.",
+};
 
-/// Stands at the empty place above.
-constexpr const char* burnhamAnderson =
-    "Burnham, K. P. and D. R. Anderson. 2002. Model Selection and Multimodel Inference: A Practical "
-    "Information-Theoretic Approach (2nd ed.). Springer-Verlag, New York.";
+const SectionDefinition ComparisonReferences{
+    .frame = {"references", "REFERENCES"},
+    .meaning = "The literature that the comparison cites.",
+};
+
+const SectionDefinition* const sections[] = {
+    &LegendSection,
+    &AdequacySection,
+    &CorrelationsSection,
+    &PairwiseMsepSection,
+    &DeviationCorrelationsSection,
+    &DeltaAicSection,
+    &ComparisonReferences,
+};
 
 std::int16_t Count(const char* name, const std::string& text) {
     const auto number = ReadNumber(text);
@@ -66,72 +78,80 @@ void WriteHeader(Report& report, const ComparisonData& data, const ClockTime& ti
     ReportSection& header = report.Current();
     const std::string line = "KOV v. " + VersionText() + std::string(37, ' ') + "COMPARISON OF MODELS" +
                              std::string(36, ' ') + TimeText(time);
-    header.Line(line);
-    header.Line(std::string(CharacterCount(line), '.'));
-    header.Line();
+    header.Text(line);
+    header.Rule(CharacterCount(line), '.');
+    header.Blank();
 
-    ReportSection& legend = report.BeginSection("legend", "Model Legend");
-    legend.Line();
+    ReportSection& legend = report.BeginSection(LegendSection.frame);
+    legend.Blank();
     for (const ComparedModel& model : data.models)
         if (!model.tag.empty())
-            legend.Line(F(3, 0, model.tag), " = " + model.path);
-}
-
-void WriteComparisonReferences(Report& report) {
-    ReportSection& section = report.BeginSection("references", "REFERENCES");
-    for (const std::string_view beginning : referenceBeginnings)
-        section.Line(beginning.empty() ? burnhamAnderson : FindReference(beginning));
+            legend.Text(AtRight(3, model.tag) + " = " + model.path);
 }
 
 /// The list's row of the name that a message shows: the one at the model's ordinal among the selected rows,
-/// which is another file's where an unselected row stands before it.
-const std::string& NameInMessage(const ComparisonList& list, std::size_t ordinal) {
-    return list.Rows()[ordinal - 1].path;
+/// which is another file's where an unselected row is ahead of it.
+const std::string& NameInMessage(const ComparisonSnapshot& snapshot, std::size_t ordinal) {
+    return snapshot.files[ordinal - 1].path;
+}
+
+void Compare(const ComparisonSnapshot& snapshot, const FileStore& files, ComparisonSteps& steps,
+             ComparisonResult& result) {
+    const ComparisonData data = LoadModels(snapshot.files, files, steps);
+    Report report;
+    WriteHeader(report, data, snapshot.time);
+    const Adequacy adequacy = WriteAdequacy(report, data, result.columns, steps);
+    WritePairwiseTables(report, data, adequacy, result.columns, steps);
+    if (snapshot.references)
+        WriteReferences(report.BeginSection(ComparisonReferences.frame), &Paper::inComparison);
+    for (const ComparedModel& model : data.models)
+        result.models.push_back({model.tag, model.path});
+    result.rows = adequacy.ValidCount;
+    result.report = std::move(report);
+    result.finished = true;
 }
 
 } // namespace
 
-ComparisonResult CompareModels(ComparisonList& list, bool showReferences,
-                               const ComparisonServices& services) {
+ComparisonResult CompareModels(const ComparisonSnapshot& snapshot, const FileStore& files, Progress& progress,
+                               const std::stop_token& stop) {
     ComparisonResult result;
-    Dialogs& dialogs = services.dialogs;
+    result.settings = snapshot.settings;
+    const auto tell = [&](const std::string& text, const char* title) {
+        result.messages.push_back(text);
+        progress.Tell(MessageStyle::Critical, text, title);
+    };
     try {
-        const ReportColumns columns = result.columns = ReadSettings(list.settings, result.warnings);
-        if (std::ranges::count(list.Rows(), true, &ListedFile::selected) < 2) {
-            dialogs.ShowMessage(MessageStyle::Critical,
-                                "At least two files have to be selected for comparison", "");
+        result.columns = ReadSettings(result.settings, result.warnings);
+        const auto models =
+            static_cast<std::size_t>(std::ranges::count(snapshot.files, true, &ListedFile::selected));
+        if (models < 2) {
+            tell("At least two files have to be selected for comparison", "");
             return result;
         }
-        const ComparisonData data = LoadModels(list.Rows(), services.files, services.feedback);
-        Report report;
-        WriteHeader(report, data, services.clock.Now());
-        const Adequacy adequacy = WriteAdequacy(report, data, columns);
-        WritePairwiseTables(report, data, adequacy, columns, services.feedback);
-        if (showReferences)
-            WriteComparisonReferences(report);
-        for (const ComparedModel& model : data.models)
-            result.models.push_back({model.tag, model.path});
-        result.rows = adequacy.ValidCount;
-        result.report = std::move(report);
-        result.finished = true;
+        ComparisonSteps steps(progress, stop, models);
+        Compare(snapshot, files, steps, result);
     } catch (const ObservationsDiffer& failure) {
-        dialogs.ShowMessage(MessageStyle::Critical,
-                            "Observed values have to be identical!\r\n\r\nPlease check observed value #" +
-                                std::to_string(failure.row) + " of file '" +
-                                NameInMessage(list, failure.ordinal) + "'\r\n\r\nCalculation aborted!",
-                            "Model Comparison");
+        tell("Observed values have to be identical!\r\n\r\nPlease check observed value #" +
+                 std::to_string(failure.row) + " of file '" + NameInMessage(snapshot, failure.ordinal) +
+                 "'\r\n\r\nCalculation aborted!",
+             "Model Comparison");
         result.fault = failure.what();
     } catch (const IdenticalToObservations& failure) {
-        const std::string& name = NameInMessage(list, failure.ordinal);
-        dialogs.ShowMessage(MessageStyle::Critical,
-                            "X and Y values are identical for '" + name + "'. Computation halted!", "");
+        const std::string& name = NameInMessage(snapshot, failure.ordinal);
+        tell("X and Y values are identical for '" + name + "'. Computation halted!", "");
         if (name != failure.path)
             result.fault = failure.what();
     } catch (const RunFailure& failure) {
         result.fault = failure.what();
+    } catch (const stats::Cancelled&) {
+        return {.cancelled = true, .settings = snapshot.settings};
     }
-    services.feedback.HideProgress();
     return result;
+}
+
+std::span<const SectionDefinition* const> ComparisonSections() {
+    return sections;
 }
 
 } // namespace corvane

@@ -1,7 +1,7 @@
 #include "comparison/koc_file.h"
 
-#include "core/failure.h"
 #include "core/format/code_page.h"
+#include "core/format/failure.h"
 #include "core/format/paths.h"
 #include "core/format/text_lists.h"
 #include "files/record_text.h"
@@ -54,7 +54,7 @@ void ReadItems(Items& items, ComparisonSettings& settings, std::vector<ListedFil
         if (item != optionsEnd)
             item = items.Next("</Options>");
     }
-    // In hand is a tick, or the end of the options with a tick behind it.
+    // In hand is a tick, or the end of the options with a tick after it.
     const auto here = [&] { return outcome.file + ":" + std::to_string(items.Line()) + ": "; };
     while (!items.AtEnd()) {
         if (item == optionsEnd)

@@ -3,6 +3,7 @@
 #include "core/format/numbers.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace corvane {
@@ -29,13 +30,17 @@ std::optional<double> CellNumber(const CellView& cell) {
 
 std::int32_t DataMatrix::LastFilledRow() const {
     std::size_t last = 0;
-    for (const auto& blocks : columns) {
-        for (std::size_t block = blocks.size(); block-- > 0 && (block + 1) * blockRows > last;) {
-            std::size_t row = std::min(blockRows * block + blocks[block].size(), Index(rowBound));
-            while (row > std::max(last, blockRows * block) &&
-                   blocks[block][row - 1 - blockRows * block].Empty())
+    for (const SharedBlocks& blocks : columns) {
+        for (std::size_t block = blocks ? blocks->size() : 0;
+             block-- > 0 && (block + 1) * blockRows > last;) {
+            const SharedBlock& cells = (*blocks)[block];
+            if (!cells)
+                continue;
+            const std::size_t before = blockRows * block;
+            std::size_t row = std::min(before + blockRows, Index(rowBound));
+            while (row > std::max(last, before) && (*cells)[row - 1 - before].Empty())
                 --row;
-            if (row > std::max(last, blockRows * block)) {
+            if (row > std::max(last, before)) {
                 last = row;
                 break;
             }
@@ -44,38 +49,68 @@ std::int32_t DataMatrix::LastFilledRow() const {
     return static_cast<std::int32_t>(last);
 }
 
+namespace {
+
+/// What a pointer shares, made this owner's alone; a new one where there is none.
+template<class Shared>
+Shared& OwnCopy(std::shared_ptr<Shared>& shared) {
+    if (!shared)
+        shared = std::make_shared<Shared>();
+    else if (shared.use_count() > 1)
+        shared = std::make_shared<Shared>(*shared);
+    else // another thread that gave its share up has read all that it wanted before what is written now
+        std::atomic_thread_fence(std::memory_order_acquire);
+    return *shared;
+}
+
+} // namespace
+
+DataMatrix::Blocks& DataMatrix::Own(int column) {
+    return OwnCopy(columns[static_cast<std::size_t>(column)]);
+}
+
 void DataMatrix::Set(int column, std::int32_t row, const CellView& value) {
     if (row < 1 || row > rowBound)
         return;
-    auto& blocks = columns[static_cast<std::size_t>(column)];
+    const CellView before = At(column, row);
+    if (before == value || (IsEmpty(value) && IsEmpty(before)))
+        return; // keeps what is shared
+    // The value may be a view of a cell of this table.
+    CompactCell cell(value);
     const std::size_t block = Index(row) / blockRows;
-    if (block >= blocks.size() || blocks[block].empty()) {
-        if (IsEmpty(value))
-            return;
-        if (block >= blocks.size())
-            blocks.resize(block + 1);
-        blocks[block].resize(blockRows);
+    Blocks& blocks = Own(column);
+    if (block >= blocks.size())
+        blocks.resize(block + 1);
+    OwnCopy(blocks[block])[Index(row) % blockRows] = std::move(cell);
+}
+
+void DataMatrix::CutToBound(int column) {
+    const auto kept = static_cast<std::size_t>(rowBound);
+    const SharedBlocks& shared = columns[static_cast<std::size_t>(column)];
+    if (!shared || shared->size() * blockRows <= kept)
+        return;
+    Blocks& blocks = Own(column);
+    blocks.resize((kept + blockRows - 1) / blockRows);
+    if (SharedBlock& last = blocks.back()) {
+        Block& cells = OwnCopy(last);
+        for (std::size_t row = kept - (blocks.size() - 1) * blockRows; row < blockRows; ++row)
+            cells[row] = {};
     }
-    blocks[block][Index(row) % blockRows] = CompactCell(value);
 }
 
 void DataMatrix::SetRowCount(std::int32_t count) {
     rowBound = count + 1;
-    const auto kept = static_cast<std::size_t>(rowBound);
-    for (auto& blocks : columns) {
-        if (blocks.size() * blockRows <= kept)
-            continue;
-        blocks.resize((kept + blockRows - 1) / blockRows);
-        if (auto& last = blocks.back(); !last.empty()) {
-            last.resize(kept - (blocks.size() - 1) * blockRows);
-            last.resize(blockRows);
-        }
-    }
+    for (int column = ColumnX; column <= LastColumn; ++column)
+        CutToBound(column);
+}
+
+void DataMatrix::TakeColumn(int column, const DataMatrix& other) {
+    columns[static_cast<std::size_t>(column)] = other.columns[static_cast<std::size_t>(column)];
+    CutToBound(column);
 }
 
 void DataMatrix::Clear() {
-    for (auto& blocks : columns)
-        blocks.clear();
+    columns = {};
 }
 
 void DataMatrix::SwapColumns(int first, int second) {

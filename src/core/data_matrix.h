@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -36,7 +37,8 @@ CellView ToView(const CellValue& cell); ///< Valid as long as the value is.
 /// The table of cells behind the grid, addressed (column, row), both from 1. For N data rows the row bound is
 /// N + 1: the row N + 1 is part of the table and never shown, walked or saved, but keeps its cells when the
 /// table shrinks by one row and grows again. A column takes memory up to its last filled row only, so rows
-/// that hold nothing cost nothing.
+/// that hold nothing cost nothing. A copy shares its blocks of cells with the original until one of the two
+/// writes to them: it costs as much for a million rows as for ten.
 class DataMatrix {
 public:
     /// The N of a fresh start.
@@ -51,11 +53,11 @@ public:
     /// The cell; an empty one for a place that was never filled. Column 1 to 7, row 1 to the bound. Valid
     /// until the table changes.
     CellView At(int column, std::int32_t row) const {
-        const auto& blocks = columns[static_cast<std::size_t>(column)];
+        const SharedBlocks& blocks = columns[static_cast<std::size_t>(column)];
         const std::size_t block = Index(row) / blockRows;
-        if (block >= blocks.size() || blocks[block].empty())
+        if (!blocks || block >= blocks->size() || !(*blocks)[block])
             return {};
-        return blocks[block][Index(row) % blockRows].View();
+        return (*(*blocks)[block])[Index(row) % blockRows].View();
     }
     /// Puts a value into a cell. A row beyond the bound is left alone.
     void Set(int column, std::int32_t row, const CellView& value);
@@ -66,13 +68,24 @@ public:
     void Clear();
     /// Exchanges two columns in the rows 1 to N.
     void SwapColumns(int first, int second);
+    /// Whether every cell is shared with the other table: then the two are equal. False says nothing.
+    bool SharesAllCellsWith(const DataMatrix& other) const { return columns == other.columns; }
+    /// Puts a column of another table in the place of this one's, as far as the bound goes.
+    void TakeColumn(int column, const DataMatrix& other);
 
 private:
     static constexpr std::size_t blockRows = 256;
     static constexpr std::size_t Index(std::int32_t row) { return static_cast<std::size_t>(row) - 1; }
-    using Block = std::vector<CompactCell>; ///< Empty, or a cell for each of its rows.
+    using Block = std::array<CompactCell, blockRows>;
+    using SharedBlock = std::shared_ptr<Block>; ///< Null: its rows are empty.
+    using Blocks = std::vector<SharedBlock>;
+    using SharedBlocks = std::shared_ptr<Blocks>; ///< Null: the column is empty.
 
-    std::array<std::vector<Block>, LastColumn + 1> columns;
+    /// A column's blocks, for this table alone.
+    Blocks& Own(int column);
+    void CutToBound(int column);
+
+    std::array<SharedBlocks, LastColumn + 1> columns;
     std::int32_t rowBound = StartRows + 1;
 };
 

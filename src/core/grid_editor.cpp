@@ -1,7 +1,7 @@
 #include "core/grid_editor.h"
 
-#include "core/failure.h"
 #include "core/format/code_page.h"
+#include "core/format/failure.h"
 
 namespace corvane {
 

@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// What outlives a run. A window keeps one for the life of the process; a subcommand makes a fresh one.
-struct SessionState {
+/// What one run hands to the next.
+struct RunMemory {
     // Acceptance limits; 0 means not set. One that a run derives stays for later runs.
     double DeviationLower = 0, DeviationUpper = 0;
     double ResidueLower = 0, ResidueUpper = 0;
@@ -16,6 +16,11 @@ struct SessionState {
     double DeviationCIProb = 0.95; ///< Confidence as a fraction, set again by every run.
     double MeanY = 0;              ///< Mean of Y of the last run, for the limits that are a percentage of it.
 
+    bool operator==(const RunMemory&) const = default;
+};
+
+/// What outlives a run. A window keeps one for the life of the process; a subcommand makes a fresh one.
+struct SessionState : RunMemory {
     std::string CurrentDatasetName; ///< Path of the dataset's file; empty until one was opened or saved.
     std::string rememberedFolder;   ///< Where the last file dialog was.
 };

@@ -6,8 +6,10 @@
 #include "core/option_changes.h"
 #include "evaluation/report_header.h"
 #include "evaluation/section_catalog.h"
+#include "stats/cancellation.h"
 
 #include <utility>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -23,11 +25,12 @@ bool SomeWeightMissing(const EvaluationArrays& arrays, const AnalysisOptions& op
     return false;
 }
 
-void CorrectMethod(RunState& run, Dialogs& dialogs) {
+void CorrectMethod(RunState& run) {
     const AnalysisOptions& options = run.Options();
     const auto useRegular = [&](const char* message) {
-        dialogs.ShowMessage(MessageStyle::Information, message, "");
+        run.Tell(MessageStyle::Information, message);
         ChangeOption(run.dataset, run.session, OptionOf(&AnalysisOptions::LSM), true);
+        run.regularMethod = true;
     };
     if (IsSet(options.UNCERTAINTY_X) && IsSet(options.UNCERTAINTY_Y) && options.WLSM)
         useRegular("Because both uncertainties are being ignored, the Regular Least-Squares Regression will "
@@ -50,54 +53,81 @@ void SetDeviationConfidence(RunState& run) {
         probability = 0.95;
 }
 
-bool GateIsOpen(const CatalogEntry& entry, const AnalysisOptions& options) {
-    if (entry.secondGate && !IsSet(options.*entry.secondGate))
-        return false;
-    if (!entry.gate)
-        return true;
-    const std::int16_t tick = options.*entry.gate;
-    return entry.greyCounts ? tick != 0 : IsSet(tick);
+void WriteSections(RunState& run) {
+    std::vector<const SectionDefinition*> open;
+    for (const SectionDefinition* section : SectionCatalog())
+        if (!section->nested && section->gate.IsOpen(run.Options()))
+            open.push_back(section);
+    for (std::size_t done = 0; done < open.size(); ++done) {
+        stats::ThrowIfCancelled(run.stop);
+        run.sectionBegins = static_cast<double>(done + 1) / static_cast<double>(open.size() + 1);
+        run.sectionEnds = static_cast<double>(done + 2) / static_cast<double>(open.size() + 1);
+        run.ShowSectionShare(0);
+        RunSection(run, *open[done]);
+    }
 }
 
-void WriteSections(RunState& run, Feedback& feedback) {
-    for (const CatalogEntry& entry : SectionCatalog()) {
-        if (!GateIsOpen(entry, run.Options()))
-            continue;
-        if (entry.progress)
-            feedback.ShowProgress(entry.progress);
-        run.Statement([&] { entry.write(run); });
+/// The way from the selected rows to the finished report, or to where it ends early.
+RunEnd Evaluate(RunState& run) {
+    run.arrays = SelectRows(run.dataset.cells);
+    if (run.arrays.Count() < fewestRows)
+        return RunEnd::TooFewRows;
+    if (!run.arrays.XYDiffer) {
+        run.Tell(MessageStyle::Critical, IdenticalValuesMessage);
+        return RunEnd::IdenticalValues;
     }
+    IgnoreUncertainties(run.arrays, run.Options());
+    CorrectMethod(run);
+
+    run.progress.ShowStage("Regression...");
+    if (!FitRegression(run)) {
+        run.Tell(MessageStyle::Critical, NoMethodMessage);
+        return RunEnd::NoMethod;
+    }
+    WriteReportHeader(run, run.snapshot.time);
+    SetDeviationConfidence(run);
+    WriteSections(run);
+    return RunEnd::Finished;
 }
 
 } // namespace
 
-RunResult Calculate(Dataset& dataset, SessionState& session, const RunServices& services) {
-    RunState run{dataset, session, services};
-    run.arrays = SelectRows(dataset.cells);
-    const int rows = static_cast<int>(run.arrays.Count());
-    const auto endWith = [&](RunEnd end) { return RunResult{.end = end, .rows = rows}; };
-    if (run.arrays.Count() < fewestRows)
-        return endWith(RunEnd::TooFewRows);
-    if (!run.arrays.XYDiffer) {
-        services.dialogs.ShowMessage(MessageStyle::Critical, IdenticalValuesMessage, "");
-        return endWith(RunEnd::IdenticalValues);
+RunResult Calculate(Snapshot snapshot, Progress& progress, const std::stop_token& stop) {
+    RunState run{.snapshot = std::move(snapshot), .progress = progress, .stop = stop};
+    RunResult result;
+    try {
+        result.end = Evaluate(run);
+    } catch (const stats::Cancelled&) {
+        return {.end = RunEnd::Cancelled};
     }
-    IgnoreUncertainties(run.arrays, dataset.options);
-    CorrectMethod(run, services.dialogs);
+    result.rows = static_cast<int>(run.arrays.Count());
+    result.messages = std::move(run.messages);
+    result.changes.regularMethod = run.regularMethod;
+    if (result.end != RunEnd::Finished)
+        return result;
+    result.changes.memory = run.session;
+    if (run.ranked)
+        result.changes.ranks = std::move(run.dataset.cells);
+    result.report = std::move(run.report);
+    result.windows = std::move(run.windows);
+    result.plots = std::move(run.plots);
+    result.residueText = std::move(run.residueText);
+    result.warnings = std::move(run.warnings);
+    return result;
+}
 
-    services.feedback.ShowProgress("Regression...");
-    if (!FitRegression(run)) {
-        services.dialogs.ShowMessage(MessageStyle::Critical, NoMethodMessage, "");
-        return endWith(RunEnd::NoMethod);
-    }
-    WriteReportHeader(run, services.clock.Now());
-    SetDeviationConfidence(run);
-    WriteSections(run, services.feedback);
-    services.feedback.HideProgress();
-    return {RunEnd::Finished,        rows,
-            std::move(run.report),   std::move(run.windows),
-            std::move(run.plots),    std::move(run.residueFile),
-            std::move(run.warnings), std::move(run.notSaved)};
+void TakeRanks(const DataMatrix& ranks, DataMatrix& cells) {
+    for (const int column : {ColumnRankX, ColumnRankY})
+        cells.TakeColumn(column, ranks);
+}
+
+void ApplyChanges(const RunChanges& changes, Dataset& dataset, SessionState& session) {
+    if (changes.regularMethod)
+        ChangeOption(dataset, session, OptionOf(&AnalysisOptions::LSM), true);
+    if (changes.ranks)
+        TakeRanks(*changes.ranks, dataset.cells);
+    if (changes.memory)
+        static_cast<RunMemory&>(session) = *changes.memory;
 }
 
 } // namespace corvane

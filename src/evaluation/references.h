@@ -1,15 +1,16 @@
 #pragma once
 
-#include "core/run_state.h"
-
-#include <string_view>
+#include "report/papers.h"
+#include "report/report.h"
+#include "run/section_definition.h"
 
 namespace corvane {
 
-/// The entry of the list that begins so. None is a programming error: std::logic_error.
-const char* FindReference(std::string_view beginning);
+/// Writes the papers that have a place in a list of references, in the order of their places. Some entries
+/// run straight on into the next.
+void WriteReferences(ReportSection& section, int Paper::*place);
 
 /// Section "REFERENCES": the literature that the report cites.
-void WriteReferences(RunState& run);
+extern const SectionDefinition ReferencesSection;
 
 } // namespace corvane

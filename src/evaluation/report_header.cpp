@@ -32,26 +32,26 @@ std::string TimeText(const ClockTime& time) {
 void WriteReportHeader(RunState& run, const ClockTime& time) {
     ReportSection& section = run.report.Current();
     const std::string line = HeaderLine(FileNameOf(run.session.CurrentDatasetName), time);
-    section.Line(line);
-    section.Line(std::string(CharacterCount(line), '.'));
-    section.Line();
+    section.Text(line);
+    section.Rule(CharacterCount(line), '.');
+    section.Blank();
     run.header = section.lines;
 
     const AnalysisOptions& options = run.Options();
     if (options.LSM)
-        section.Line("Regular Least-Squares Regression");
+        section.Text("Regular Least-Squares Regression");
     if (options.WLSM) {
-        section.Line("Weighted Least-Squares Regression");
+        section.Text("Weighted Least-Squares Regression");
         if (IsSet(options.UNCERTAINTY_X))
-            section.Line("Ignored uncertainties in X");
+            section.Text("Ignored uncertainties in X");
         if (IsSet(options.UNCERTAINTY_Y))
-            section.Line("Ignored uncertainties in Y");
+            section.Text("Ignored uncertainties in Y");
     }
     if (options.ROBUSTR)
-        section.Line("Robust Regression (Median)");
+        section.Text("Robust Regression (Median)");
     if (IsSet(options.SwapXY))
-        section.Line("Swapped X <=> Y");
-    section.Line();
+        section.Text("Swapped X <=> Y");
+    section.Blank();
 }
 
 } // namespace corvane

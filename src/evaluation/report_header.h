@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/report.h"
-#include "core/run_state.h"
 #include "platform/clock.h"
+#include "report/report.h"
+#include "run/run_state.h"
 
 #include <string>
 #include <string_view>

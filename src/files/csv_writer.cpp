@@ -22,22 +22,13 @@ void AppendCell(std::string& text, const std::string& cell) {
     text += '"';
 }
 
-/// N, so that an import has as many rows. But a file of 20 bytes may announce two thousand million; empty
-/// rows out of all proportion to the others are left out.
-std::int32_t LastWrittenRow(const DataMatrix& cells) {
-    constexpr std::int32_t ordinary = 1000;
-    const std::int32_t filled = cells.LastFilledRow(), empty = cells.RowCount() - filled;
-    return empty <= filled || empty <= ordinary ? cells.RowCount() : filled;
-}
-
 } // namespace
 
 std::string CsvText(const DataMatrix& cells) {
     constexpr const char* lineEnd = "\r\n";
     std::string text(ExportedHeader);
     text += lineEnd;
-    const std::int32_t last = LastWrittenRow(cells);
-    for (std::int32_t row = 1; row <= last; ++row)
+    for (std::int32_t row = 1; row <= cells.RowCount(); ++row)
         for (int column = ColumnX; column <= LastColumn; ++column) {
             AppendCell(text, CellText(cells.At(column, row)));
             text += column == LastColumn ? lineEnd : ",";

@@ -78,7 +78,7 @@ std::optional<Stop> ReadOptions(TextReader& reader, Dataset& dataset, SessionSta
     }
 }
 
-std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset) {
+std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset, LoadOutcome& outcome) {
     const auto rows = ToInteger32(LeadingNumber(dataset.options.N)).value_or(0);
     for (std::int32_t row = 1; row <= rows; ++row)
         for (int column = ColumnX; column <= LastColumn; ++column) {
@@ -89,6 +89,7 @@ std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset) {
                                 std::to_string(rows) + " that N announces"};
             dataset.cells.Set(column, row, *field);
         }
+    outcome.rowsRead = rows;
     return std::nullopt;
 }
 
@@ -112,7 +113,7 @@ std::optional<Stop> ReadBody(TextReader& reader, Dataset& dataset, SessionState&
     if (auto stop = ReadOptions(reader, dataset, session, outcome, dataSeen))
         return stop;
     if (dataSeen)
-        if (auto stop = ReadCells(reader, dataset))
+        if (auto stop = ReadCells(reader, dataset, outcome))
             return stop;
     ReadNotes(reader, dataset.notes);
     return std::nullopt;

@@ -5,6 +5,7 @@
 #include "platform/file_store.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -35,8 +36,9 @@ enum class LoadState {
 struct LoadOutcome {
     LoadState state = LoadState::Loaded;
     std::string file;
-    std::size_t line = 0; ///< Where reading ended, from 1; 0 where the file could not be read at all.
-    std::string reason;   ///< Why, in words for the user; empty when all was read.
+    std::size_t line = 0;      ///< Where reading ended, from 1; 0 where the file could not be read at all.
+    std::int32_t rowsRead = 0; ///< N where there are cells, else 0: the other rows are not in the file.
+    std::string reason;        ///< Why, in words for the user; empty when all was read.
     std::size_t tooFewRowsLine =
         0; ///< The first line with an N below 2, which the table did not follow; or 0.
 

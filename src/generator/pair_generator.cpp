@@ -1,6 +1,6 @@
 #include "generator/pair_generator.h"
 
-#include "core/failure.h"
+#include "core/format/failure.h"
 #include "core/format/numbers.h"
 #include "core/grid_operations.h"
 #include "generator/copula_pairs.h"

@@ -44,6 +44,9 @@ public:
 
     /// Replace for a name that must be free: of several programs that try it at once, one succeeds.
     virtual FileResult Create(const std::string& path, const std::string& bytes) = 0;
+
+    /// Removes a file.
+    virtual FileResult Remove(const std::string& path) = 0;
 };
 
 } // namespace corvane

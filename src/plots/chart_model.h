@@ -1,15 +1,29 @@
 #pragma once
 
-#include "core/plot_request.h"
+#include "core/format/shared_column.h"
+#include "plots/chart_kind.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace corvane {
+
+struct Colour {
+    std::uint8_t red = 0, green = 0, blue = 0;
+
+    bool operator==(const Colour&) const = default;
+};
+
+enum class ChartStyle { Scatter, Bar, Line, Area, Step, Pie };
+
+/// Dataset rows, counted from 1, which several series may have in common.
+using SharedRows = std::shared_ptr<const std::vector<std::int32_t>>;
 
 enum class Marker { None, Dot, Cross, Circle, Square, Diamond, Triangle, Plus, Star };
 
@@ -17,6 +31,7 @@ enum class Marker { None, Dot, Cross, Circle, Square, Diamond, Triangle, Plus, S
 struct ChartSeries {
     std::string name; ///< In the legend; empty: not there.
     SharedColumn x = {}, y = {};
+    SharedRows rows = {}; ///< The row of each point; null where its points are no rows, as bins and lines.
     bool line = false;
     Marker marker = Marker::None;
     std::int32_t markerSize = 0; ///< In twentieths of a point.
@@ -48,7 +63,7 @@ struct StatisticLineOptions {
 /// Where the legend stands above the plot.
 enum class LegendPlace { TopLeft, Top, TopRight };
 
-/// What parts the ranges of two bins, and where a line may end.
+/// What separates the ranges of two bins, and where a line may end.
 inline constexpr std::string_view rangeGap = "     ";
 
 /// The size of a picture in pixels of 1/96 inch.
@@ -58,6 +73,7 @@ struct ChartSize {
 
 /// A chart with everything that its window's boxes change, without a word of how it is painted.
 struct ChartModel {
+    ChartKind kind = ChartKind::Scatter;
     std::string windowCaption;
     ChartStyle style = ChartStyle::Scatter;
     bool threeDimensional = false;

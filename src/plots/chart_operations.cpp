@@ -136,6 +136,11 @@ std::optional<ChartPoint> NearestPoint(const ChartModel& chart, const ChartScale
     return nearest;
 }
 
+std::optional<std::int32_t> RowOf(const ChartModel& chart, ChartPoint point) {
+    const SharedRows& rows = chart.series[point.series].rows;
+    return rows ? std::optional((*rows)[point.index]) : std::nullopt;
+}
+
 std::string PointMessage(const ChartModel& chart, ChartPoint point) {
     const ChartSeries& series = chart.series[point.series];
     return "Datapoint" + PlainNumber(static_cast<double>(point.index + 1)) + "\r\nPred (X) = " +

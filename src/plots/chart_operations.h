@@ -4,6 +4,7 @@
 #include "plots/chart_model.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,6 +41,9 @@ struct ChartPoint {
 /// histogram, the bin below whose height the place is.
 std::optional<ChartPoint> NearestPoint(const ChartModel& chart, const ChartScales& scales, double x, double y,
                                        double reach);
+
+/// The dataset row that a point is of; none for bins and lines.
+std::optional<std::int32_t> RowOf(const ChartModel& chart, ChartPoint point);
 
 /// What a click on a point says.
 std::string PointMessage(const ChartModel& chart, ChartPoint point);

@@ -1,10 +1,13 @@
 #include "plots/dataset_plots.h"
 
-#include "core/format/numbers.h"
+#include "plots/axis_scale.h"
+#include "plots/xy_plot.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
+#include <utility>
 
 namespace corvane {
 namespace {
@@ -12,12 +15,15 @@ namespace {
 constexpr double blank = std::numeric_limits<double>::quiet_NaN();
 constexpr std::int32_t fewestPoints = 3;
 
-PlotRequest DatasetPlot(const Dataset& dataset, const SessionState& session, int columnX, int columnY,
-                        std::int32_t rows, bool rankedOnly) {
+bool HasValues(const SharedColumn& column) {
+    return std::ranges::any_of(*column, [](double value) { return std::isfinite(value); });
+}
+
+ChartModel DatasetPlot(ChartKind kind, PlotTitles titles, const Dataset& dataset, const SessionState& session,
+                       int columnX, int columnY, std::int32_t rows) {
     const bool showExcluded = IsSet(dataset.options.SHOW_EXCLUDED);
-    const bool showEquality = IsSet(dataset.options.PLOT_YX);
-    constexpr std::size_t columns = 7;
-    std::array<std::vector<double>, columns> table;
+    std::vector<double> xs, observed, excludedX, excludedY;
+    std::vector<std::int32_t> rowNumbers;
     bool anyExcluded = false;
     for (std::int32_t row = 1; row <= rows; ++row) {
         const bool excluded = ExcludedFromPlots(dataset.cells, row);
@@ -25,32 +31,34 @@ PlotRequest DatasetPlot(const Dataset& dataset, const SessionState& session, int
             continue;
         const double x = CellNumber(dataset.cells.At(columnX, row)).value_or(blank);
         const double y = CellNumber(dataset.cells.At(columnY, row)).value_or(blank);
-        if (rankedOnly && std::isnan(x))
+        if (kind == ChartKind::Ranks && std::isnan(x))
             continue;
         anyExcluded = anyExcluded || excluded;
-        const double values[columns] = {x,
-                                        x,
-                                        excluded ? blank : y,
-                                        showEquality ? x : blank,
-                                        x,
-                                        excluded ? x : blank,
-                                        excluded ? y : blank};
-        for (std::size_t column = 0; column < columns; ++column)
-            table[column].push_back(values[column]);
+        rowNumbers.push_back(row);
+        xs.push_back(x);
+        observed.push_back(excluded ? blank : y);
+        if (showExcluded) {
+            excludedX.push_back(excluded ? x : blank);
+            excludedY.push_back(excluded ? y : blank);
+        }
     }
 
-    PlotRequest request;
-    request.PointCount = static_cast<std::int32_t>(table[0].size());
-    request.ColumnCount = anyExcluded ? 7 : 5;
-    request.SameScale = IsSet(dataset.options.SAME_SCALE_XY);
-    request.Footnote = "n = " + PlainNumber(static_cast<double>(request.PointCount));
-    request.MarkerStyle[3] = 1;
-    request.MarkerStyle[7] = 12;
-    request.Red[5] = 255;
-    request.WindowName = DatasetTitle(session);
-    for (std::size_t column = 0; column < static_cast<std::size_t>(request.ColumnCount); ++column)
-        request.ChartData.push_back(ShareColumn(std::move(table[column])));
-    return request;
+    constexpr Colour black{}, red{255, 0, 0};
+    const SharedColumn x = ShareColumn(std::move(xs));
+    const auto numbers = std::make_shared<const std::vector<std::int32_t>>(std::move(rowNumbers));
+    ChartModel chart = XYChart(kind, std::move(titles), x->size(), session);
+    chart.legend = true;
+    chart.series.push_back(
+        PointSeries("Obs", {x, ShareColumn(std::move(observed)), numbers}, Marker::Dot, black));
+    if (IsSet(dataset.options.PLOT_YX) && HasValues(x))
+        chart.series.push_back({.name = "Y=X", .x = x, .y = x, .line = true, .colour = red});
+    if (anyExcluded)
+        chart.series.push_back(PointSeries(
+            "Excluded", {ShareColumn(std::move(excludedX)), ShareColumn(std::move(excludedY)), numbers},
+            Marker::Cross, black));
+    if (IsSet(dataset.options.SAME_SCALE_XY))
+        ShareScale(chart);
+    return chart;
 }
 
 } // namespace
@@ -67,30 +75,26 @@ bool ExcludedFromPlots(const DataMatrix& cells, std::int32_t row) {
     return !mark.empty() && (mark.front() == 'Y' || mark.front() == 'y');
 }
 
-PlotOutcome ScatterPlot(const Dataset& dataset, const SessionState& session) {
+ChartOutcome ScatterPlot(const Dataset& dataset, const SessionState& session) {
     const std::int32_t rows = RowsBeforeEmpty(dataset.cells, ColumnX);
     if (rows < fewestPoints)
         return {{}, "Not enough data points to generate a plot"};
-    PlotRequest request = DatasetPlot(dataset, session, ColumnX, ColumnY, rows, false);
-    const bool swapped = IsSet(dataset.options.SwapXY);
-    request.YAxisTitle = swapped ? "Model-Predicted (Y)" : "Observed (Y)";
-    request.XAxisTitle = swapped ? "Observed (X)" : "Model-Predicted (X)";
-    request.Title = swapped ? "Model-Predicted vs Observed" : "Observed vs Model-Predicted";
-    return {std::move(request), {}};
+    const PlotTitles titles =
+        IsSet(dataset.options.SwapXY)
+            ? PlotTitles{"Model-Predicted vs Observed", "Observed (X)", "Model-Predicted (Y)"}
+            : PlotTitles{"Observed vs Model-Predicted", "Model-Predicted (X)", "Observed (Y)"};
+    return {{DatasetPlot(ChartKind::Scatter, titles, dataset, session, ColumnX, ColumnY, rows)}, {}};
 }
 
-PlotOutcome RankPlot(const Dataset& dataset, const SessionState& session) {
+ChartOutcome RankPlot(const Dataset& dataset, const SessionState& session) {
     const std::int32_t rows = RowsBeforeEmpty(dataset.cells, ColumnRankX);
     std::int32_t ranked = 0; // a row that Calculate left out has "." for a rank
     for (std::int32_t row = 1; row <= rows; ++row)
         ranked += CellNumber(dataset.cells.At(ColumnRankX, row)).has_value();
     if (ranked < fewestPoints)
         return {{}, "Not enough rank points to generate a plot"};
-    PlotRequest request = DatasetPlot(dataset, session, ColumnRankX, ColumnRankY, rows, true);
-    request.YAxisTitle = "Rank of Y";
-    request.XAxisTitle = "Rank of X";
-    request.Title = "Rank of Observed vs Rank of Model-Predicted";
-    return {std::move(request), {}};
+    const PlotTitles titles{"Rank of Observed vs Rank of Model-Predicted", "Rank of X", "Rank of Y"};
+    return {{DatasetPlot(ChartKind::Ranks, titles, dataset, session, ColumnRankX, ColumnRankY, rows)}, {}};
 }
 
 } // namespace corvane

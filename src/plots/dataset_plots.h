@@ -1,27 +1,31 @@
 #pragma once
 
 #include "core/dataset.h"
-#include "core/plot_request.h"
 #include "core/session_state.h"
+#include "plots/chart_model.h"
 
-#include <optional>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace corvane {
 
-/// A plot request, or the critical message that stands in its place.
-struct PlotOutcome {
-    std::optional<PlotRequest> request;
+/// The charts of an action, or the critical message in their place.
+struct ChartOutcome {
+    std::vector<ChartModel> charts;
     std::string message;
 };
 
 /// The Scatter action: Y on X of the rows up to the first without an X. Rows whose Exclude cell begins with
 /// "Y" are left out, or shown as excluded points with SHOW_EXCLUDED; a "0" there leaves a row in. A cell that
 /// is no number is a gap.
-PlotOutcome ScatterPlot(const Dataset& dataset, const SessionState& session);
+///
+/// The series are the points ("Obs"), the line of equality with PLOT_YX ("Y=X"), and the excluded points
+/// where there are some ("Excluded"); of every row, "Obs" and "Excluded" have a point, of which one is a gap.
+ChartOutcome ScatterPlot(const Dataset& dataset, const SessionState& session);
 
 /// The Rank action: the same on the rank columns, of the rows that have a rank.
-PlotOutcome RankPlot(const Dataset& dataset, const SessionState& session);
+ChartOutcome RankPlot(const Dataset& dataset, const SessionState& session);
 
 /// The rows before the first one whose cell in this column is empty.
 std::int32_t RowsBeforeEmpty(const DataMatrix& cells, int column);

@@ -1,14 +1,15 @@
 #include "plots/histogram.h"
 
+#include "core/format/format_field.h"
 #include "core/format/format_picture.h"
 #include "core/format/numbers.h"
-#include "core/report.h"
-#include "plots/dataset_plots.h"
 #include "stats/normality.h"
 #include "stats/order.h"
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <utility>
 
 namespace corvane {
 namespace {
@@ -31,8 +32,9 @@ std::string RangesText(double lo, double W, std::int32_t bins) {
     return text;
 }
 
-std::string Normality(const char* label, std::span<const double> sample) {
-    return label + FP(10, 5, stats::ShapiroWilk(sample).P).text;
+std::string Normality(const char* label, double probability) {
+    Field P{probability, 10, 5, AlignRight, true};
+    return label + FormatField(P).value_or("");
 }
 
 ChartStyle StyleOf(const AnalysisOptions& options) {
@@ -43,6 +45,60 @@ ChartStyle StyleOf(const AnalysisOptions& options) {
     if (options.HIST_STEP)
         return ChartStyle::Step;
     return options.HIST_Pie ? ChartStyle::Pie : ChartStyle::Bar;
+}
+
+/// The chart of one or two samples, a null one not shown.
+ChartModel HistogramChart(std::string title, const HistogramSample* x, const HistogramSample* y,
+                          std::int32_t bins, const AnalysisOptions& options) {
+    const bool accumulated = IsSet(options.HIST_ACCUMULATED), percentage = IsSet(options.HIST_PERCENTAGE);
+    const std::vector<double>&first = (x ? x : y)->sorted, &last = (y ? y : x)->sorted;
+    const double lo = stats::MinOfTwo(first.front(), last.front());
+    const double W = (stats::MaxOfTwo(first.back(), last.back()) - lo) / bins;
+
+    ChartModel chart;
+    chart.kind = ChartKind::Histogram;
+    chart.windowCaption = "Plot - Histogram";
+    chart.title = std::move(title);
+    chart.style = StyleOf(options);
+    chart.threeDimensional = !IsSet(options.HIST_2D);
+    if (chart.style == ChartStyle::Pie && chart.threeDimensional) {
+        chart.style = ChartStyle::Bar;
+        chart.threeDimensional = false;
+    }
+    if (x)
+        chart.footnote = Normality("P(X ~ Normal) = ", x->normality);
+    if (y)
+        chart.footnote += x ? " and " + Normality("P(Y ~ Normal) = ", y->normality)
+                            : Normality("P(Y ~ Normal)=", y->normality);
+    for (std::int32_t k = 1; k <= bins; ++k)
+        chart.categories.push_back(BinLabel(k, bins));
+    chart.rangesText = RangesText(lo, W, bins);
+    chart.xAxis.title = "Bins";
+    chart.yAxis.wholeNumbers = !percentage;
+    if (percentage)
+        chart.yAxis.end = 100;
+    chart.yAxis.title =
+        std::string(accumulated ? "Accumulated " : "") + "Frequency" + (percentage ? ", %" : ", #");
+    chart.legend = true;
+
+    const auto add = [&](const char* name, const std::vector<double>& sorted, Colour colour) {
+        std::vector<double> counts = CountBins(sorted, lo, W, bins);
+        if (accumulated)
+            for (std::size_t k = 1; k < counts.size(); ++k)
+                counts[k] += counts[k - 1];
+        if (percentage)
+            for (double& count : counts)
+                count = count * 100 / static_cast<double>(sorted.size());
+        chart.series.push_back({.name = name,
+                                .y = ShareColumn(std::move(counts)),
+                                .line = chart.style != ChartStyle::Bar && chart.style != ChartStyle::Pie,
+                                .colour = colour});
+    };
+    if (x)
+        add("X", x->sorted, {255, 128, 0});
+    if (y)
+        add("Y", y->sorted, {0, 128, 192});
+    return chart;
 }
 
 } // namespace
@@ -58,64 +114,13 @@ std::vector<double> CountBins(std::span<const double> sorted, double lo, double 
     return counts;
 }
 
-ChartModel CreateHistogramPlot(const HistogramRequest& request) {
-    std::vector<double> sorted[2];
-    double lo = 0, hi = 0;
-    bool first = true;
-    for (const std::size_t i : {0u, 1u})
-        if (const SharedColumn& column = i == 0 ? request.x : request.y) {
-            sorted[i] = *column;
-            stats::SortRange(sorted[i], 1, sorted[i].size());
-            lo = first ? sorted[i].front() : stats::MinOfTwo(lo, sorted[i].front());
-            hi = first ? sorted[i].back() : stats::MaxOfTwo(hi, sorted[i].back());
-            first = false;
-        }
-    const double W = (hi - lo) / request.bins;
-
-    ChartModel chart;
-    chart.windowCaption = "Plot - " + request.windowTitle;
-    chart.title = request.title;
-    chart.style = request.style;
-    chart.threeDimensional = !request.twoDimensional;
-    if (chart.style == ChartStyle::Pie && chart.threeDimensional) {
-        chart.style = ChartStyle::Bar;
-        chart.threeDimensional = false;
-    }
-    if (request.x)
-        chart.footnote = Normality("P(X ~ Normal) = ", sorted[0]);
-    if (request.y)
-        chart.footnote += request.x ? " and " + Normality("P(Y ~ Normal) = ", sorted[1])
-                                    : Normality("P(Y ~ Normal)=", sorted[1]);
-    for (std::int32_t k = 1; k <= request.bins; ++k)
-        chart.categories.push_back(BinLabel(k, request.bins));
-    chart.rangesText = RangesText(lo, W, request.bins);
-    chart.xAxis.title = "Bins";
-    chart.yAxis.wholeNumbers = !request.percentage;
-    if (request.percentage)
-        chart.yAxis.end = 100;
-    chart.yAxis.title = std::string(request.accumulated ? "Accumulated " : "") + "Frequency" +
-                        (request.percentage ? ", %" : ", #");
-    chart.legend = true;
-
-    for (const std::size_t i : {0u, 1u}) {
-        if (sorted[i].empty())
-            continue;
-        std::vector<double> counts = CountBins(sorted[i], lo, W, request.bins);
-        if (request.accumulated)
-            for (std::size_t k = 1; k < counts.size(); ++k)
-                counts[k] += counts[k - 1];
-        if (request.percentage)
-            for (double& count : counts)
-                count = count * 100 / static_cast<double>(sorted[i].size());
-        chart.series.push_back({.name = i == 0 ? "X" : "Y",
-                                .y = ShareColumn(std::move(counts)),
-                                .line = chart.style != ChartStyle::Bar && chart.style != ChartStyle::Pie,
-                                .colour = request.colours[i]});
-    }
-    return chart;
+HistogramSample SampleOf(std::vector<double> values) {
+    stats::SortRange(values, 1, values.size());
+    const double normality = stats::ShapiroWilk(values).P;
+    return {std::move(values), normality};
 }
 
-HistogramOutcome HistogramPlots(const Dataset& dataset) {
+ChartOutcome HistogramPlots(const Dataset& dataset, const SampleSource& sampleOf) {
     const AnalysisOptions& options = dataset.options;
     const std::int32_t rows = RowsBeforeEmpty(dataset.cells, ColumnX);
     if (rows < fewestPoints)
@@ -138,31 +143,24 @@ HistogramOutcome HistogramPlots(const Dataset& dataset) {
                 "# of Bins is " + options.HIST_BINS + ", at most " + std::to_string(mostBins) +
                     " can be drawn"};
 
-    HistogramRequest common;
-    common.bins = static_cast<std::int32_t>(std::max(bins, static_cast<double>(fewestBins)));
-    common.accumulated = IsSet(options.HIST_ACCUMULATED);
-    common.percentage = IsSet(options.HIST_PERCENTAGE);
-    common.twoDimensional = IsSet(options.HIST_2D);
-    common.style = StyleOf(options);
-    HistogramOutcome outcome;
-    const auto add = [&](const char* title, SharedColumn x, SharedColumn y) {
-        HistogramRequest request = common;
-        request.title = title;
-        request.x = std::move(x);
-        request.y = std::move(y);
-        outcome.requests.push_back(std::move(request));
+    const auto binCount = static_cast<std::int32_t>(std::max(bins, static_cast<double>(fewestBins)));
+    ChartOutcome outcome;
+    const auto add = [&](const char* title, const HistogramSample* x, const HistogramSample* y) {
+        outcome.charts.push_back(HistogramChart(title, x, y, binCount, options));
     };
     if (IsSet(options.HIST_PLOT_XY)) {
-        const SharedColumn x = ShareColumn(std::move(xs)), y = ShareColumn(std::move(ys));
+        const HistogramSample x = sampleOf(std::move(xs)), y = sampleOf(std::move(ys));
         if (options.HIST_PLOT_TOGETHER) {
-            add("Histogram of X and Y", x, y);
+            add("Histogram of X and Y", &x, &y);
         } else {
-            add("Histogram of X", x, nullptr);
-            add("Histogram of Y", nullptr, y);
+            add("Histogram of X", &x, nullptr);
+            add("Histogram of Y", nullptr, &y);
         }
     }
-    if (IsSet(options.HIST_PLOT_DIFFERENCE))
-        add("Histogram of X - Y", ShareColumn(std::move(differences)), nullptr);
+    if (IsSet(options.HIST_PLOT_DIFFERENCE)) {
+        const HistogramSample sample = sampleOf(std::move(differences));
+        add("Histogram of X - Y", &sample, nullptr);
+    }
     return outcome;
 }
 

@@ -1,16 +1,34 @@
 #pragma once
 
-#include "core/plot_request.h"
+#include "core/session_state.h"
 #include "plots/chart_model.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
 
 namespace corvane {
 
-/// The chart of a plot request, caption "Plot - " and the request's window name.
-///
-/// A table of three columns has points alone: column 3 over column 1. A dataset's table of five or seven has
-/// points of column 3 ("Obs"), the line of equality of column 4 where that is not all blank ("Y=X"), and with
-/// seven the excluded points of column 7 over column 6, all other abscissas being column 1. Markers are 200
-/// twentieths of a point below 50 points, 150 below 100, else 100.
-ChartModel CreateXYPlot(const PlotRequest& request);
+/// What a chart of points says about itself.
+struct PlotTitles {
+    std::string title, xAxis, yAxis;
+};
+
+/// Points with the dataset row of each. All three have one length; NaN is a gap.
+struct PlotPoints {
+    SharedColumn x, y;
+    SharedRows rows;
+};
+
+/// An XY chart without series: caption "Plot - " and the dataset's title, footnote "n = " and the number of
+/// points.
+ChartModel XYChart(ChartKind kind, PlotTitles titles, std::size_t points, const SessionState& session);
+
+/// Points as a series. Markers are 200 twentieths of a point where the chart has below 50 points, 150 below
+/// 100, else 100.
+ChartSeries PointSeries(std::string name, PlotPoints points, Marker marker, Colour colour);
+
+/// The chart of the analyses: blue points without a legend, on axes of their own.
+ChartModel PointChart(ChartKind kind, PlotTitles titles, PlotPoints points, const SessionState& session);
 
 } // namespace corvane

@@ -16,17 +16,18 @@ double Adjusted(double unexplained, double n) {
 
 } // namespace
 
-Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y) {
+Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y,
+                           const std::stop_token& stop) {
     const Pairs pairs(x, y);
-    return PearsonCorrelation(Centre(pairs.X), Centre(pairs.Y));
+    return PearsonCorrelation(Centre(pairs.X, stop), Centre(pairs.Y, stop));
 }
 
-Pearson PearsonCorrelation(const CentredSample& x, const CentredSample& y) {
+Pearson PearsonCorrelation(const CentredSample& x, const CentredSample& y, const std::stop_token& stop) {
     const double n = static_cast<double>(x.Deviation.size());
     Pearson result;
     if (n < 2)
         return result;
-    const CentredLine line = LeastSquares(x, y);
+    const CentredLine line = LeastSquares(x, y, stop);
     result.r = Correlation(x, y, line);
     const double unexplained = result.r == 0.0 ? 1.0 : std::min(1.0, line.SSE / y.SumSquares.High); // 1 - r^2
     result.RSquared = Square(result.r);
@@ -37,20 +38,23 @@ Pearson PearsonCorrelation(const CentredSample& x, const CentredSample& y) {
     return result;
 }
 
-ResistantFit ResistantRSquared(std::span<const double> y, double MeanY, std::span<const double> fitted) {
+ResistantFit ResistantRSquared(std::span<const double> y, double MeanY, std::span<const double> fitted,
+                               const std::stop_token& stop) {
     const Pairs pairs(fitted, y);
     ResistantFit result;
     if (pairs.N == 0)
         return result;
-    const int exponent = std::max(pairs.CommonExponent(), ScaleExponent({&MeanY, 1}));
-    const std::vector<double> scaledY = Scaled(pairs.Y, exponent), scaledFit = Scaled(pairs.X, exponent);
+    const int exponent = std::max(pairs.CommonExponent(stop), ScaleExponent({&MeanY, 1}));
+    const std::vector<double> scaledY = Scaled(pairs.Y, exponent, stop),
+                              scaledFit = Scaled(pairs.X, exponent, stop);
     const double mean = std::ldexp(Finite(MeanY), -exponent);
     std::vector<double> residuals, deviations;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         residuals.push_back(std::fabs(scaledY[i] - scaledFit[i]));
         deviations.push_back(std::fabs(scaledY[i] - mean));
     }
-    const double residual = Median(std::move(residuals)), deviation = Median(std::move(deviations));
+    const double residual = Median(std::move(residuals), stop),
+                 deviation = Median(std::move(deviations), stop);
     const double unexplained =
         deviation == 0.0 && residual == 0.0 ? 1.0 : Finite(Square(Ratio(residual, deviation)));
     result.ResistantR2 = Finite(1.0 - unexplained);

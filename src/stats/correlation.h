@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 struct CentredSample;
@@ -18,11 +20,12 @@ struct Pearson {
 /// 1 - r^2 is taken as SSE / Syy of the least-squares line, so that T keeps its digits near |r| = 1.
 /// Points exactly on a line: |r| = 1, T saturated, P = 0. A constant sample: r = T = 0, P = 1.
 /// N = 2: T = 0, P = 1; N < 2: r = 0.
-Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y);
+Pearson PearsonCorrelation(std::span<const double> x, std::span<const double> y,
+                           const std::stop_token& stop = {});
 
 /// The same of samples of one length that were centred before, for a caller that correlates each of many with
 /// every other.
-Pearson PearsonCorrelation(const CentredSample& x, const CentredSample& y);
+Pearson PearsonCorrelation(const CentredSample& x, const CentredSample& y, const std::stop_token& stop = {});
 
 struct ResistantFit {
     double ResistantR2 = 0.0;
@@ -32,6 +35,7 @@ struct ResistantFit {
 /// Resistant r^2 of a fit (Kvalseth, 1985, American Statistician 39, 279-285):
 /// 1 - (median |y - fitted| / median |y - MeanY|)^2, adjusted as Pearson's r^2 is.
 /// Denominator 0: saturated at the lowest double, or 0 where the numerator is 0 as well.
-ResistantFit ResistantRSquared(std::span<const double> y, double MeanY, std::span<const double> fitted);
+ResistantFit ResistantRSquared(std::span<const double> y, double MeanY, std::span<const double> fitted,
+                               const std::stop_token& stop = {});
 
 } // namespace corvane::stats

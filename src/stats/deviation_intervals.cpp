@@ -10,6 +10,7 @@
 
 #include "stats/distributions.h"
 #include "stats/line_residuals.h"
+#include "stats/sorting.h"
 
 namespace corvane::stats {
 
@@ -69,8 +70,8 @@ void AppendNumber(std::string& text, double value) {
 } // namespace
 
 std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std::span<const double> x,
-                                                        std::span<const double> deviation,
-                                                        double Confidence) {
+                                                        std::span<const double> deviation, double Confidence,
+                                                        const std::stop_token& stop) {
     // Everything after the sort then runs through memory in order.
     const Pairs pairs(x, deviation);
     std::vector<double> sortedX, sortedD;
@@ -80,12 +81,12 @@ std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std:
             std::size_t Row;
         };
         std::vector<Pair> ordered(pairs.N);
-        for (std::size_t i = 0; i < pairs.N; ++i)
+        for (std::size_t i : Indices(pairs.N, stop))
             ordered[i] = {Finite(pairs.X[i]), Finite(pairs.Y[i]), i};
-        std::sort(ordered.begin(), ordered.end(),
-                  [](const Pair& p, const Pair& q) { return p.X < q.X || (p.X == q.X && p.Row < q.Row); });
+        Sort(std::span(ordered), stop,
+             [](const Pair& p, const Pair& q) { return p.X == q.X ? p.Row < q.Row : p.X < q.X; });
         sortedX.reserve(pairs.N), sortedD.reserve(pairs.N);
-        for (const Pair& pair : ordered)
+        for (const Pair& pair : Elements(ordered, stop))
             sortedX.push_back(pair.X), sortedD.push_back(pair.D);
     }
 
@@ -94,15 +95,15 @@ std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std:
     double s = 0.0;
     int exponent = 0;
     {
-        LineResiduals line = ResidualsOfLine({sortedX, sortedD}, a, b);
-        const int own = ScaleExponent(line.Residue);
+        LineResiduals line = ResidualsOfLine({sortedX, sortedD}, a, b, stop);
+        const int own = ScaleExponent(line.Residue, stop);
         Sum sse;
-        for (double residue : line.Residue)
+        for (double residue : Elements(line.Residue, stop))
             sse.Add(Square(std::ldexp(residue, -own)));
         s = pairs.N > 2 ? std::sqrt(sse.Value() / (n - 2.0)) : 0.0;
         exponent = line.Exponent + own;
         fitted = std::move(line.Fitted);
-        for (double& value : fitted)
+        for (double& value : Elements(fitted, stop))
             value = Unscale(value, line.Exponent);
     }
     const double t = Confidence > 0.0 && pairs.N > 2 ? -InverseT((100.0 - Confidence) / 200.0, n - 2.0) : 0.0;
@@ -111,11 +112,11 @@ std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std:
         return t == Largest ? Ratio(s, 0.0) : Unscale(t * s * std::sqrt(h), exponent);
     };
 
-    const CentredSample centred = Centre(sortedX);
+    const CentredSample centred = Centre(sortedX, stop);
     const double sxx = centred.SumSquares.High;
     std::vector<DeviationIntervalRow> rows;
     rows.reserve(pairs.N);
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const double h = 1.0 / n + Ratio(Square(centred.Deviation[i].High), sxx);
         const double mean = halfWidth(h), single = halfWidth(1.0 + h);
         rows.push_back({sortedX[i], sortedD[i], fitted[i], Finite(fitted[i] - mean), Finite(fitted[i] + mean),
@@ -125,15 +126,19 @@ std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std:
 }
 
 std::string DeviationIntervals(double a, double b, std::span<const double> x,
-                               std::span<const double> deviation, double Confidence) {
-    const std::vector<DeviationIntervalRow> rows = DeviationIntervalRows(a, b, x, deviation, Confidence);
+                               std::span<const double> deviation, double Confidence,
+                               const std::stop_token& stop) {
+    const std::vector<DeviationIntervalRow> rows =
+        DeviationIntervalRows(a, b, x, deviation, Confidence, stop);
     const std::string rule = std::string(Width * Names.size(), '-') + "\r\n";
     std::string text;
     text.reserve((rows.size() + 3) * rule.size());
     for (std::string_view name : Names)
         text.append(Width - name.size(), ' ').append(name);
     text += "\r\n" + rule;
+    Looks looks(stop);
     for (const DeviationIntervalRow& row : rows) {
+        looks.Handled(Names.size());
         for (double value :
              {row.X, row.Deviation, row.Fitted, row.CILower, row.CIUpper, row.PILower, row.PIUpper})
             AppendNumber(text, value);

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// A pair of the regression of deviations on X, with limits for the mean deviation at its X (CI) and for a
@@ -26,12 +28,14 @@ struct DeviationIntervalRow {
 /// not above 0: the limits are the fitted value; Confidence of 100 or more: they saturate unless s = 0. Of
 /// samples of unequal length the shorter counts.
 std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std::span<const double> x,
-                                                        std::span<const double> deviation, double Confidence);
+                                                        std::span<const double> deviation, double Confidence,
+                                                        const std::stop_token& stop = {});
 
 /// The same as a table of text: seven columns of width 12 with 5 decimals under a header, ruled off above and
 /// below the rows, every line ended by CR LF. Numbers round half away from zero on their 15-digit decimals;
 /// one too wide for its column shows as "n/a".
 std::string DeviationIntervals(double a, double b, std::span<const double> x,
-                               std::span<const double> deviation, double Confidence);
+                               std::span<const double> deviation, double Confidence,
+                               const std::stop_token& stop = {});
 
 } // namespace corvane::stats

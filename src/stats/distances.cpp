@@ -23,21 +23,21 @@ double WholePower(double base, int order) {
 }
 
 /// (sum d^M)^(1/M) of d >= 0, the largest of them in [1/2, 1).
-double Norm(const std::vector<double>& deviations, double M) {
+double Norm(const std::vector<double>& deviations, double M, const std::stop_token& stop) {
     if (!(M > 0.0))
         return 0.0;
     double largest = 0.0;
-    for (double d : deviations)
+    for (double d : Elements(deviations, stop))
         largest = std::max(largest, d);
     if (std::isinf(M) || largest == 0.0)
         return largest;
     Sum sum;
     if (M == std::floor(M) && M <= 64.0) {
-        for (double d : deviations)
+        for (double d : Elements(deviations, stop))
             sum.Add(WholePower(d, static_cast<int>(M)));
         return M == 1.0 ? sum.Value() : M == 2.0 ? std::sqrt(sum.Value()) : std::pow(sum.Value(), 1.0 / M);
     }
-    for (double d : deviations)
+    for (double d : Elements(deviations, stop))
         sum.Add(std::pow(d / largest, M));
     return largest * Finite(std::pow(sum.Value(), Finite(1.0 / M)));
 }
@@ -75,10 +75,10 @@ private:
     double first, second;
 };
 
-double KullbackLeiblerDivergence(const Pairs& pairs) {
+double KullbackLeiblerDivergence(const Pairs& pairs, const std::stop_token& stop) {
     const auto positive = [&](std::size_t i) { return pairs.X[i] > 0.0 && pairs.Y[i] > 0.0; };
     double largestX = 0.0, largestY = 0.0;
-    for (std::size_t i = 0; i < pairs.N; ++i)
+    for (std::size_t i : Indices(pairs.N, stop))
         if (positive(i)) {
             largestX = std::max(largestX, pairs.X[i]);
             largestY = std::max(largestY, pairs.Y[i]);
@@ -88,14 +88,14 @@ double KullbackLeiblerDivergence(const Pairs& pairs) {
     const int exponentX = ScaleExponent({&largestX, 1}), exponentY = ScaleExponent({&largestY, 1});
     const Scale scaleX(exponentX), scaleY(exponentY);
     Sum sumX, sumY;
-    for (std::size_t i = 0; i < pairs.N; ++i)
+    for (std::size_t i : Indices(pairs.N, stop))
         if (positive(i)) {
             sumX.Add(scaleX(Finite(pairs.X[i])));
             sumY.Add(scaleY(Finite(pairs.Y[i])));
         }
     const double wholeX = sumX.Value(), wholeY = sumY.Value();
     Sum divergence;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         if (!positive(i))
             continue;
         constexpr double tiny = 1e-280;
@@ -118,34 +118,35 @@ double KullbackLeiblerDivergence(const Pairs& pairs) {
 
 } // namespace
 
-Distances DistanceMeasures(std::span<const double> x, std::span<const double> y, double M) {
+Distances DistanceMeasures(std::span<const double> x, std::span<const double> y, double M,
+                           const std::stop_token& stop) {
     const Pairs pairs(x, y);
     Distances result;
     if (pairs.N == 0)
         return result;
-    const int exponent = pairs.CommonExponent();
+    const int exponent = pairs.CommonExponent(stop);
     const Scale scale(exponent);
     std::vector<double> deviations(pairs.N);
     Sum size, canberra;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const double xi = Finite(pairs.X[i]), yi = Finite(pairs.Y[i]);
         const double sx = scale(xi), sy = scale(yi);
         deviations[i] = std::fabs(sy - sx);
         size.Add(std::fabs(sx) + std::fabs(sy));
         canberra.Add(CanberraTerm(xi, yi));
     }
-    const int own = ScaleExponent(deviations);
+    const int own = ScaleExponent(deviations, stop);
     const Scale ownScale(own);
     Sum total;
-    for (double& d : deviations) {
+    for (double& d : Elements(deviations, stop)) {
         total.Add(d);
         d = ownScale(d);
     }
-    result.Euclidean = Unscale(Norm(deviations, 2.0), exponent + own);
-    result.Minkowski = M == 2.0 ? result.Euclidean : Unscale(Norm(deviations, M), exponent + own);
+    result.Euclidean = Unscale(Norm(deviations, 2.0, stop), exponent + own);
+    result.Minkowski = M == 2.0 ? result.Euclidean : Unscale(Norm(deviations, M, stop), exponent + own);
     result.Canberra = canberra.Value();
     result.Czekanowski = Ratio(total.Value(), size.Value());
-    result.KullbackLeibler = KullbackLeiblerDivergence(pairs);
+    result.KullbackLeibler = KullbackLeiblerDivergence(pairs, stop);
     return result;
 }
 

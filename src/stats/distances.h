@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Distances between two vectors, D = Y - X.
@@ -18,6 +20,7 @@ struct Distances {
 /// is summed as q ln(q/p) - q + p, of which no term is negative.
 /// Minkowski of an infinite order is the largest |D|, of one that is not positive 0. No pairs, or only such
 /// as a measure leaves out: 0. Beyond the range of a double the result saturates.
-Distances DistanceMeasures(std::span<const double> x, std::span<const double> y, double M);
+Distances DistanceMeasures(std::span<const double> x, std::span<const double> y, double M,
+                           const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -6,7 +6,7 @@
 #include <numbers>
 #include <vector>
 
-#include "stats/order.h"
+#include "stats/sorting.h"
 #include "stats/sums.h"
 
 namespace corvane::stats {
@@ -58,12 +58,13 @@ double LogTail(double tail, double distance) {
 
 } // namespace
 
-EDFResult EDFNormalityStatistics(std::span<const double> sample, int Mode, bool Adjusted) {
+EDFResult EDFNormalityStatistics(std::span<const double> sample, int Mode, bool Adjusted,
+                                 const std::stop_token& stop) {
     (void)Mode, (void)Adjusted;
     EDFResult result;
     const std::size_t count = sample.size();
-    std::vector<double> x = Scaled(sample, ScaleExponent(sample));
-    SortUnlessSorted(x);
+    std::vector<double> x = Scaled(sample, ScaleExponent(sample, stop), stop);
+    Sort(x, stop);
     if (count < 2 || x.front() == x.back())
         return result;
 
@@ -71,12 +72,12 @@ EDFResult EDFNormalityStatistics(std::span<const double> sample, int Mode, bool 
     // From the smallest value on, in units of the range: the offset is gone before anything is squared.
     const double lowest = x.front(), range = x.back() - lowest;
     Sum sum, squares;
-    for (double& value : x) {
+    for (double& value : Elements(x, stop)) {
         value = (value - lowest) / range;
         sum.Add(value);
     }
     const DoubleDouble mean = sum.Total() / DoubleDouble{n, 0.0};
-    for (double& value : x) {
+    for (double& value : Elements(x, stop)) {
         value = (value - mean.High) - mean.Low;
         squares.AddProduct(value, value);
     }
@@ -84,7 +85,7 @@ EDFResult EDFNormalityStatistics(std::span<const double> sample, int Mode, bool 
 
     double above = 0.0, below = 0.0;
     Sum distances, excess, logarithms;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i : Indices(count, stop)) {
         const double w = x[i] / sd, distance = std::fabs(w);
         const double tail = 0.5 * std::erfc(distance / std::numbers::sqrt2);
         const double z = w < 0.0 ? tail : 1.0 - tail;

@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Distances between the empirical distribution function of a sample and the normal law with its mean and SD.
@@ -26,6 +28,7 @@ struct EDFResult {
 /// relative accuracy, and ln z stays finite however far out a value lies.
 /// Mode 2, mean and SD estimated from the sample, is the only mode, and the statistics are never adjusted:
 /// both arguments are unused. Fewer than 2 values or no spread: statistics 0 with P = 1.
-EDFResult EDFNormalityStatistics(std::span<const double> sample, int Mode = 2, bool Adjusted = false);
+EDFResult EDFNormalityStatistics(std::span<const double> sample, int Mode = 2, bool Adjusted = false,
+                                 const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -16,11 +16,11 @@ double RelativeError(double x, double y) {
 
 /// 100 times the mean relative error. A ratio that is not 0 exceeds 1e-17, so that scaling the terms down
 /// loses nothing and their sum stays in range.
-double MeanRelativeErrorPercent(const Pairs& pairs) {
+double MeanRelativeErrorPercent(const Pairs& pairs, const std::stop_token& stop) {
     constexpr double headroom = 0x1p-80;
     Sum sum;
     double count = 0.0;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const double y = Finite(pairs.Y[i]);
         if (y == 0.0)
             continue;
@@ -40,10 +40,10 @@ struct SquareSums {
     double Spread;  ///< of (d^2 - their mean)^2
 };
 
-SquareSums SumSquares(const std::vector<double>& difference) {
+SquareSums SumSquares(const std::vector<double>& difference, const std::stop_token& stop) {
     const double n = static_cast<double>(difference.size());
     Sum squares, total;
-    for (double d : difference) {
+    for (double d : Elements(difference, stop)) {
         squares.AddProduct(d, d);
         total.Add(d);
     }
@@ -51,10 +51,10 @@ SquareSums SumSquares(const std::vector<double>& difference) {
     const double bias = total.Value() / n;
     const auto fromBias = [bias](double d) { return (d - bias) * (d + bias); };
     Sum fromBiases, spread;
-    for (double d : difference)
+    for (double d : Elements(difference, stop))
         fromBiases.Add(fromBias(d));
     const double mean = fromBiases.Value() / n;
-    for (double d : difference)
+    for (double d : Elements(difference, stop))
         spread.Add(Square(fromBias(d) - mean));
     return {squares.Value(), spread.Value()};
 }
@@ -67,48 +67,48 @@ SquaredError ErrorOf(const SquareSums& sums, double n, int exponent) {
 
 } // namespace
 
-SquaredError MeanSquaredError(std::span<const double> difference) {
+SquaredError MeanSquaredError(std::span<const double> difference, const std::stop_token& stop) {
     if (difference.empty())
         return {};
-    const int exponent = ScaleExponent(difference);
-    return ErrorOf(SumSquares(Scaled(difference, exponent)), static_cast<double>(difference.size()),
-                   exponent);
+    const int exponent = ScaleExponent(difference, stop);
+    return ErrorOf(SumSquares(Scaled(difference, exponent, stop), stop),
+                   static_cast<double>(difference.size()), exponent);
 }
 
 ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
-                                double MeanY) {
+                                double MeanY, const std::stop_token& stop) {
     (void)MeanX; // the differences are summed themselves, which keeps the digits that means lose
     const Pairs pairs(x, y);
     ErrorMeasures result;
     if (pairs.N == 0)
         return result;
     const double n = pairs.Count();
-    const int exponent = std::max(pairs.CommonExponent(), ScaleExponent({&MeanY, 1}));
-    const std::vector<double> sx = Scaled(pairs.X, exponent), sy = Scaled(pairs.Y, exponent);
+    const int exponent = std::max(pairs.CommonExponent(stop), ScaleExponent({&MeanY, 1}));
+    const std::vector<double> sx = Scaled(pairs.X, exponent, stop), sy = Scaled(pairs.Y, exponent, stop);
     const double meanY = std::ldexp(Finite(MeanY), -exponent);
 
     Sum bias;
     std::vector<double> difference;
     difference.reserve(pairs.N);
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const DoubleDouble exact = TwoSum(sy[i], -sx[i]);
         difference.push_back(exact.High);
         bias.Add(exact);
     }
-    const int own = ScaleExponent(difference), differenceExponent = exponent + own;
+    const int own = ScaleExponent(difference, stop), differenceExponent = exponent + own;
     Sum absolute;
     double largest = 0.0;
-    difference = Scaled(difference, own);
-    for (double d : difference) {
+    difference = Scaled(difference, own, stop);
+    for (double d : Elements(difference, stop)) {
         absolute.Add(std::fabs(d));
         largest = std::max(largest, std::fabs(d));
     }
-    const SquareSums squares = SumSquares(difference);
+    const SquareSums squares = SumSquares(difference, stop);
     const SquaredError error = ErrorOf(squares, n, differenceExponent);
 
     result.MeanBias = Unscale(bias.Value() / n, exponent);
     result.MAE = Unscale(absolute.Value() / n, differenceExponent);
-    result.MAPE = MeanRelativeErrorPercent(pairs);
+    result.MAPE = MeanRelativeErrorPercent(pairs, stop);
     result.MSEP = error.MSEP;
     result.VarMSEP = error.VarMSEP;
     const double mean = squares.Squares / n, sd = std::sqrt(Ratio(squares.Spread, n * (n - 1.0)));
@@ -116,8 +116,8 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     result.SDMSEP = Unscale(sd, 2 * differenceExponent);
     result.CVMSEP = Ratio(sd, mean);
     result.MaxError = Unscale(largest, differenceExponent);
-    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
-    const CentredLine line = LeastSquares(cx, cy);
+    const CentredSample cx = Centre(pairs.X, stop), cy = Centre(pairs.Y, stop);
+    const CentredLine line = LeastSquares(cx, cy, stop);
     result.RSquared = Square(Correlation(cx, cy, line));
 
     // Sums of squares about MeanY from those about the own means. The double that a mean of Y rounds to
@@ -126,6 +126,7 @@ ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const doubl
     const DoubleDouble squaresX = Shifted(cx.SumSquares, 2 * unitX),
                        squaresY = Shifted(cy.SumSquares, 2 * unitY);
     const DoubleDouble meanX = Shifted(cx.Mean, unitX), ownMeanY = Shifted(cy.Mean, unitY);
+    result.PercentBias = Finite(-100.0 * Ratio(bias.Value() / n, ownMeanY.High));
     const DoubleDouble centre = meanY == ownMeanY.High ? ownMeanY : DoubleDouble{meanY, 0.0};
     const auto about = [&](DoubleDouble sumSquares, DoubleDouble mean) {
         const DoubleDouble distance = mean - centre;

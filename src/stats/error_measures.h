@@ -3,12 +3,15 @@
 #include <array>
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Measures of the error of prediction D = Y - X, X predicted, Y observed.
 struct ErrorMeasures {
     double RSquared = 0.0;             ///< Pearson's r squared
     double MeanBias = 0.0;             ///< mean of D
+    double PercentBias = 0.0;          ///< 100 sum of (X - Y) over sum of Y
     double MAE = 0.0;                  ///< mean of |D|
     double MAPE = 0.0;                 ///< 100 mean of |D| / |Y|, per cent, over the pairs with Y != 0
     double MSEP = 0.0;                 ///< sum of D^2 over N
@@ -36,14 +39,16 @@ struct SquaredError {
 /// the cancellation of its formula. MEF = 1 - sum D^2 / sum (Y - MeanY)^2 and CD = sum (Y - MeanY)^2 /
 /// sum (X - MeanY)^2: Loague and Green (1991), Journal of Contaminant Hydrology 7, 51-73.
 ///
+/// The percent bias has the sign of R hydroGOF's pbias, that of predicted less observed.
+///
 /// MeanY is the mean of y, which the caller holds; MeanX is not read. A zero denominator saturates (MEF at
 /// the lowest double); with a zero numerator as well the measure is 0. No pair with Y != 0: MAPE = 0. N = 0:
 /// all 0.
 ErrorMeasures DiverseStatistics(std::span<const double> x, std::span<const double> y, double MeanX,
-                                double MeanY);
+                                double MeanY, const std::stop_token& stop = {});
 
 /// The mean squared error and its variance alone, from the differences D, with the digits that
 /// DiverseStatistics gives them. N = 0: both 0.
-SquaredError MeanSquaredError(std::span<const double> difference);
+SquaredError MeanSquaredError(std::span<const double> difference, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

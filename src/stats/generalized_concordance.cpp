@@ -15,6 +15,7 @@
 #include "stats/pairwise_sums.h"
 #include "stats/power_sums.h"
 #include "stats/robust_scale.h"
+#include "stats/sorting.h"
 #include "stats/sums.h"
 
 namespace corvane::stats {
@@ -31,24 +32,24 @@ struct Ordered {
     std::vector<double> Values;
     std::vector<std::uint32_t> Rows;
 
-    explicit Ordered(const std::vector<double>& sample) {
+    Ordered(const std::vector<double>& sample, const std::stop_token& stop) {
         std::vector<std::pair<double, std::uint32_t>> order;
         order.reserve(sample.size());
-        for (std::size_t i = 0; i < sample.size(); ++i)
+        for (std::size_t i : Indices(sample.size(), stop))
             order.emplace_back(sample[i], static_cast<std::uint32_t>(i));
-        std::sort(order.begin(), order.end());
+        Sort(std::span(order), stop, std::less<>());
         Values.reserve(sample.size());
         Rows.reserve(sample.size());
-        for (const auto& [value, row] : order) {
+        for (const auto& [value, row] : Elements(order, stop)) {
             Values.push_back(value);
             Rows.push_back(row);
         }
     }
 
-    void Negate() {
+    void Negate(const std::stop_token& stop) {
         std::reverse(Values.begin(), Values.end());
         std::reverse(Rows.begin(), Rows.end());
-        for (double& value : Values)
+        for (double& value : Elements(Values, stop))
             value = -value;
     }
 };
@@ -80,25 +81,26 @@ struct Scales {
 
 /// Adds the sums of one side, `sign` times.
 void AddWindows(const Ordered& from, const Ordered& over, const Scales& scales, double sign,
-                std::vector<PairSums>& sums) {
-    WindowSum cap(over.Values, scales.Cap);
-    for (std::size_t i = 0; i < from.Values.size(); ++i) {
+                std::vector<PairSums>& sums, const std::stop_token& stop) {
+    WindowSum cap(over.Values, scales.Cap, stop);
+    for (std::size_t i : Indices(from.Values.size(), stop)) {
         const WindowMoments moments = cap.At(from.Values[i]);
         PairSums& pair = sums[from.Rows[i]];
         pair.CappedSquare += sign * (moments.Second - moments.Count);
         pair.CappedAbsolute += sign * (moments.First - moments.Count);
     }
-    WindowSum knee(over.Values, scales.Knee);
-    for (std::size_t i = 0; i < from.Values.size(); ++i) {
+    WindowSum knee(over.Values, scales.Knee, stop);
+    for (std::size_t i : Indices(from.Values.size(), stop)) {
         const WindowMoments moments = knee.At(from.Values[i]);
         sums[from.Rows[i]].HuberCore +=
             sign * 0.5 * scales.Knee * (moments.Count - 2.0 * moments.First + moments.Second);
     }
 }
 
-void AddAbsolute(const Ordered& from, const Ordered& over, double sign, std::vector<PairSums>& sums) {
-    AbsoluteSum absolute(over.Values);
-    for (std::size_t i = 0; i < from.Values.size(); ++i)
+void AddAbsolute(const Ordered& from, const Ordered& over, double sign, std::vector<PairSums>& sums,
+                 const std::stop_token& stop) {
+    AbsoluteSum absolute(over.Values, stop);
+    for (std::size_t i : Indices(from.Values.size(), stop))
         sums[from.Rows[i]].Absolute += sign * absolute.At(from.Values[i]);
 }
 
@@ -110,34 +112,35 @@ struct SideTangents {
 };
 
 SideTangents AddSide(const Ordered& x, const Ordered& y, const PowerTree& treeX, const Scales& scales,
-                     double sign, std::vector<PairSums>& sums) {
+                     double sign, std::vector<PairSums>& sums, const std::stop_token& stop) {
     SideTangents side;
     side.OneSign = x.Values.front() >= y.Values.back() || x.Values.back() <= y.Values.front();
     if (!side.OneSign) {
-        AddAbsolute(x, y, sign, sums);
-        AddAbsolute(y, x, sign, sums);
+        AddAbsolute(x, y, sign, sums, stop);
+        AddAbsolute(y, x, sign, sums, stop);
     }
-    AddWindows(x, y, scales, sign, sums);
-    AddWindows(y, x, scales, sign, sums);
+    AddWindows(x, y, scales, sign, sums, stop);
+    AddWindows(y, x, scales, sign, sums, stop);
     if (scales.Power == 0.0)
         return side;
 
     const auto scatter = [&](const PowerSumsResult& result, double PairSums::*member) {
-        for (std::size_t i = 0; i < x.Rows.size(); ++i)
+        for (std::size_t i : Indices(x.Rows.size(), stop))
             sums[x.Rows[i]].*member += sign * result.Rows[i];
-        for (std::size_t i = 0; i < y.Rows.size(); ++i)
+        for (std::size_t i : Indices(y.Rows.size(), stop))
             sums[y.Rows[i]].*member += sign * result.Columns[i];
     };
-    const PowerTree treeY(y.Values);
+    const PowerTree treeY(y.Values, stop);
     side.CentreX = treeX.Root().Centre;
     side.CentreY = treeY.Root().Centre;
     if (FarApart(treeX, treeY)) {
         side.Beyond = {scales.Power, side.CentreX - side.CentreY};
-        scatter(PowerSumsBeyondTangent(treeX, treeY, scales.Power), &PairSums::Power);
+        scatter(PowerSumsBeyondTangent(treeX, treeY, scales.Power, stop), &PairSums::Power);
     } else {
-        scatter(PowerSums(treeX, treeY, {.Power = scales.Power}), &PairSums::Power);
+        scatter(PowerSums(treeX, treeY, {.Power = scales.Power}, stop), &PairSums::Power);
     }
-    scatter(PowerSums(treeX, treeY, {scales.Power, scales.Cap, 1.0 / scales.Cap}), &PairSums::CappedPower);
+    scatter(PowerSums(treeX, treeY, {scales.Power, scales.Cap, 1.0 / scales.Cap}, stop),
+            &PairSums::CappedPower);
     return side;
 }
 
@@ -166,10 +169,10 @@ struct Coefficient {
 
 /// Rg, its SE and limits from the sums and the terms of the pairs, both functions of the row.
 template<class Sums, class Terms>
-Coefficient Summarise(std::size_t count, Sums sums, Terms terms) {
+Coefficient Summarise(std::size_t count, Sums sums, Terms terms, const std::stop_token& stop) {
     const double n = static_cast<double>(count);
     Sum sumOfSums, diagonals, bs, tangents, excesses;
-    for (std::size_t k = 0; k < count; ++k) {
+    for (std::size_t k : Indices(count, stop)) {
         const PairTerms pair = terms(k);
         sumOfSums.Add(sums(k));
         diagonals.Add(pair.Diagonal);
@@ -194,7 +197,7 @@ Coefficient Summarise(std::size_t count, Sums sums, Terms terms) {
         return {rg, 0.0, end, end};
 
     Sum squares;
-    for (std::size_t k = 0; k < count; ++k) {
+    for (std::size_t k : Indices(count, stop)) {
         const PairTerms pair = terms(k);
         const double common = sums(k) / n - 2.0 * v1;
         const double inDenominator = common + (pair.B - v3) + (pair.Tangent - tangent);
@@ -218,8 +221,8 @@ struct Samples {
 };
 
 /// Lin's: about the means, all but the distance of the means drops out.
-Coefficient SquareCoefficient(const Samples& samples) {
-    const DoubleDouble meanX = Centre(samples.X, 0).Mean, meanY = Centre(samples.Y, 0).Mean;
+Coefficient SquareCoefficient(const Samples& samples, const std::stop_token& stop) {
+    const DoubleDouble meanX = Centre(samples.X, 0, stop).Mean, meanY = Centre(samples.Y, 0, stop).Mean;
     const double shift = (meanX - meanY).High;
     const auto about = [](double value, DoubleDouble mean) { return (DoubleDouble{value, 0.0} - mean).High; };
     return Summarise(
@@ -228,7 +231,8 @@ Coefficient SquareCoefficient(const Samples& samples) {
             const double u = about(samples.X[k], meanX), v = about(samples.Y[k], meanY);
             return PairTerms{-4.0 * u * v, 2.0 * (u * u + v * v), shift * (4.0 * (u - v) + 2.0 * shift),
                              2.0 * Square(samples.X[k] - samples.Y[k])};
-        });
+        },
+        stop);
 }
 
 /// The terms of |z|, on which Huber's rest.
@@ -297,25 +301,26 @@ PairTerms HuberTerms(double x, double y, double h, const SideTangents& differenc
 }
 
 /// In a scale of its own, so that its square does not vanish beside the other sample.
-double StandardDeviation(const std::vector<double>& sample) {
-    const int exponent = ScaleExponent(sample);
-    return Unscale(std::sqrt(MeanVariance(Scaled(sample, exponent)).Variance), exponent);
+double StandardDeviation(const std::vector<double>& sample, const std::stop_token& stop) {
+    const int exponent = ScaleExponent(sample, stop);
+    return Unscale(std::sqrt(MeanVariance(Scaled(sample, exponent, stop), stop).Variance), exponent);
 }
 
 } // namespace
 
 GeneralizedConcordanceResult GeneralizedConcordance(std::span<const double> x, std::span<const double> y,
-                                                    double Power) {
+                                                    double Power, const std::stop_token& stop) {
     GeneralizedConcordanceResult result;
     const Pairs pairs(x, y);
-    const int exponent = pairs.CommonExponent();
-    const std::vector<double> scaledX = Scaled(pairs.X, exponent), scaledY = Scaled(pairs.Y, exponent);
+    const int exponent = pairs.CommonExponent(stop);
+    const std::vector<double> scaledX = Scaled(pairs.X, exponent, stop),
+                              scaledY = Scaled(pairs.Y, exponent, stop);
     const Samples samples{scaledX, scaledY};
-    const Ordered orderedX(scaledX);
-    Ordered orderedY(scaledY);
-    double s = std::sqrt(RobustQn(orderedX.Values)) * std::sqrt(RobustQn(orderedY.Values));
+    const Ordered orderedX(scaledX, stop);
+    Ordered orderedY(scaledY, stop);
+    double s = std::sqrt(RobustQn(orderedX.Values, stop)) * std::sqrt(RobustQn(orderedY.Values, stop));
     if (s == 0.0)
-        s = std::sqrt(StandardDeviation(scaledX)) * std::sqrt(StandardDeviation(scaledY));
+        s = std::sqrt(StandardDeviation(scaledX, stop)) * std::sqrt(StandardDeviation(scaledY, stop));
     if (pairs.N < 2 || s == 0.0)
         return result;
     s = std::max(s, 1e-290); // 1/s in range; the largest value is about 1
@@ -325,10 +330,10 @@ GeneralizedConcordanceResult GeneralizedConcordance(std::span<const double> x, s
     std::vector<PairSums> sums(pairs.N);
     SideTangents differenceSide, sumSide;
     {
-        const PowerTree treeX(orderedX.Values);
-        differenceSide = AddSide(orderedX, orderedY, treeX, {c, h, power}, 1.0, sums);
-        orderedY.Negate();
-        sumSide = AddSide(orderedX, orderedY, treeX, {c, h, power}, -1.0, sums);
+        const PowerTree treeX(orderedX.Values, stop);
+        differenceSide = AddSide(orderedX, orderedY, treeX, {c, h, power}, 1.0, sums, stop);
+        orderedY.Negate(stop);
+        sumSide = AddSide(orderedX, orderedY, treeX, {c, h, power}, -1.0, sums, stop);
     }
 
     const auto put = [&](std::size_t row, const Coefficient& coefficient) {
@@ -340,9 +345,9 @@ GeneralizedConcordanceResult GeneralizedConcordance(std::span<const double> x, s
     const auto summarise = [&](std::size_t row, auto sumOf, auto terms) {
         put(row, Summarise(
                      pairs.N, [&](std::size_t k) { return std::invoke(sumOf, sums[k]); },
-                     [&](std::size_t k) { return terms(scaledX[k], scaledY[k]); }));
+                     [&](std::size_t k) { return terms(scaledX[k], scaledY[k]); }, stop));
     };
-    put(0, SquareCoefficient(samples));
+    put(0, SquareCoefficient(samples, stop));
     summarise(1, &PairSums::Absolute,
               [&](double a, double b) { return AbsoluteTerms(a, b, differenceSide, sumSide); });
     summarise(3, &PairSums::CappedSquare, [&](double a, double b) {

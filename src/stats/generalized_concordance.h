@@ -3,6 +3,8 @@
 #include <array>
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Seven generalized concordance correlation coefficients, in the order of the distances below.
@@ -28,6 +30,6 @@ struct GeneralizedConcordanceResult {
 /// N < 2 or a constant sample: all 0. Limits at |Rg| >= 1 (a capped distance may pass 1) are both 1 with its
 /// sign. A Power outside (0, 3] leaves rows 3 and 6 at 0. O(N log N) in time, O(N) in memory.
 GeneralizedConcordanceResult GeneralizedConcordance(std::span<const double> x, std::span<const double> y,
-                                                    double Power = 1.5);
+                                                    double Power = 1.5, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

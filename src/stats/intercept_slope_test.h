@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <span>
+
+#include "stats/cancellation.h"
 
 namespace corvane::stats {
 
@@ -21,6 +24,13 @@ struct InterceptSlopeTest {
 /// MeanX and MeanY are not needed by this form of F1. s = 0: F saturated and P = 0, or F = 0 and P = 1 where
 /// the line is the identity. N < 3: F = 0, P = 1.
 InterceptSlopeTest FTestInterceptSlope(std::span<const double> x, std::span<const double> y, double a,
-                                       double b, double MeanX, double MeanY);
+                                       double b, double MeanX, double MeanY,
+                                       const std::stop_token& stop = {});
+
+/// F of H0: intercept and slope are 0, with 2 and df degrees of freedom: df / 2 (SS0 - SSE) / SSE, SS0 the
+/// sum of squares about the line y = 0 and SSE that about the fitted line, whose degrees of freedom are df
+/// (Kleijnen et al., 1998, Management Science 44, 812-819). It takes their roots, which have a place in a
+/// double where squares have none. 0 where SSE is 0; nothing where a number leaves the range of a double.
+std::optional<double> FTestZeroLine(double rootSS0, double rootSSE, double df);
 
 } // namespace corvane::stats

@@ -7,6 +7,7 @@
 
 #include "stats/distributions.h"
 #include "stats/pairs.h"
+#include "stats/sorting.h"
 
 namespace corvane::stats {
 
@@ -30,21 +31,24 @@ struct Ties {
 
 /// The tie groups of n elements in order, of which Equal(i, j) tells whether two are equal.
 template<class Equal>
-Ties TiesOf(std::size_t n, Equal equal) {
+Ties TiesOf(std::size_t n, Equal equal, const std::stop_token& stop) {
     Ties ties;
-    for (std::size_t first = 0, end = 0; first < n; first = end) {
-        while (end < n && equal(first, end))
-            ++end;
-        ties.Add(end - first);
-    }
+    std::size_t first = 0;
+    for (std::size_t i : Indices(n, stop))
+        if (!equal(first, i)) {
+            ties.Add(i - first);
+            first = i;
+        }
+    ties.Add(n - first);
     return ties;
 }
 
 /// Sorts the values and returns the number of inversions: the exchanges of neighbours that it takes.
-std::int64_t SortCountingInversions(std::vector<double>& values) {
+std::int64_t SortCountingInversions(std::vector<double>& values, const std::stop_token& stop) {
     constexpr std::size_t run = 8;
     const std::size_t n = values.size();
     std::int64_t inversions = 0;
+    Looks looks(stop);
     for (std::size_t begin = 0; begin < n; begin += run) {
         const std::size_t end = std::min(begin + run, n);
         for (std::size_t i = begin + 1; i < end; ++i) {
@@ -55,6 +59,7 @@ std::int64_t SortCountingInversions(std::vector<double>& values) {
             values[at] = value;
             inversions += static_cast<std::int64_t>(i - at);
         }
+        looks.Handled(run);
     }
     std::vector<double> merged(n);
     for (std::size_t width = run; width < n; width *= 2) {
@@ -62,13 +67,17 @@ std::int64_t SortCountingInversions(std::vector<double>& values) {
             const std::size_t middle = std::min(begin + width, n), end = std::min(begin + 2 * width, n);
             std::size_t left = begin, right = middle, out = begin;
             while (left < middle && right < end) {
-                // Without a branch: which side is next cannot be predicted.
-                const double a = values[left], b = values[right];
-                const bool fromRight = b < a;
-                merged[out++] = fromRight ? b : a;
-                inversions += fromRight ? static_cast<std::int64_t>(middle - left) : 0;
-                right += fromRight;
-                left += !fromRight;
+                const std::size_t start = out, pause = std::min(end, start + ElementsBetweenLooks);
+                while (left < middle && right < end && out < pause) {
+                    // Without a branch: which side is next cannot be predicted.
+                    const double a = values[left], b = values[right];
+                    const bool fromRight = b < a;
+                    merged[out++] = fromRight ? b : a;
+                    inversions += fromRight ? static_cast<std::int64_t>(middle - left) : 0;
+                    right += fromRight;
+                    left += !fromRight;
+                }
+                looks.Handled(out - start);
             }
             const auto begins = values.begin();
             const auto at = [&](std::size_t i) { return begins + static_cast<std::ptrdiff_t>(i); };
@@ -99,7 +108,7 @@ double VarianceOfS(double n, const Ties& x, const Ties& y) {
 
 } // namespace
 
-KendallResult KendallTau(std::span<const double> x, std::span<const double> y) {
+KendallResult KendallTau(std::span<const double> x, std::span<const double> y, const std::stop_token& stop) {
     const Pairs pairs(x, y);
     const std::size_t n = pairs.N;
     KendallResult result;
@@ -109,20 +118,25 @@ KendallResult KendallTau(std::span<const double> x, std::span<const double> y) {
         double X, Y;
     };
     std::vector<Pair> sorted(n);
-    for (std::size_t i = 0; i < n; ++i)
+    for (std::size_t i : Indices(n, stop))
         sorted[i] = {Finite(pairs.X[i]), Finite(pairs.Y[i])};
-    std::sort(sorted.begin(), sorted.end(),
-              [](const Pair& a, const Pair& b) { return a.X < b.X || (a.X == b.X && a.Y < b.Y); });
-    const Ties tiesX = TiesOf(n, [&](std::size_t i, std::size_t j) { return sorted[i].X == sorted[j].X; });
-    const Ties both = TiesOf(n, [&](std::size_t i, std::size_t j) {
-        return sorted[i].X == sorted[j].X && sorted[i].Y == sorted[j].Y;
-    });
+    Sort(std::span(sorted), stop,
+         [](const Pair& a, const Pair& b) { return a.X == b.X ? a.Y < b.Y : a.X < b.X; });
+    const Ties tiesX = TiesOf(
+        n, [&](std::size_t i, std::size_t j) { return sorted[i].X == sorted[j].X; }, stop);
+    const Ties both = TiesOf(
+        n,
+        [&](std::size_t i, std::size_t j) {
+            return sorted[i].X == sorted[j].X && sorted[i].Y == sorted[j].Y;
+        },
+        stop);
     std::vector<double> inOrderOfX(n);
-    for (std::size_t i = 0; i < n; ++i)
+    for (std::size_t i : Indices(n, stop))
         inOrderOfX[i] = sorted[i].Y;
-    const std::int64_t discordant = SortCountingInversions(inOrderOfX);
+    const std::int64_t discordant = SortCountingInversions(inOrderOfX, stop);
     const std::vector<double>& sortedY = inOrderOfX;
-    const Ties tiesY = TiesOf(n, [&](std::size_t i, std::size_t j) { return sortedY[i] == sortedY[j]; });
+    const Ties tiesY = TiesOf(
+        n, [&](std::size_t i, std::size_t j) { return sortedY[i] == sortedY[j]; }, stop);
 
     const std::int64_t all = static_cast<std::int64_t>(n) * static_cast<std::int64_t>(n - 1) / 2;
     const std::int64_t untiedX = all - tiesX.Pairs, untiedY = all - tiesY.Pairs;

@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 struct KendallResult {
@@ -18,6 +20,7 @@ struct KendallResult {
 ///           + sum t (t - 1)(t - 2) sum u (u - 1)(u - 2) / (9 N (N - 1)(N - 2)).
 /// Inversions are counted by merge sort (Knight, 1966, JASA 61, 436-439): O(N log N).
 /// A constant sample, or N < 2: Tau = Z = 0, P = 1. Of unequal lengths the shorter counts.
-KendallResult KendallTau(std::span<const double> x, std::span<const double> y);
+KendallResult KendallTau(std::span<const double> x, std::span<const double> y,
+                         const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -43,14 +43,14 @@ std::array<std::array<double, 2>, 6> Weights(const std::array<double, 6>& slope)
 
 } // namespace
 
-LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y) {
+LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y, const std::stop_token& stop) {
     const Pairs pairs(x, y);
     const double n = pairs.Count();
     LineFamily family;
     if (pairs.N == 0)
         return family;
-    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
-    const CentredLine line = LeastSquares(cx, cy);
+    const CentredSample cx = Centre(pairs.X, stop), cy = Centre(pairs.Y, stop);
+    const CentredLine line = LeastSquares(cx, cy, stop);
     const double sxx = cx.SumSquares.High, syy = cy.SumSquares.High, sxy = line.Sxy.High;
     // Slopes are in units of the scaled samples until they are returned, except where lines of both
     // directions meet: bisector and orthogonal line depend on the units.
@@ -95,7 +95,7 @@ LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y) {
     const bool exact = line.SSE == 0.0;
     const double turn2 = exact || sxy == 0.0 ? 0.0 : (line.Slope - cy.SumSquares / line.Sxy).High;
     const double shift = n * cx.Mean.High;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const double u = cx.Deviation[i].High, v = cy.Deviation[i].High, e1 = line.Residual[i];
         const double e2 = e1 + turn2 * u;
         const double influence1 = Ratio(u * e1, sxx), influence2 = Ratio(v * e2, sxy);

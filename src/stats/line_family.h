@@ -3,6 +3,8 @@
 #include <array>
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Six lines y = A + B x with standard errors, in the order: OLS of y on x, OLS of x on y, OLS bisector,
@@ -23,6 +25,7 @@ struct LineFamily {
 /// to 6; the bisector is 1, the orthogonal line 0 or the largest double, whichever sample spreads less, and
 /// the reduced major axis takes the positive sign. Constant y: all slopes and SDs 0.
 /// N < 2 gives slopes and SDs 0 and A = mean(y).
-LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y);
+LineFamily FitLineFamily(std::span<const double> x, std::span<const double> y,
+                         const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -7,13 +7,13 @@
 
 namespace corvane::stats {
 
-LineFit FitLine(std::span<const double> x, std::span<const double> y) {
+LineFit FitLine(std::span<const double> x, std::span<const double> y, const std::stop_token& stop) {
     const Pairs pairs(x, y);
     LineFit fit;
     if (pairs.N == 0)
         return fit;
-    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
-    const CentredLine line = LeastSquares(cx, cy);
+    const CentredSample cx = Centre(pairs.X, stop), cy = Centre(pairs.Y, stop);
+    const CentredLine line = LeastSquares(cx, cy, stop);
     const int slopeExponent = cy.Exponent - cx.Exponent;
     fit.a = Unscale(line.Intercept.High, cy.Exponent);
     fit.b = Unscale(line.Slope.High, slopeExponent);

@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// A line y = a + b x with its standard errors and goodness of fit.
@@ -19,7 +21,7 @@ struct LineFit {
 /// SDb = s / sqrt(Sxx) and SDa = s sqrt(1/N + mean(x)^2 / Sxx).
 /// Constant x: b = 0, a = mean(y), SDb (and SDa unless mean(x) is 0) the largest double, 0 where s is 0.
 /// N = 2 has s = 0, N = 1 is the constant y, N = 0 all 0. Of samples of unequal length the shorter counts.
-LineFit FitLine(std::span<const double> x, std::span<const double> y);
+LineFit FitLine(std::span<const double> x, std::span<const double> y, const std::stop_token& stop = {});
 
 /// The line that minimises Chi2 = sum of (y - a - b x)^2 / (SDy^2 + b^2 SDx^2): York, Evensen, Lopez Martinez
 /// and Delgado (2004), American Journal of Physics 72, 367-375, with uncorrelated errors. SDa and SDb are
@@ -31,6 +33,7 @@ LineFit FitLine(std::span<const double> x, std::span<const double> y);
 /// and the weighted mean of y, constant y b = 0; a minimum on the vertical line has b saturated. N < 2 as
 /// FitLine.
 LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, std::span<const double> sdx,
-                        std::span<const double> sdy, double Tolerance = 1e-30);
+                        std::span<const double> sdy, double Tolerance = 1e-30,
+                        const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -36,6 +36,7 @@ struct Points {
     int XExponent = 0;
     int YExponent = 0;
     int SDExponent = 0;
+    std::stop_token Stop; ///< looked at by every pass over the points
 };
 
 /// What the points say about one direction, with weights 1 / (c^2 VarY + s^2 VarX).
@@ -44,27 +45,28 @@ struct Objective {
     double Descent = 0.0; ///< -1/2 d Chi2 / d angle, times a positive factor
 };
 
-std::vector<double> UsableSDs(std::span<const double> sds, int exponent) {
+std::vector<double> UsableSDs(std::span<const double> sds, int exponent, const std::stop_token& stop) {
     std::vector<double> result;
-    for (double sd : sds)
+    for (double sd : Elements(sds, stop))
         result.push_back(
             Unscale(std::fabs(sd) > 0.0 && std::fabs(sd) <= Largest ? std::fabs(sd) : 1e-30, -exponent));
     return result;
 }
 
-std::vector<double> Deviations(const CentredSample& sample, int& exponent, std::vector<DoubleDouble>& whole) {
+std::vector<double> Deviations(const CentredSample& sample, int& exponent, std::vector<DoubleDouble>& whole,
+                               const std::stop_token& stop) {
     std::vector<double> values;
-    for (const DoubleDouble& deviation : sample.Deviation)
+    for (const DoubleDouble& deviation : Elements(sample.Deviation, stop))
         values.push_back(deviation.High);
-    const int own = ScaleExponent(values);
+    const int own = ScaleExponent(values, stop);
     exponent = sample.Exponent + own;
-    for (const DoubleDouble& deviation : sample.Deviation)
+    for (const DoubleDouble& deviation : Elements(sample.Deviation, stop))
         whole.push_back(Shifted(deviation, -own));
-    return Scaled(values, own);
+    return Scaled(values, own, stop);
 }
 
-std::vector<double> Variances(std::vector<double> sds, int exponent) {
-    for (double& sd : sds)
+std::vector<double> Variances(std::vector<double> sds, int exponent, const std::stop_token& stop) {
+    for (double& sd : Elements(sds, stop))
         sd = Square(std::max(std::ldexp(sd, -exponent), 0x1p-400));
     return sds;
 }
@@ -74,7 +76,7 @@ Objective Evaluate(const Points& points, Direction to) {
     const double cc = to.C * to.C, ss = to.S * to.S;
     std::vector<double> weight(n);
     Sum weights, sumX, sumY;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, points.Stop)) {
         weight[i] = 1.0 / (cc * points.VarY[i] + ss * points.VarX[i]);
         weights.Add(weight[i]);
         sumX.Add(weight[i] * points.X[i]);
@@ -82,7 +84,7 @@ Objective Evaluate(const Points& points, Direction to) {
     }
     const double sum = weights.Value(), meanX = sumX.Value() / sum, meanY = sumY.Value() / sum;
     Sum chi2, descent;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, points.Stop)) {
         const double u = points.X[i] - meanX, v = points.Y[i] - meanY;
         const double distance = to.C * v - to.S * u;
         const double share = weight[i] * to.C * points.VarY[i] * u + weight[i] * to.S * points.VarX[i] * v;
@@ -103,7 +105,7 @@ struct Node {
 /// constant factor, and the rest by a few fixed slopes.
 std::vector<Node> Nodes(const Points& points) {
     double lowest = 1.0, highest = 1.0;
-    for (std::size_t i = 0; i < points.X.size(); ++i) {
+    for (std::size_t i : Indices(points.X.size(), points.Stop)) {
         const double ratio = std::sqrt(points.VarY[i]) / std::sqrt(points.VarX[i]);
         lowest = i == 0 ? ratio : std::min(lowest, ratio);
         highest = i == 0 ? ratio : std::max(highest, ratio);
@@ -277,20 +279,21 @@ Solution Polish(const Points& points, const Node& found) {
 } // namespace
 
 LineFit FitLineXYErrors(std::span<const double> x, std::span<const double> y, std::span<const double> sdx,
-                        std::span<const double> sdy, double Tolerance) {
+                        std::span<const double> sdy, double Tolerance, const std::stop_token& stop) {
     const std::size_t n = std::min({x.size(), y.size(), sdx.size(), sdy.size()});
     LineFit fit;
     if (n < 2)
-        return FitLine(x.first(n), y.first(n));
-    const CentredSample cx = Centre(x.first(n)), cy = Centre(y.first(n));
+        return FitLine(x.first(n), y.first(n), stop);
+    const CentredSample cx = Centre(x.first(n), stop), cy = Centre(y.first(n), stop);
     Points points;
-    points.X = Deviations(cx, points.XExponent, points.WholeX);
-    points.Y = Deviations(cy, points.YExponent, points.WholeY);
-    const std::vector<double> sx = UsableSDs(sdx.first(n), points.XExponent);
-    const std::vector<double> sy = UsableSDs(sdy.first(n), points.YExponent);
-    points.SDExponent = std::max(ScaleExponent(sx), ScaleExponent(sy));
-    points.VarX = Variances(sx, points.SDExponent);
-    points.VarY = Variances(sy, points.SDExponent);
+    points.Stop = stop;
+    points.X = Deviations(cx, points.XExponent, points.WholeX, stop);
+    points.Y = Deviations(cy, points.YExponent, points.WholeY, stop);
+    const std::vector<double> sx = UsableSDs(sdx.first(n), points.XExponent, stop);
+    const std::vector<double> sy = UsableSDs(sdy.first(n), points.YExponent, stop);
+    points.SDExponent = std::max(ScaleExponent(sx, stop), ScaleExponent(sy, stop));
+    points.VarX = Variances(sx, points.SDExponent, stop);
+    points.VarY = Variances(sy, points.SDExponent, stop);
 
     const bool constantX = cx.SumSquares.High == 0.0;
     const Node found = constantX ? Node{} : LowestChi2(points, Tolerance);

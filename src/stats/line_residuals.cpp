@@ -4,10 +4,11 @@
 
 namespace corvane::stats {
 
-LineResiduals ResidualsOfLine(const Pairs& pairs, double a, double b) {
+LineResiduals ResidualsOfLine(const Pairs& pairs, double a, double b, const std::stop_token& stop) {
     LineResiduals result;
-    result.Exponent = pairs.CommonExponent();
-    const std::vector<double> x = Scaled(pairs.X, result.Exponent), y = Scaled(pairs.Y, result.Exponent);
+    result.Exponent = pairs.CommonExponent(stop);
+    const std::vector<double> x = Scaled(pairs.X, result.Exponent, stop),
+                              y = Scaled(pairs.Y, result.Exponent, stop);
     // The coefficients of a saturated line stay far enough from the limit for their sums.
     constexpr double limit = 0x1p1020;
     const double intercept = std::clamp(std::ldexp(Finite(a), -result.Exponent), -limit, limit);
@@ -16,7 +17,7 @@ LineResiduals ResidualsOfLine(const Pairs& pairs, double a, double b) {
     const DoubleDouble slopeExcess = TwoSum(slope, -1.0);
 
     result.Exact = true;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const DoubleDouble fitted = start + TwoProduct(slope, x[i]);
         const double residue = (DoubleDouble{y[i], 0.0} - fitted).High;
         const double noise = Epsilon * (std::fabs(y[i]) + std::fabs(intercept) + std::fabs(slope * x[i]));

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "stats/cancellation.h"
 #include "stats/pairs.h"
 
 namespace corvane::stats {
@@ -17,6 +18,6 @@ struct LineResiduals {
     bool Exact = false;          ///< no residual exceeds its noise
 };
 
-LineResiduals ResidualsOfLine(const Pairs& pairs, double a, double b);
+LineResiduals ResidualsOfLine(const Pairs& pairs, double a, double b, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "stats/pairs.h"
+#include "stats/sorting.h"
 
 // For a given slope b the best intercept is the median of r = y - b x, so that the fit is the minimum over b
 // of the convex, piecewise linear function g(b) = sum of |r - median r|. Its slope is the sum of x over the
@@ -42,10 +43,11 @@ struct Cell {
 /// The points of a fit, ascending in x and then y.
 class AbsoluteDeviations {
 public:
-    AbsoluteDeviations(const std::vector<double>& xs, std::vector<double> ys, std::vector<double> noises)
-        : x(xs), y(std::move(ys)), noise(std::move(noises)), r(x.size()), work(x.size()) {
+    AbsoluteDeviations(const std::vector<double>& xs, std::vector<double> ys, std::vector<double> noises,
+                       const std::stop_token& token)
+        : x(xs), y(std::move(ys)), noise(std::move(noises)), r(x.size()), work(x.size()), stop(token) {
         Sum sum;
-        for (double value : x) {
+        for (double value : Elements(x, stop)) {
             sum.Add(std::fabs(value));
             largestX = std::max(largestX, std::fabs(value));
         }
@@ -75,23 +77,32 @@ private:
     std::vector<double> y;
     std::vector<double> noise; ///< error of y
     std::vector<double> r, work;
+    const std::stop_token& stop;
     double largestX = 0.0;
     double zero = 0.0; ///< slopes of g up to here are 0: the rounding of sums of x
 };
 
 Cell AbsoluteDeviations::At(double b) {
     const std::size_t n = x.size();
-    for (std::size_t i = 0; i < n; ++i)
+    for (std::size_t i : Indices(n, stop))
         r[i] = y[i] - b * x[i];
     work = r;
-    const auto middle = work.begin() + static_cast<std::ptrdiff_t>((n - 1) / 2);
-    std::nth_element(work.begin(), middle, work.end());
+    const std::size_t middle = (n - 1) / 2;
+    Select(work, middle, stop);
     Cell cell;
     cell.b = b;
-    cell.MedianLow = *middle;
-    cell.MedianHigh = n % 2 != 0 ? *middle : *std::min_element(middle + 1, work.end());
+    cell.MedianLow = cell.MedianHigh = work[middle];
+    if (n % 2 == 0) {
+        const auto upper = std::span(work).subspan(middle + 1);
+        cell.MedianHigh = work[middle + 1];
+        for (double value : Elements(upper, stop))
+            cell.MedianHigh = std::min(cell.MedianHigh, value);
+    }
     const auto errorOf = [&](double value) {
-        return Error(static_cast<std::size_t>(std::find(r.begin(), r.end(), value) - r.begin()), b);
+        for (std::size_t i : Indices(n, stop))
+            if (r[i] == value)
+                return Error(i, b);
+        return 0.0;
     };
     const double errorLow = errorOf(cell.MedianLow), errorHigh = errorOf(cell.MedianHigh);
     const bool empty = cell.MedianHigh - cell.MedianLow > errorLow + errorHigh;
@@ -99,7 +110,7 @@ Cell AbsoluteDeviations::At(double b) {
     cell.Above.resize(n);
     Sum above, below;
     std::size_t countAbove = 0, countBelow = 0;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, stop)) {
         if (!empty) {
             const double error = Error(i, b);
             if (r[i] >= cell.MedianLow - errorLow - error && r[i] <= cell.MedianHigh + errorHigh + error) {
@@ -120,7 +131,7 @@ Cell AbsoluteDeviations::At(double b) {
     Sum left = below, right = below;
     left.Add(-above.Total());
     right.Add(-above.Total());
-    for (std::size_t k = 0; k < on; ++k) {
+    for (std::size_t k : Indices(on, stop)) {
         const double value = x[cell.OnLine[k]];
         if (k < lowered)
             left.Add(value);
@@ -140,7 +151,7 @@ Partition AbsoluteDeviations::Beside(const Cell& cell, Way way) const {
     Partition partition{cell.Above, std::nullopt};
     const std::size_t on = cell.OnLine.size();
     const std::size_t lowered = on - cell.Raised - (on > 0 ? (x.size() % 2) : 0);
-    for (std::size_t k = 0; k < on; ++k) {
+    for (std::size_t k : Indices(on, stop)) {
         const std::size_t i = cell.OnLine[way == Way::Right ? k : on - 1 - k];
         if (k < cell.Raised)
             partition.Above[i] = 1;
@@ -159,7 +170,7 @@ std::optional<double> AbsoluteDeviations::EndOfCell(const Partition& partition, 
     const double direction = way == Way::Right ? 1.0 : -1.0;
     const auto worstPair = [&](auto height) {
         std::optional<std::size_t> lowest, highest;
-        for (std::size_t i = 0; i < x.size(); ++i) {
+        for (std::size_t i : Indices(x.size(), stop)) {
             const bool pivot = partition.Pivot == i;
             if ((partition.Above[i] != 0 || pivot) && (!lowest || height(i) < height(*lowest)))
                 lowest = i;
@@ -273,30 +284,31 @@ AbsoluteDeviations::Line AbsoluteDeviations::Fit(double start, double step) {
 struct Point {
     double X;
     double Y;
-    friend bool operator<(const Point& p, const Point& q) { return p.X < q.X || (p.X == q.X && p.Y < q.Y); }
+    friend bool operator<(const Point& p, const Point& q) { return p.X == q.X ? p.Y < q.Y : p.X < q.X; }
 };
 
 } // namespace
 
-MedianFit FitMedian(std::span<const double> x, std::span<const double> y) {
+MedianFit FitMedian(std::span<const double> x, std::span<const double> y, const std::stop_token& stop) {
     const Pairs pairs(x, y);
     const std::size_t n = pairs.N;
     MedianFit fit;
     if (n == 0)
         return fit;
-    const int exponentX = ScaleExponent(pairs.X), exponentY = ScaleExponent(pairs.Y);
+    const int exponentX = ScaleExponent(pairs.X, stop), exponentY = ScaleExponent(pairs.Y, stop);
     std::vector<Point> points(n);
-    for (std::size_t i = 0; i < n; ++i)
+    for (std::size_t i : Indices(n, stop))
         points[i] = {std::ldexp(Finite(pairs.X[i]), -exponentX), std::ldexp(Finite(pairs.Y[i]), -exponentY)};
     // Everything below depends on the sorted points, and so not on the order of the rows.
-    std::sort(points.begin(), points.end());
+    Sort(std::span(points), stop, std::less<>());
 
     std::vector<double> sorted(n);
-    std::transform(points.begin(), points.end(), sorted.begin(), [](Point point) { return point.Y; });
-    const double centreX = points[n / 2].X, centreY = Median(sorted);
+    for (std::size_t i : Indices(n, stop))
+        sorted[i] = points[i].Y;
+    const double centreX = points[n / 2].X, centreY = Median(std::move(sorted), stop);
     std::vector<double> localX(n), localY(n);
     Sum sxx, sxy, absX;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, stop)) {
         localX[i] = points[i].X - centreX;
         localY[i] = points[i].Y - centreY;
         sxx.AddProduct(localX[i], localX[i]);
@@ -308,7 +320,7 @@ MedianFit FitMedian(std::span<const double> x, std::span<const double> y) {
     const bool constantX = points.front().X == points.back().X;
     std::vector<double> rest(n), noise(n);
     const auto residuals = [&] { // of the first line, to twice the digits
-        for (std::size_t i = 0; i < n; ++i) {
+        for (std::size_t i : Indices(n, stop)) {
             const DoubleDouble dx = TwoSum(points[i].X, -centreX), dy = TwoSum(points[i].Y, -centreY);
             const DoubleDouble line = DoubleDouble{first.b, 0.0} * dx + DoubleDouble{first.a, 0.0};
             rest[i] = (dy - line).High;
@@ -318,13 +330,13 @@ MedianFit FitMedian(std::span<const double> x, std::span<const double> y) {
     if (!constantX) {
         const double start = Ratio(sxy.Value(), sxx.Value());
         Sum absolute;
-        for (std::size_t i = 0; i < n; ++i)
+        for (std::size_t i : Indices(n, stop))
             absolute.Add(std::fabs(localY[i] - start * localX[i]));
         const double step = absolute.Value() / absX.Value() / std::sqrt(static_cast<double>(n));
-        first =
-            AbsoluteDeviations(localX, localY, noise).Fit(start, std::max(step, Epsilon * std::fabs(start)));
+        first = AbsoluteDeviations(localX, localY, noise, stop)
+                    .Fit(start, std::max(step, Epsilon * std::fabs(start)));
         residuals();
-        second = AbsoluteDeviations(localX, rest, noise).Fit(0.0, 0x1p-20 * step);
+        second = AbsoluteDeviations(localX, rest, noise, stop).Fit(0.0, 0x1p-20 * step);
     } else {
         residuals();
     }
@@ -333,7 +345,7 @@ MedianFit FitMedian(std::span<const double> x, std::span<const double> y) {
     const DoubleDouble a =
         DoubleDouble{centreY, 0.0} + TwoSum(first.a, second.a) - b * DoubleDouble{centreX, 0.0};
     Sum absolute, squares;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, stop)) {
         const double value = rest[i] - second.a - second.b * localX[i];
         if (std::fabs(value) <= noise[i])
             continue;

@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 struct MedianFit {
@@ -17,6 +19,6 @@ struct MedianFit {
 /// the slope in the middle of its slopes, and the middle of the intercepts at that slope: a function of the
 /// set of points, whatever their order. AbsDev and Chi2 belong to that line before a and b are rounded to
 /// doubles. Constant x gives b = 0, a = median(y); N = 1 the constant y, N = 0 all 0. Time O(N log N).
-MedianFit FitMedian(std::span<const double> x, std::span<const double> y);
+MedianFit FitMedian(std::span<const double> x, std::span<const double> y, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

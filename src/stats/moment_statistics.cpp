@@ -22,26 +22,27 @@ double AdjustedKurtosis(double n, double m2, double m4) {
 
 } // namespace
 
-MomentStatisticsResult MomentStatistics(std::span<const double> sample) {
+MomentStatisticsResult MomentStatistics(std::span<const double> sample, const std::stop_token& stop) {
     MomentStatisticsResult result;
     if (sample.empty())
         return result;
     const double n = static_cast<double>(sample.size());
-    const CentredSample centred = Centre(sample);
+    const CentredSample centred = Centre(sample, stop);
     const double variance = Ratio(centred.SumSquares.High, n - 1.0);
     result.Mean = Unscale(centred.Mean.High, centred.Exponent);
     result.Variance = Unscale(variance, 2 * centred.Exponent);
     result.SD = Unscale(std::sqrt(variance), centred.Exponent);
-    result.Min = ArrayMin(sample);
-    result.Max = ArrayMax(sample);
+    result.Min = ArrayMin(sample, stop);
+    result.Max = ArrayMax(sample, stop);
 
-    std::vector<double> values = Scaled(sample, centred.Exponent);
+    std::vector<double> values = Scaled(sample, centred.Exponent, stop);
     Sum absolute;
-    for (double value : values)
+    for (double value : Elements(values, stop))
         absolute.Add(std::fabs(value));
     result.AbsMean = Unscale(absolute.Value() / n, centred.Exponent);
-    std::transform(sample.begin(), sample.end(), values.begin(), Finite);
-    result.Median = Median(std::move(values));
+    for (std::size_t i : Indices(sample.size(), stop))
+        values[i] = Finite(sample[i]);
+    result.Median = Median(std::move(values), stop);
 
     if (variance > 0.0) {
         // In units of the power of two next to the SD, so that fourth powers stay in range beside a far
@@ -50,7 +51,7 @@ MomentStatisticsResult MomentStatistics(std::span<const double> sample) {
         std::frexp(std::sqrt(variance), &unit);
         const double scale = std::ldexp(1.0, -unit);
         Sum cubes, fourths;
-        for (const DoubleDouble& deviation : centred.Deviation) {
+        for (const DoubleDouble& deviation : Elements(centred.Deviation, stop)) {
             const double z = deviation.High * scale, square = z * z;
             cubes.AddProduct(square, z);
             fourths.AddProduct(square, square);

@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 struct MomentStatisticsResult {
@@ -23,6 +25,6 @@ struct MomentStatisticsResult {
 /// A constant sample has SD, Variance, Skewness and Kurtosis 0 exactly; Skewness is 0 below N = 3, Kurtosis
 /// below N = 4, SD and Variance below N = 2; N = 0 gives zeros. Results beyond the range of a double
 /// saturate.
-MomentStatisticsResult MomentStatistics(std::span<const double> sample);
+MomentStatisticsResult MomentStatistics(std::span<const double> sample, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "stats/distributions.h"
-#include "stats/order.h"
+#include "stats/sorting.h"
 #include "stats/sums.h"
 
 namespace corvane::stats {
@@ -24,11 +24,11 @@ double Polynomial(const std::array<double, Size>& coefficients, double x) {
 
 /// The upper half of the antisymmetric coefficients, the largest first. Their sum of squares is 1/2 up to
 /// rounding. The outer one or two are polynomials in 1 / sqrt(N), the others normal scores rescaled.
-std::vector<double> Coefficients(std::size_t count) {
+std::vector<double> Coefficients(std::size_t count, const std::stop_token& stop) {
     const double n = static_cast<double>(count);
     std::vector<double> a(count / 2);
     Sum squares;
-    for (std::size_t i = 0; i < a.size(); ++i) {
+    for (std::size_t i : Indices(a.size(), stop)) {
         a[i] = -InverseNormal((static_cast<double>(i) + 0.625) / (n + 0.25));
         squares.AddProduct(a[i], a[i]);
     }
@@ -44,8 +44,9 @@ std::vector<double> Coefficients(std::size_t count) {
         a[i] = coefficient;
     }
     const double factor = std::sqrt(share / rest);
-    for (std::size_t i = outer; i < a.size(); ++i)
-        a[i] *= factor;
+    const auto others = std::span(a).subspan(std::min(outer, a.size()));
+    for (double& coefficient : Elements(others, stop))
+        coefficient *= factor;
     return a;
 }
 
@@ -78,43 +79,43 @@ ShapiroWilkResult OfThree(const std::vector<double>& ordered) {
 
 } // namespace
 
-ShapiroWilkResult ShapiroWilk(std::span<const double> sample) {
+ShapiroWilkResult ShapiroWilk(std::span<const double> sample, const std::stop_token& stop) {
     ShapiroWilkResult result;
     const std::size_t count = sample.size();
     if (count < 3) {
         result.IFault = 1;
         return result;
     }
-    std::vector<double> x = Scaled(sample, ScaleExponent(sample));
-    SortUnlessSorted(x);
+    std::vector<double> x = Scaled(sample, ScaleExponent(sample, stop), stop);
+    Sort(x, stop);
     // From the smallest value on, in units of the range: the offset is gone before anything is squared.
     const double lowest = x.front(), range = x.back() - lowest;
     if (range == 0.0) {
         result.IFault = 6;
         return result;
     }
-    for (double& value : x)
+    for (double& value : Elements(x, stop))
         value = (value - lowest) / range;
     if (count == 3)
         return OfThree(x);
 
     const double n = static_cast<double>(count);
-    const std::vector<double> a = Coefficients(count);
+    const std::vector<double> a = Coefficients(count, stop);
     Sum sum, products, weights, squares, residuals;
-    for (double value : x)
+    for (double value : Elements(x, stop))
         sum.Add(value);
     const DoubleDouble mean = sum.Total() / DoubleDouble{n, 0.0};
-    for (double& value : x) {
+    for (double& value : Elements(x, stop)) {
         value = (value - mean.High) - mean.Low;
         squares.AddProduct(value, value);
     }
-    for (std::size_t i = 0; i < a.size(); ++i) {
+    for (std::size_t i : Indices(a.size(), stop)) {
         products.AddProduct(a[i], x[count - 1 - i] - x[i]);
         weights.AddProduct(a[i], a[i]);
     }
     // What the line slope a_i through the ordered sample leaves over.
     const double weight = 2.0 * weights.Value(), slope = products.Value() / weight;
-    for (std::size_t i = 0; i < a.size(); ++i) {
+    for (std::size_t i : Indices(a.size(), stop)) {
         const double below = x[i] + slope * a[i], above = x[count - 1 - i] - slope * a[i];
         residuals.AddProduct(below, below);
         residuals.AddProduct(above, above);

@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 struct ShapiroWilkResult {
@@ -16,6 +18,6 @@ struct ShapiroWilkResult {
 /// The squared correlation W of the ordered sample and its coefficients does not depend on unit, offset and
 /// row order. 1 - W, on which P rests, is summed from the residuals of that correlation.
 /// Fewer than 3 values or no spread: W = 0, P = 1.
-ShapiroWilkResult ShapiroWilk(std::span<const double> sample);
+ShapiroWilkResult ShapiroWilk(std::span<const double> sample, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -6,10 +6,11 @@
 
 namespace corvane::stats {
 
-PairSummary PairStatistics(std::span<const double> x, std::span<const double> y) {
+PairSummary PairStatistics(std::span<const double> x, std::span<const double> y,
+                           const std::stop_token& stop) {
     const Pairs pairs(x, y);
     const double divisor = pairs.Count() - 1.0;
-    const CentredSample cx = Centre(pairs.X), cy = Centre(pairs.Y);
+    const CentredSample cx = Centre(pairs.X, stop), cy = Centre(pairs.Y, stop);
     PairSummary result;
     result.MeanX = Unscale(cx.Mean.High, cx.Exponent);
     result.MeanY = Unscale(cy.Mean.High, cy.Exponent);
@@ -22,14 +23,14 @@ PairSummary PairStatistics(std::span<const double> x, std::span<const double> y)
     };
     put(cx.SumSquares.High, cx.Exponent, result.VarX, result.SDX);
     put(cy.SumSquares.High, cy.Exponent, result.VarY, result.SDY);
-    result.CovXY =
-        Unscale(Ratio(SumProducts(cx.Deviation, cy.Deviation).High, divisor), cx.Exponent + cy.Exponent);
+    result.CovXY = Unscale(Ratio(SumProducts(cx.Deviation, cy.Deviation, stop).High, divisor),
+                           cx.Exponent + cy.Exponent);
 
-    const int exponent = pairs.CommonExponent();
+    const int exponent = pairs.CommonExponent(stop);
     const double scaleX = std::ldexp(1.0, cx.Exponent - exponent),
                  scaleY = std::ldexp(1.0, cy.Exponent - exponent);
     Sum squares;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const double deviation =
             (cx.Deviation[i] * DoubleDouble{scaleX, 0.0} - cy.Deviation[i] * DoubleDouble{scaleY, 0.0}).High;
         squares.AddProduct(deviation, deviation);

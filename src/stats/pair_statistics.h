@@ -2,6 +2,8 @@
 
 #include <span>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 struct PairSummary {
@@ -20,7 +22,8 @@ struct PairSummary {
 /// Means, sample variances and sample covariance (divisor N - 1) of N pairs and of their differences X - Y.
 /// Samples of unequal length: the pairs of the shorter. N < 2 gives variances 0, N = 0 all 0.
 /// Results beyond the range of a double saturate at its largest value.
-PairSummary PairStatistics(std::span<const double> x, std::span<const double> y);
+PairSummary PairStatistics(std::span<const double> x, std::span<const double> y,
+                           const std::stop_token& stop = {});
 
 /// The mean of x - y over the pairs, by the sum of the differences: 0 exactly where two equal means, each
 /// rounded, might differ. N = 0 gives 0.

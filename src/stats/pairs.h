@@ -19,10 +19,10 @@ struct Pairs {
     double Count() const { return static_cast<double>(N); }
 
     /// One exponent for both samples, of which differences can be taken.
-    int CommonExponent() const {
+    int CommonExponent(const std::stop_token& stop = {}) const {
         if (N == 0)
             return 0;
-        return std::max(ScaleExponent(X), ScaleExponent(Y));
+        return std::max(ScaleExponent(X, stop), ScaleExponent(Y, stop));
     }
 };
 

@@ -7,12 +7,12 @@
 
 namespace corvane::stats {
 
-AbsoluteSum::AbsoluteSum(std::span<const double> b) : sample(b) {
+AbsoluteSum::AbsoluteSum(std::span<const double> b, const std::stop_token& stop) : sample(b) {
     if (b.empty())
         return;
     origin = b[b.size() / 2];
     Sum sum;
-    for (double value : b)
+    for (double value : Elements(b, stop))
         sum.Add(value - origin);
     total = sum.Value();
 }
@@ -29,12 +29,13 @@ double AbsoluteSum::At(double a) {
     return (a - origin) * (left - right) + (total - 2.0 * part);
 }
 
-WindowSum::WindowSum(std::span<const double> b, double windowWidth) : sample(b), width(windowWidth) {
+WindowSum::WindowSum(std::span<const double> b, double windowWidth, const std::stop_token& stop)
+    : sample(b), width(windowWidth) {
     prefixes.reserve(b.size());
     blocks.reserve(b.size());
     Sum first, second;
     double origin = 0.0;
-    for (std::size_t j = 0; j < b.size(); ++j) {
+    for (std::size_t j : Indices(b.size(), stop)) {
         if (j == 0 || b[j] - origin >= width) {
             blockStarts.push_back(static_cast<std::uint32_t>(j));
             origin = b[j];

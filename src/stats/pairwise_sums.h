@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "stats/cancellation.h"
+
 /// Sums over all pairs of two ascending samples in linear time: both classes walk along sample b while the
 /// caller walks along sample a, so At() wants arguments that never fall.
 namespace corvane::stats {
@@ -14,7 +16,7 @@ namespace corvane::stats {
 class AbsoluteSum {
 public:
     /// b is ascending and outlives the object.
-    explicit AbsoluteSum(std::span<const double> b);
+    explicit AbsoluteSum(std::span<const double> b, const std::stop_token& stop = {});
     double At(double a);
 
 private:
@@ -38,7 +40,7 @@ struct WindowMoments {
 class WindowSum {
 public:
     /// b is ascending and outlives the object; width > 0.
-    WindowSum(std::span<const double> b, double width);
+    WindowSum(std::span<const double> b, double width, const std::stop_token& stop = {});
     WindowMoments At(double a);
 
 private:

@@ -120,8 +120,8 @@ struct Side {
             return {&cell.Centre, Tree.Weights(index), &AtPoints[index * Order], 1};
         return {&Tree.Sample()[cell.First], Ones.data(), &Sums[cell.First], cell.Count};
     }
-    std::vector<double> Finish() {
-        Tree.Evaluate(AtPoints, Sums);
+    std::vector<double> Finish(const std::stop_token& stop) {
+        Tree.Evaluate(AtPoints, Sums, stop);
         return std::move(Sums);
     }
 };
@@ -131,6 +131,8 @@ struct Summation {
     Kernel Function;
     double Cap;
     Side A, B;
+    const std::stop_token& Stop;
+    Looks PairLooks{Stop};
 
     void AddFar(std::size_t a, std::size_t b) {
         // Places are from the centre of b: the distance of two centres has no rounding error to speak of,
@@ -143,6 +145,9 @@ struct Summation {
     void Add(std::size_t a, std::size_t b) {
         const PowerTree::Cell &cellA = A.Tree.Cells()[a], &cellB = B.Tree.Cells()[b];
         const double distance = std::fabs(cellA.Centre - cellB.Centre), width = cellA.Radius + cellB.Radius;
+        constexpr std::uint32_t leaf = PowerTree::LeafSize; // one value however often is one point
+        const bool leaves = cellA.Leaf() && cellB.Leaf();
+        PairLooks.Handled(leaves ? std::min(cellA.Count, leaf) * std::min(cellB.Count, leaf) : Order * Order);
         if (distance - width >= Cap)
             return;
         if (width == 0.0 || (distance + width <= Cap && Separated(cellA, cellB)))
@@ -160,19 +165,22 @@ struct Summation {
 
     PowerSumsResult Run() {
         Add(0, 0);
-        return {A.Finish(), B.Finish()};
+        return {A.Finish(Stop), B.Finish(Stop)};
     }
 };
 
 } // namespace
 
-PowerSumsResult PowerSums(const PowerTree& a, const PowerTree& b, const PowerKernel& kernel) {
+PowerSumsResult PowerSums(const PowerTree& a, const PowerTree& b, const PowerKernel& kernel,
+                          const std::stop_token& stop) {
     if (a.Sample().empty() || b.Sample().empty())
         return {std::vector<double>(a.Sample().size()), std::vector<double>(b.Sample().size())};
     const double offset = kernel.Capped() ? kernel(kernel.Cap) : 0.0;
     if (kernel.Power == 1.5)
-        return Summation<OneAndAHalf>{{kernel.Cap, kernel.Unit, offset}, kernel.Cap, Side(a), Side(b)}.Run();
-    return Summation<AnyPower>{{kernel.Cap, kernel.Unit, offset, kernel.Power}, kernel.Cap, Side(a), Side(b)}
+        return Summation<OneAndAHalf>{{kernel.Cap, kernel.Unit, offset}, kernel.Cap, Side(a), Side(b), stop}
+            .Run();
+    return Summation<AnyPower>{
+        {kernel.Cap, kernel.Unit, offset, kernel.Power}, kernel.Cap, Side(a), Side(b), stop}
         .Run();
 }
 
@@ -180,12 +188,13 @@ bool FarApart(const PowerTree& a, const PowerTree& b) {
     return !a.Sample().empty() && !b.Sample().empty() && Separated(a.Root(), b.Root());
 }
 
-PowerSumsResult PowerSumsBeyondTangent(const PowerTree& a, const PowerTree& b, double power) {
+PowerSumsResult PowerSumsBeyondTangent(const PowerTree& a, const PowerTree& b, double power,
+                                       const std::stop_token& stop) {
     const double distance = a.Root().Centre - b.Root().Centre;
     Side sideA(a), sideB(b);
     PerPoint placesA, placesB;
     AddPairs(BeyondTangent{{power, distance}}, sideA.Far(0, 0.0, placesA), sideB.Far(0, 0.0, placesB));
-    return {sideA.Finish(), sideB.Finish()};
+    return {sideA.Finish(stop), sideB.Finish(stop)};
 }
 
 } // namespace corvane::stats

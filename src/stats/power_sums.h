@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "stats/cancellation.h"
 #include "stats/power_kernels.h"
 #include "stats/power_tree.h"
 
@@ -17,12 +18,14 @@ struct PowerSumsResult {
 
 /// Sums of (min(|a - b|, Cap) Unit)^Power - (Cap Unit)^Power; without a cap of (|a - b| Unit)^Power.
 /// Relative error about 1e-13 of the largest sums. An empty sample has no sums.
-PowerSumsResult PowerSums(const PowerTree& a, const PowerTree& b, const PowerKernel& kernel);
+PowerSumsResult PowerSums(const PowerTree& a, const PowerTree& b, const PowerKernel& kernel,
+                          const std::stop_token& stop = {});
 
 /// Whether two samples lie so far apart, for their width, that PowerSumsBeyondTangent can be used.
 bool FarApart(const PowerTree& a, const PowerTree& b);
 
 /// Sums over the pairs of two samples far apart, the pivot the distance of the centres of their ranges.
-PowerSumsResult PowerSumsBeyondTangent(const PowerTree& a, const PowerTree& b, double power);
+PowerSumsResult PowerSumsBeyondTangent(const PowerTree& a, const PowerTree& b, double power,
+                                       const std::stop_token& stop = {});
 
 } // namespace corvane::stats

@@ -90,15 +90,17 @@ const PerPoint& PowerTree::ChebyshevPoints() {
     return Chebyshev().Points;
 }
 
-PowerTree::PowerTree(std::span<const double> sample) : values(sample) {
+PowerTree::PowerTree(std::span<const double> sample, const std::stop_token& stop) : values(sample) {
     if (sample.empty())
         return;
-    Build(0, sample.size());
+    Looks looks(stop);
+    Build(0, sample.size(), looks);
     weights.resize(cells.size() * Order);
-    GatherWeights();
+    GatherWeights(looks);
 }
 
-std::uint32_t PowerTree::Build(std::size_t first, std::size_t count) {
+std::uint32_t PowerTree::Build(std::size_t first, std::size_t count, Looks& looks) {
+    looks.Handled(1);
     const double low = values[first], high = values[first + count - 1];
     const double centre = low + 0.5 * (high - low);
     const std::size_t index = cells.size();
@@ -111,18 +113,19 @@ std::uint32_t PowerTree::Build(std::size_t first, std::size_t count) {
         const auto middle =
             centre < high ? std::upper_bound(begin, end, centre) : std::lower_bound(begin, end, high);
         const std::size_t left = static_cast<std::size_t>(middle - begin);
-        const std::uint32_t leftCell = Build(first, left);
-        const std::uint32_t rightCell = Build(first + left, count - left);
+        const std::uint32_t leftCell = Build(first, left, looks);
+        const std::uint32_t rightCell = Build(first + left, count - left, looks);
         cells[index].Left = leftCell;
         cells[index].Right = rightCell;
     }
     return static_cast<std::uint32_t>(index);
 }
 
-void PowerTree::GatherWeights() {
+void PowerTree::GatherWeights(Looks& looks) {
     const ChebyshevTable& table = Chebyshev();
     for (std::size_t index = cells.size(); index-- > 0;) { // halves come after the whole
         const Cell& cell = cells[index];
+        looks.Handled(LeafSize); // or the points of two halves
         double* own = &weights[index * Order];
         if (cell.Radius == 0.0) {
             own[0] = static_cast<double>(cell.Count);
@@ -157,14 +160,18 @@ void PowerTree::GatherWeights() {
     }
 }
 
-void PowerTree::Evaluate(std::vector<double>& atPoints, std::span<double> sums) const {
+void PowerTree::Evaluate(std::vector<double>& atPoints, std::span<double> sums,
+                         const std::stop_token& stop) const {
     const ChebyshevTable& table = Chebyshev();
+    Looks looks(stop);
     for (std::size_t index = 0; index < cells.size(); ++index) {
         const Cell& cell = cells[index];
+        looks.Handled(LeafSize);
         const double* own = &atPoints[index * Order];
         if (cell.Radius == 0.0) {
-            for (std::size_t i = cell.First; i < cell.First + cell.Count; ++i)
-                sums[i] += own[0];
+            const std::span<double> equal = sums.subspan(cell.First, cell.Count);
+            for (double& sum : Elements(equal, stop))
+                sum += own[0];
             continue;
         }
         PerPoint coefficients{};

@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// An ascending sample halved into intervals until an interval holds a few dozen values, or one value however
@@ -29,7 +31,7 @@ public:
     };
 
     /// `sample` is ascending, finite and outlives the tree.
-    explicit PowerTree(std::span<const double> sample);
+    explicit PowerTree(std::span<const double> sample, const std::stop_token& stop = {});
 
     std::span<const double> Sample() const { return values; }
     const std::vector<Cell>& Cells() const { return cells; }
@@ -43,11 +45,12 @@ public:
 
     /// The values of a function at the sample, added to `sums`, from what it is made of: its values at the
     /// points of all intervals, `Order` for each.
-    void Evaluate(std::vector<double>& atPoints, std::span<double> sums) const;
+    void Evaluate(std::vector<double>& atPoints, std::span<double> sums,
+                  const std::stop_token& stop = {}) const;
 
 private:
-    std::uint32_t Build(std::size_t first, std::size_t count);
-    void GatherWeights();
+    std::uint32_t Build(std::size_t first, std::size_t count, Looks& looks);
+    void GatherWeights(Looks& looks);
 
     std::span<const double> values;
     std::vector<Cell> cells;

@@ -6,50 +6,54 @@
 
 #include "stats/distributions.h"
 #include "stats/pairs.h"
+#include "stats/sorting.h"
 
 namespace corvane::stats {
 
 namespace {
 
-std::vector<double> MeanRanks(std::span<const double> sample, bool inverted) {
+std::vector<double> MeanRanks(std::span<const double> sample, bool inverted, const std::stop_token& stop) {
     struct Item {
         double Value;
         std::size_t Row;
     };
     std::vector<Item> items(sample.size());
-    for (std::size_t row = 0; row < items.size(); ++row)
+    for (std::size_t row : Indices(items.size(), stop))
         items[row] = {Finite(sample[row]), row};
     // The value goes along with its row, so that the sort does not jump about in the sample.
-    std::sort(items.begin(), items.end(), [](const Item& a, const Item& b) { return a.Value < b.Value; });
+    Sort(std::span(items), stop, [](const Item& a, const Item& b) { return a.Value < b.Value; });
 
     std::vector<double> ranks(items.size());
     const double last = static_cast<double>(items.size()) + 1.0;
+    Looks looks(stop);
     for (std::size_t first = 0, end = 0; first < items.size(); first = end) {
-        while (end < items.size() && items[end].Value == items[first].Value)
-            ++end;
+        for (; end < items.size() && items[end].Value == items[first].Value; ++end)
+            looks.Handled(1);
         const double rank = 0.5 * static_cast<double>(first + 1 + end);
-        for (std::size_t i = first; i < end; ++i)
+        for (std::size_t i = first; i < end; ++i) {
             ranks[items[i].Row] = inverted ? last - rank : rank;
+            looks.Handled(1);
+        }
     }
     return ranks;
 }
 
 } // namespace
 
-SpearmanResult SpearmanRank(std::span<const double> x, std::span<const double> y, bool InvertX,
-                            bool InvertY) {
+SpearmanResult SpearmanRank(std::span<const double> x, std::span<const double> y, bool InvertX, bool InvertY,
+                            const std::stop_token& stop) {
     const Pairs pairs(x, y);
     const double n = pairs.Count();
     SpearmanResult result;
-    result.RankX = MeanRanks(pairs.X, InvertX);
-    result.RankY = MeanRanks(pairs.Y, InvertY);
+    result.RankX = MeanRanks(pairs.X, InvertX, stop);
+    result.RankY = MeanRanks(pairs.Y, InvertY, stop);
     result.Order.resize(pairs.N);
     std::iota(result.Order.begin(), result.Order.end(), 1.0);
 
     // Twice the ranks about their mean are whole numbers: their products are exact, and 1 - rs^2 keeps its
     // digits.
     Sum sumXX, sumYY, sumXY, sumDD;
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const double u = 2.0 * result.RankX[i] - (n + 1.0), v = 2.0 * result.RankY[i] - (n + 1.0);
         sumXX.AddProduct(u, u);
         sumYY.AddProduct(v, v);

@@ -3,6 +3,8 @@
 #include <span>
 #include <vector>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 struct SpearmanResult {
@@ -23,6 +25,6 @@ struct SpearmanResult {
 /// rs = 1 or -1, T saturated, P2 = 0, but T = 0 and P2 = 1 at N = 2. A constant sample, or N < 2: rs = Z = T
 /// = 0, P = P2 = 1. Of unequal lengths the shorter counts.
 SpearmanResult SpearmanRank(std::span<const double> x, std::span<const double> y, bool InvertX = false,
-                            bool InvertY = false);
+                            bool InvertY = false, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

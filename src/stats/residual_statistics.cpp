@@ -6,6 +6,7 @@
 #include "stats/distributions.h"
 #include "stats/line_residuals.h"
 #include "stats/order.h"
+#include "stats/sorting.h"
 
 namespace corvane::stats {
 
@@ -17,15 +18,15 @@ struct Leverages {
 };
 
 /// Taken to twice the digits, since a pair far out has a leverage of almost 1.
-Leverages LeveragesOf(const Pairs& pairs) {
-    const CentredSample x = Centre(pairs.X);
+Leverages LeveragesOf(const Pairs& pairs, const std::stop_token& stop) {
+    const CentredSample x = Centre(pairs.X, stop);
     const DoubleDouble one{1.0, 0.0};
     const DoubleDouble equal = one / DoubleDouble{pairs.Count(), 0.0};
     const DoubleDouble inverse = x.SumSquares.High > 0.0 ? one / x.SumSquares : DoubleDouble{};
     Leverages result;
     result.H.reserve(x.Deviation.size());
     result.Complement.reserve(x.Deviation.size());
-    for (const DoubleDouble& deviation : x.Deviation) {
+    for (const DoubleDouble& deviation : Elements(x.Deviation, stop)) {
         const DoubleDouble h = equal + deviation * deviation * inverse;
         const double complement = (one - h).High;
         result.H.push_back(h.High);
@@ -35,21 +36,25 @@ Leverages LeveragesOf(const Pairs& pairs) {
 }
 
 /// Ranks from 1 in row order, equal values at their mean rank. Values count as equal up to the tolerance.
-std::vector<double> MeanRanks(const std::vector<double>& values, double tolerance) {
+std::vector<double> MeanRanks(const std::vector<double>& values, double tolerance,
+                              const std::stop_token& stop) {
     struct Place {
         double Value;
         std::size_t Row;
     };
     std::vector<Place> order(values.size());
-    for (std::size_t i = 0; i < order.size(); ++i)
+    for (std::size_t i : Indices(order.size(), stop))
         order[i] = {values[i], i};
-    std::sort(order.begin(), order.end(), [](const Place& p, const Place& q) { return p.Value < q.Value; });
+    Sort(std::span(order), stop, [](const Place& p, const Place& q) { return p.Value < q.Value; });
     std::vector<double> ranks(values.size());
+    Looks looks(stop);
     for (std::size_t first = 0, last = 0; first < order.size(); first = last) {
-        while (last < order.size() && order[last].Value - order[first].Value <= tolerance)
-            ++last;
-        for (std::size_t i = first; i < last; ++i)
+        for (; last < order.size() && order[last].Value - order[first].Value <= tolerance; ++last)
+            looks.Handled(1);
+        for (std::size_t i = first; i < last; ++i) {
             ranks[order[i].Row] = 0.5 * static_cast<double>(first + last + 1);
+            looks.Handled(1);
+        }
     }
     return ranks;
 }
@@ -57,19 +62,19 @@ std::vector<double> MeanRanks(const std::vector<double>& values, double toleranc
 } // namespace
 
 Residuals ResidualStatistics(double a, double b, std::span<const double> x, std::span<const double> y,
-                             double VarX, double MeanX, double MeanY) {
+                             double VarX, double MeanX, double MeanY, const std::stop_token& stop) {
     // Taken from the sample itself: leverages near 1 need more digits of it than a double has.
     (void)VarX, (void)MeanX, (void)MeanY;
     const Pairs pairs(x, y);
     const double n = pairs.Count();
-    const LineResiduals line = ResidualsOfLine(pairs, a, b);
-    const int own = ScaleExponent(line.Residue), exponent = line.Exponent + own;
-    const std::vector<double> residue = Scaled(line.Residue, own);
-    const Leverages leverages = LeveragesOf(pairs);
+    const LineResiduals line = ResidualsOfLine(pairs, a, b, stop);
+    const int own = ScaleExponent(line.Residue, stop), exponent = line.Exponent + own;
+    const std::vector<double> residue = Scaled(line.Residue, own, stop);
+    const Leverages leverages = LeveragesOf(pairs, stop);
 
     Sum sse;
     double largest = 0.0;
-    for (double e : residue) {
+    for (double e : Elements(residue, stop)) {
         sse.AddProduct(e, e);
         largest = std::max(largest, std::fabs(e));
     }
@@ -78,13 +83,12 @@ Residuals ResidualStatistics(double a, double b, std::span<const double> x, std:
     Residuals result;
     result.MSE = Unscale(mse, 2 * exponent);
     result.RootMSE = Unscale(rootMse, exponent);
-    for (std::vector<double>* column :
-         {&result.Deviation, &result.Fitted, &result.Residue, &result.SERes, &result.StdtRes,
-          &result.RStdtRes, &result.Leverage, &result.CookD, &result.DFFITS, &result.NormRes, &result.PRESS,
-          &result.SemiStdtR, &result.WtDev})
+    for (std::vector<double>* column : {&result.Deviation, &result.Fitted, &result.Residue, &result.SERes,
+                                        &result.StdtRes, &result.RStdtRes, &result.Leverage, &result.CookD,
+                                        &result.DFFITS, &result.PRESS, &result.SemiStdtR, &result.WtDev})
         column->reserve(pairs.N);
 
-    for (std::size_t i = 0; i < pairs.N; ++i) {
+    for (std::size_t i : Indices(pairs.N, stop)) {
         const double rest = leverages.Complement[i], h = leverages.H[i];
         const double e = rest == 0.0 && std::fabs(line.Residue[i]) <= line.Noise[i] ? 0.0 : residue[i];
         const double standardError = rootMse * std::sqrt(rest);
@@ -110,26 +114,27 @@ Residuals ResidualStatistics(double a, double b, std::span<const double> x, std:
     // A residual has taken the rounding of b times X, so residuals that close are one value.
     double range = 0.0;
     if (pairs.N > 0) {
-        range = std::ldexp(ArrayMax(pairs.X), -exponent) - std::ldexp(ArrayMin(pairs.X), -exponent);
+        range =
+            std::ldexp(ArrayMax(pairs.X, stop), -exponent) - std::ldexp(ArrayMin(pairs.X, stop), -exponent);
     }
     const double tolerance = 2.0 * Epsilon * Finite(largest + std::fabs(b) * range);
-    for (double rank : MeanRanks(residue, tolerance))
-        result.NormRes.push_back(0.0 +
-                                 Unscale(rootMse * InverseNormal((rank - 0.375) / (n + 0.25)), exponent));
+    result.NormRes = MeanRanks(residue, tolerance, stop);
+    for (double& rank : Elements(result.NormRes, stop))
+        rank = 0.0 + Unscale(rootMse * InverseNormal((rank - 0.375) / (n + 0.25)), exponent);
 
     const int common = line.Exponent;
-    const std::vector<double> sx = Scaled(pairs.X, common), sy = Scaled(pairs.Y, common);
+    const std::vector<double> sx = Scaled(pairs.X, common, stop), sy = Scaled(pairs.Y, common, stop);
     std::vector<double> deviation;
     deviation.reserve(pairs.N);
-    for (std::size_t i = 0; i < pairs.N; ++i)
+    for (std::size_t i : Indices(pairs.N, stop))
         deviation.push_back(sy[i] - sx[i]);
-    const int deviationScale = ScaleExponent(deviation);
+    const int deviationScale = ScaleExponent(deviation, stop);
     Sum total;
-    for (double& d : deviation) {
+    for (double& d : Elements(deviation, stop)) {
         d = std::ldexp(d, -deviationScale);
         total.AddProduct(d, d);
     }
-    for (double d : deviation) {
+    for (double d : Elements(deviation, stop)) {
         result.Deviation.push_back(Unscale(d, common + deviationScale));
         result.WtDev.push_back(Ratio(d * std::fabs(d), total.Value()));
     }

@@ -3,6 +3,8 @@
 #include <span>
 #include <vector>
 
+#include "stats/cancellation.h"
+
 namespace corvane::stats {
 
 /// Residuals of a line and their diagnostics, one element a pair, in row order.
@@ -34,6 +36,6 @@ struct Residuals {
 /// and saturated where t^2 reaches N - 2. N < 3: MSE 0. Constant X: leverage 1/N. The arrays always have N
 /// elements.
 Residuals ResidualStatistics(double a, double b, std::span<const double> x, std::span<const double> y,
-                             double VarX, double MeanX, double MeanY);
+                             double VarX, double MeanX, double MeanY, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

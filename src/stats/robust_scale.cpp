@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "stats/order.h"
+#include "stats/sorting.h"
 #include "stats/sums.h"
 
 namespace corvane::stats {
@@ -19,11 +20,12 @@ struct SortedSample {
     std::vector<double> Value;
     int Exponent = 0; ///< the unit is 2^Exponent
 
-    explicit SortedSample(std::span<const double> sample) : Value(SortedFinite(sample)) {
+    SortedSample(std::span<const double> sample, const std::stop_token& stop)
+        : Value(SortedFinite(sample, stop)) {
         if (Value.empty() || Value.back() - Value.front() <= Largest)
             return;
         Exponent = 2;
-        for (double& value : Value)
+        for (double& value : Elements(Value, stop))
             value *= 0.25;
     }
 };
@@ -55,10 +57,10 @@ struct Within {
     double Beyond = std::numeric_limits<double>::infinity(); ///< the smallest of the others
 };
 
-Within CountWithin(const std::vector<double>& x, double bound) {
+Within CountWithin(const std::vector<double>& x, double bound, const std::stop_token& stop) {
     Within within;
     std::size_t j = 0;
-    for (std::size_t i = 1; i < x.size(); ++i) {
+    for (std::size_t i : Indices(x.size(), stop)) {
         while (x[i] - x[j] > bound)
             ++j;
         within.Count += i - j;
@@ -71,15 +73,17 @@ Within CountWithin(const std::vector<double>& x, double bound) {
 
 /// The differences in (low, high].
 std::vector<double> DifferencesBetween(const std::vector<double>& x, double low, double high,
-                                       std::uint64_t count) {
+                                       std::uint64_t count, const std::stop_token& stop) {
     std::vector<double> differences;
     differences.reserve(count);
     std::size_t first = 0, last = 0;
+    Looks looks(stop);
     for (std::size_t i = 1; i < x.size(); ++i) {
         while (x[i] - x[first] > high)
             ++first;
         while (x[i] - x[last] > low)
             ++last;
+        looks.Handled(last - first + 1);
         for (std::size_t j = first; j < last; ++j)
             differences.push_back(x[i] - x[j]);
     }
@@ -97,9 +101,9 @@ double Halfway(double low, double high) {
 /// than the sample has values, which are then selected from directly, or one value however often. Of three
 /// steps two interpolate the count, the second of them to twice the distance so as to land beyond; the third
 /// halves the bracket whatever the data.
-double SelectDifference(const std::vector<double>& x, std::uint64_t wanted) {
+double SelectDifference(const std::vector<double>& x, std::uint64_t wanted, const std::stop_token& stop) {
     const std::uint64_t n = x.size();
-    const Within none = CountWithin(x, 0.0);
+    const Within none = CountWithin(x, 0.0, stop);
     if (none.Count >= wanted)
         return 0.0;
     double low = 0.0, high = x.back() - x.front(), first = none.Beyond;
@@ -109,7 +113,7 @@ double SelectDifference(const std::vector<double>& x, std::uint64_t wanted) {
     for (int step = 0; within - below > n && first < high; ++step) {
         if (!(next >= first && next < high))
             next = Halfway(first, high);
-        const Within at = CountWithin(x, next);
+        const Within at = CountWithin(x, next, stop);
         if (at.Count < wanted) {
             low = next;
             first = at.Beyond;
@@ -129,42 +133,42 @@ double SelectDifference(const std::vector<double>& x, std::uint64_t wanted) {
     }
     if (first >= high)
         return high;
-    std::vector<double> rest = DifferencesBetween(x, low, high, within - below);
-    const auto selected = rest.begin() + static_cast<std::ptrdiff_t>(wanted - below - 1);
-    std::nth_element(rest.begin(), selected, rest.end());
-    return *selected;
+    std::vector<double> rest = DifferencesBetween(x, low, high, within - below, stop);
+    Select(rest, wanted - below - 1, stop);
+    return rest[wanted - below - 1];
 }
 
 } // namespace
 
-double RobustSn(std::span<const double> sample) {
+double RobustSn(std::span<const double> sample, const std::stop_token& stop) {
     const std::size_t n = sample.size();
     if (n < 2)
         return 0.0;
-    const SortedSample sorted(sample);
+    const SortedSample sorted(sample, stop);
     const std::vector<double>& x = sorted.Value;
     // The k nearest of x_i, itself among them, are k neighbours in the order: of the windows of k the one
     // whose farther end is nearest. Its start only moves up with i.
     const std::size_t k = n / 2 + 1;
     std::vector<double> medians(n);
     std::size_t start = 0;
-    for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t i : Indices(n, stop)) {
         while (start + k < n && x[start + k] - x[i] < x[i] - x[start])
             ++start;
         medians[i] = std::max(x[i] - x[start], x[start + k - 1] - x[i]);
     }
-    const auto middle = medians.begin() + static_cast<std::ptrdiff_t>((n + 1) / 2 - 1);
-    std::nth_element(medians.begin(), middle, medians.end());
-    return Unscale(FactorSn(n) * 1.1926 * *middle, sorted.Exponent);
+    const std::size_t middle = (n + 1) / 2 - 1;
+    Select(medians, middle, stop);
+    return Unscale(FactorSn(n) * 1.1926 * medians[middle], sorted.Exponent);
 }
 
-double RobustQn(std::span<const double> sample) {
+double RobustQn(std::span<const double> sample, const std::stop_token& stop) {
     const std::size_t n = sample.size();
     if (n < 2)
         return 0.0;
-    const SortedSample sorted(sample);
+    const SortedSample sorted(sample, stop);
     const std::uint64_t h = n / 2 + 1;
-    return Unscale(FactorQn(n) * 2.21914 * SelectDifference(sorted.Value, h * (h - 1) / 2), sorted.Exponent);
+    return Unscale(FactorQn(n) * 2.21914 * SelectDifference(sorted.Value, h * (h - 1) / 2, stop),
+                   sorted.Exponent);
 }
 
 } // namespace corvane::stats

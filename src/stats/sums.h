@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+#include "stats/cancellation.h"
+
 /// The arithmetic under the statistics: sums that keep their digits, powers of two that keep them in range,
 /// and one rule for quotients without a value.
 namespace corvane::stats {
@@ -108,7 +110,7 @@ private:
 
 /// The exponent e that brings the sample into (-1, 1): the largest |value| is in [2^(e-1), 2^e). 0 for a
 /// sample of zeros. Scaling by 2^-e is exact, and squares and products no longer leave the range of a double.
-int ScaleExponent(std::span<const double> sample);
+int ScaleExponent(std::span<const double> sample, const std::stop_token& stop = {});
 
 /// value 2^exponent, saturated.
 double Unscale(double value, int exponent);
@@ -119,7 +121,7 @@ inline DoubleDouble Shifted(DoubleDouble value, int exponent) {
 }
 
 /// The sample times 2^-exponent; what is not finite is made so first.
-std::vector<double> Scaled(std::span<const double> sample, int exponent);
+std::vector<double> Scaled(std::span<const double> sample, int exponent, const std::stop_token& stop = {});
 
 /// A sample about its mean, in units of 2^Exponent. Mean and deviations have twice the digits of a double, so
 /// that neither an offset nor points on a straight line leave rounding noise behind.
@@ -130,13 +132,14 @@ struct CentredSample {
     DoubleDouble SumSquares; ///< of the deviations; 0 exactly for a constant sample
 };
 
-CentredSample Centre(std::span<const double> sample, int exponent);
-inline CentredSample Centre(std::span<const double> sample) {
-    return Centre(sample, ScaleExponent(sample));
+CentredSample Centre(std::span<const double> sample, int exponent, const std::stop_token& stop = {});
+inline CentredSample Centre(std::span<const double> sample, const std::stop_token& stop = {}) {
+    return Centre(sample, ScaleExponent(sample, stop), stop);
 }
 
 /// Sum of products of deviations.
-DoubleDouble SumProducts(const std::vector<DoubleDouble>& a, const std::vector<DoubleDouble>& b);
+DoubleDouble SumProducts(const std::vector<DoubleDouble>& a, const std::vector<DoubleDouble>& b,
+                         const std::stop_token& stop = {});
 
 /// The least-squares line of centred samples, in their units: y = Intercept + Slope x.
 struct CentredLine {
@@ -147,12 +150,12 @@ struct CentredLine {
     double SSE = 0.0; ///< 0 exactly for points on a line
 };
 
-CentredLine LeastSquares(const CentredSample& x, const CentredSample& y);
+CentredLine LeastSquares(const CentredSample& x, const CentredSample& y, const std::stop_token& stop = {});
 
 /// Pearson's r of centred samples and their line, 1 or -1 exactly for points on it; 0 for a constant sample.
 double Correlation(const CentredSample& x, const CentredSample& y, const CentredLine& line);
 
 /// The median, the mean of the two middle values for an even count; 0 for none.
-double Median(std::vector<double> values);
+double Median(std::vector<double> values, const std::stop_token& stop = {});
 
 } // namespace corvane::stats

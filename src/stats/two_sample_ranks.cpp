@@ -18,15 +18,17 @@ namespace {
 /// Both samples in one ascending order: calls `group` for each distinct value with the number of X and of Y
 /// that are smaller, and of those that equal it.
 template<class Group>
-void ForEachValue(const std::vector<double>& x, const std::vector<double>& y, Group group) {
+void ForEachValue(const std::vector<double>& x, const std::vector<double>& y, Group group,
+                  const std::stop_token& stop) {
     std::size_t i = 0, j = 0;
+    Looks looks(stop);
     while (i < x.size() || j < y.size()) {
         const double value = j == y.size() || (i < x.size() && x[i] < y[j]) ? x[i] : y[j];
         const std::size_t belowX = i, belowY = j;
-        while (i < x.size() && x[i] == value)
-            ++i;
-        while (j < y.size() && y[j] == value)
-            ++j;
+        for (; i < x.size() && x[i] == value; ++i)
+            looks.Handled(1);
+        for (; j < y.size() && y[j] == value; ++j)
+            looks.Handled(1);
         group(belowX, belowY, i - belowX, j - belowY);
     }
 }
@@ -48,7 +50,8 @@ double KolmogorovTail(double z) {
 
 } // namespace
 
-KolmogorovSmirnovResult KolmogorovSmirnov2(std::span<const double> x, std::span<const double> y) {
+KolmogorovSmirnovResult KolmogorovSmirnov2(std::span<const double> x, std::span<const double> y,
+                                           const std::stop_token& stop) {
     KolmogorovSmirnovResult result;
     if (x.empty() || y.empty())
         return result;
@@ -56,12 +59,14 @@ KolmogorovSmirnovResult KolmogorovSmirnov2(std::span<const double> x, std::span<
     // Distances as whole numbers, in units of 1 / (NX NY).
     const auto countX = static_cast<std::int64_t>(x.size()), countY = static_cast<std::int64_t>(y.size());
     std::int64_t largest = 0;
-    ForEachValue(SortedFinite(x), SortedFinite(y),
-                 [&](std::size_t belowX, std::size_t belowY, std::size_t equalX, std::size_t equalY) {
-                     const std::int64_t distance = static_cast<std::int64_t>(belowX + equalX) * countY -
-                                                   static_cast<std::int64_t>(belowY + equalY) * countX;
-                     largest = std::max(largest, std::abs(distance));
-                 });
+    ForEachValue(
+        SortedFinite(x, stop), SortedFinite(y, stop),
+        [&](std::size_t belowX, std::size_t belowY, std::size_t equalX, std::size_t equalY) {
+            const std::int64_t distance = static_cast<std::int64_t>(belowX + equalX) * countY -
+                                          static_cast<std::int64_t>(belowY + equalY) * countX;
+            largest = std::max(largest, std::abs(distance));
+        },
+        stop);
     result.D = static_cast<double>(largest) / (nx * ny);
     result.NValue = nx * ny / (nx + ny);
     const double root = std::sqrt(result.NValue);
@@ -70,7 +75,8 @@ KolmogorovSmirnovResult KolmogorovSmirnov2(std::span<const double> x, std::span<
     return result;
 }
 
-MannWhitneyResult MannWhitney(std::span<const double> x, std::span<const double> y) {
+MannWhitneyResult MannWhitney(std::span<const double> x, std::span<const double> y,
+                              const std::stop_token& stop) {
     MannWhitneyResult result;
     if (x.empty() || y.empty())
         return result;
@@ -78,14 +84,16 @@ MannWhitneyResult MannWhitney(std::span<const double> x, std::span<const double>
     std::int64_t balance = 0; // pairs with Y > X less those with Y < X
     Sum untied;               // N^3 - N - sum (t^3 - t)
     untied.AddProduct(n * n - 1.0, n);
-    ForEachValue(SortedFinite(x), SortedFinite(y),
-                 [&](std::size_t belowX, std::size_t belowY, std::size_t equalX, std::size_t equalY) {
-                     balance += static_cast<std::int64_t>(belowX) * static_cast<std::int64_t>(equalY);
-                     balance -= static_cast<std::int64_t>(belowY) * static_cast<std::int64_t>(equalX);
-                     const double t = static_cast<double>(equalX + equalY);
-                     if (t > 1.0)
-                         untied.AddProduct(1.0 - t * t, t);
-                 });
+    ForEachValue(
+        SortedFinite(x, stop), SortedFinite(y, stop),
+        [&](std::size_t belowX, std::size_t belowY, std::size_t equalX, std::size_t equalY) {
+            balance += static_cast<std::int64_t>(belowX) * static_cast<std::int64_t>(equalY);
+            balance -= static_cast<std::int64_t>(belowY) * static_cast<std::int64_t>(equalX);
+            const double t = static_cast<double>(equalX + equalY);
+            if (t > 1.0)
+                untied.AddProduct(1.0 - t * t, t);
+        },
+        stop);
     const double variance = nx * ny / 12.0 * std::max(0.0, untied.Value()) / (n * (n - 1.0));
     result.WD = static_cast<double>(balance) / (nx * ny);
     result.Z = Ratio(0.5 * static_cast<double>(balance), std::sqrt(variance));

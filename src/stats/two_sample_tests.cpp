@@ -24,14 +24,14 @@ struct Moments {
 
 /// Moments of `count` numbers of which `value(i)` is one, all below 2 in magnitude.
 template<class Value>
-Moments MomentsOf(std::size_t count, int exponent, Value value) {
+Moments MomentsOf(std::size_t count, int exponent, Value value, const std::stop_token& stop) {
     Moments moments{exponent, static_cast<double>(count), {}, {}, 0.0};
     if (count == 0)
         return moments;
     const DoubleDouble first = value(0);
     bool constant = true;
     Sum sum;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i : Indices(count, stop)) {
         const DoubleDouble next = value(i);
         constant = constant && next.High == first.High && next.Low == first.Low;
         sum.Add(next);
@@ -42,7 +42,7 @@ Moments MomentsOf(std::size_t count, int exponent, Value value) {
         return moments;
     moments.Mean = moments.Total / DoubleDouble{moments.Count, 0.0};
     Sum squares;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i : Indices(count, stop)) {
         const double deviation = (value(i) - moments.Mean).High;
         squares.AddProduct(deviation, deviation);
     }
@@ -50,10 +50,15 @@ Moments MomentsOf(std::size_t count, int exponent, Value value) {
     return moments;
 }
 
-Moments MomentsOf(std::span<const double> sample) {
-    const int exponent = ScaleExponent(sample);
-    const std::vector<double> scaled = Scaled(sample, exponent);
-    return MomentsOf(scaled.size(), exponent, [&](std::size_t i) { return DoubleDouble{scaled[i], 0.0}; });
+Moments MomentsOf(std::span<const double> sample, const std::stop_token& stop) {
+    const int exponent = ScaleExponent(sample, stop);
+    const std::vector<double> scaled = Scaled(sample, exponent, stop);
+    return MomentsOf(
+        scaled.size(), exponent,
+        [&](std::size_t i) {
+            return DoubleDouble{scaled[i], 0.0};
+        },
+        stop);
 }
 
 /// A difference over its standard error, each in its unit.
@@ -92,30 +97,34 @@ double VarianceIn(const Moments& sample, int exponent) {
     return std::ldexp(sample.Variance(), 2 * (sample.Exponent - exponent));
 }
 
-TestResult PairedTest(std::span<const double> y, std::span<const double> x) {
+TestResult PairedTest(std::span<const double> y, std::span<const double> x, const std::stop_token& stop) {
     const Pairs pairs(x, y);
     if (pairs.N < 2)
         return {};
-    const int common = pairs.CommonExponent();
-    const std::vector<double> sx = Scaled(pairs.X, common), sy = Scaled(pairs.Y, common);
+    const int common = pairs.CommonExponent(stop);
+    const std::vector<double> sx = Scaled(pairs.X, common, stop), sy = Scaled(pairs.Y, common, stop);
     // Differences may be far smaller than the values, and so need a scale of their own.
     double largest = 0.0;
-    for (std::size_t i = 0; i < pairs.N; ++i)
+    for (std::size_t i : Indices(pairs.N, stop))
         largest = std::max(largest, std::fabs(sy[i] - sx[i]));
     const int own = std::max(ScaleExponent({&largest, 1}), -1000);
     const double scale = std::ldexp(1.0, -own);
-    const Moments moments = MomentsOf(pairs.N, common + own, [&](std::size_t i) {
-        const DoubleDouble difference = TwoSum(sy[i], -sx[i]);
-        return DoubleDouble{scale * difference.High, scale * difference.Low};
-    });
+    const Moments moments = MomentsOf(
+        pairs.N, common + own,
+        [&](std::size_t i) {
+            const DoubleDouble difference = TwoSum(sy[i], -sx[i]);
+            return DoubleDouble{scale * difference.High, scale * difference.Low};
+        },
+        stop);
     const double error = std::sqrt(moments.Variance() / moments.Count);
     return TOf(moments.Mean.High, moments.Exponent, error, moments.Exponent, moments.Count - 1.0);
 }
 
 } // namespace
 
-TestResult TTestEqualVariance(std::span<const double> y, std::span<const double> x) {
-    const Moments my = MomentsOf(y), mx = MomentsOf(x);
+TestResult TTestEqualVariance(std::span<const double> y, std::span<const double> x,
+                              const std::stop_token& stop) {
+    const Moments my = MomentsOf(y, stop), mx = MomentsOf(x, stop);
     const double DF = my.Count + mx.Count - 2.0;
     if (y.empty() || x.empty() || DF < 1.0)
         return {};
@@ -126,8 +135,9 @@ TestResult TTestEqualVariance(std::span<const double> y, std::span<const double>
     return MeansTest(my, mx, error, exponent, DF);
 }
 
-TestResult TTestUnequalVariance(std::span<const double> y, std::span<const double> x) {
-    const Moments my = MomentsOf(y), mx = MomentsOf(x);
+TestResult TTestUnequalVariance(std::span<const double> y, std::span<const double> x,
+                                const std::stop_token& stop) {
+    const Moments my = MomentsOf(y, stop), mx = MomentsOf(x, stop);
     if (y.size() < 2 || x.size() < 2)
         return {};
     const int exponent = SpreadExponent(my, mx);
@@ -138,18 +148,20 @@ TestResult TTestUnequalVariance(std::span<const double> y, std::span<const doubl
     return MeansTest(my, mx, std::sqrt(sum), exponent, DF);
 }
 
-TestResult TTestPairedCovariance(std::span<const double> y, std::span<const double> x) {
-    return PairedTest(y, x);
+TestResult TTestPairedCovariance(std::span<const double> y, std::span<const double> x,
+                                 const std::stop_token& stop) {
+    return PairedTest(y, x, stop);
 }
 
-TestResult TTestPairedDifference(std::span<const double> y, std::span<const double> x) {
-    return PairedTest(y, x);
+TestResult TTestPairedDifference(std::span<const double> y, std::span<const double> x,
+                                 const std::stop_token& stop) {
+    return PairedTest(y, x, stop);
 }
 
-TestResult FTestVariance(std::span<const double> y, std::span<const double> x) {
+TestResult FTestVariance(std::span<const double> y, std::span<const double> x, const std::stop_token& stop) {
     if (y.size() < 2 || x.size() < 2)
         return {};
-    const Moments my = MomentsOf(y), mx = MomentsOf(x);
+    const Moments my = MomentsOf(y, stop), mx = MomentsOf(x, stop);
     if (my.SumSquares == 0.0 && mx.SumSquares == 0.0)
         return {};
     TestResult result;

@@ -4,9 +4,11 @@
 #include "evaluation/report_of.h"
 #include "support/golden.h"
 
+#include "report/text_renderer.h"
 #include <algorithm>
 #include <bit>
 #include <cmath>
+
 #include <gtest/gtest.h>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -28,7 +30,7 @@ struct FullRun : testing::Workbench {
         TickAllGates(dataset, session);
         result = Evaluate();
         EXPECT_EQ(result.end, RunEnd::Finished);
-        json = Json::parse(JsonReport({dataset, session, result, "file", fakes.dialogs.messages}));
+        json = Json::parse(JsonReport({dataset, session, result, "file", progress.messages}));
     }
     const Json& Section(const char* id) const { return json.at("sections").at(id); }
 
@@ -90,12 +92,13 @@ void ExpectSameAsReport(const Json& document, const Report& report) {
     for (const ReportSection& section : report.Sections()) {
         const Json& json = document.at("sections").at(section.id);
         const Strings notShown = json.at("not_shown");
-        std::size_t fields = 0;
+        std::size_t fields = section.unprinted.size();
         for (const ReportLine& line : section.lines)
-            for (const auto& [words, shown, isField] : line.pieces) {
-                const auto* number = std::get_if<double>(&shown.field.value);
-                if (!isField || (shown.name.empty() && !number))
+            for (const ReportPiece& piece : line.pieces) {
+                if (!piece.field)
                     continue;
+                const ReportField& shown = *piece.field;
+                const auto* number = std::get_if<double>(&shown.field.value);
                 ++fields;
                 ASSERT_NE(shown.name, "") << section.id << ": " << line.Text();
                 const Json& value = json.at("values").at(shown.name);
@@ -134,6 +137,60 @@ TEST(JsonReport, HoldsEveryNumberOfAFullRunUnderItsName) {
     }
 }
 
+TEST(JsonReport, AnEstimateHasItsLimits) {
+    const FullRun run = Example("mtcars.KOV");
+    const auto expectLimits = [&](const char* id, const std::string& estimate, const std::string& lower,
+                                  const std::string& upper) {
+        const Json& section = run.Section(id);
+        const Json &values = section.at("values"), &limits = section.at("intervals").at(estimate);
+        EXPECT_EQ(limits, (Json{values.at(lower), values.at(upper)})) << estimate;
+        EXPECT_LT(limits[0], values.at(estimate)) << estimate;
+        EXPECT_GT(limits[1], values.at(estimate)) << estimate;
+    };
+    expectLimits("concordance", "rc", "Lower", "Upper");
+    expectLimits("concordance", "TRc", "TLower", "TUpper");
+    expectLimits("concordance", "Gr", "GLower", "GUpper");
+    expectLimits("concordance", "TGr", "E1", "E3");
+    for (const std::string distance : {"Squared", "Absolute", "Power", "WinsorizedSquared",
+                                       "WinsorizedAbsolute", "WinsorizedPower", "Huber"})
+        expectLimits("generalized_concordance", distance + ".Rg", distance + ".Lower", distance + ".Upper");
+}
+
+/// Columns are those of the run, by name, and a star in the JSON is one in the line's text.
+TEST(JsonReport, AListingIsATableByColumns) {
+    testing::Workbench bench;
+    bench.OpenExample("mtcars.KOV").Set({{&AnalysisOptions::RESIDUE_WINDOW, std::int16_t{0}}});
+    const FullRun run(bench);
+    const Json &section = run.Section("residual_analysis"), &tables = section.at("tables"),
+               &columns = tables.at(0).at("columns"), &starred = tables.at(0).at("starred");
+    ASSERT_EQ(tables.size(), 1U);
+    EXPECT_EQ(tables[0].at("rows"), 32);
+    const Strings names = {"X",       "Y",        "Deviation", "Fitted", "Residue", "SERes",
+                           "StdtRes", "RStdtRes", "Leverage",  "CookD",  "DFFITS"};
+    std::size_t name = 0;
+    for (const auto& [key, values] : columns.items()) {
+        EXPECT_EQ(key, names.at(name++));
+        EXPECT_EQ(values.size(), 32U);
+    }
+    EXPECT_EQ(name, names.size());
+    std::size_t first = 0; // the line of the first row
+    while (!section.at("lines")[first].get<std::string>().starts_with("  1   "))
+        ++first;
+    std::size_t stars = 0;
+    for (std::size_t row = 0; row < 32; ++row) {
+        EXPECT_EQ(columns["X"][row], CellNumber(run.dataset.cells.At(ColumnX, static_cast<int>(row) + 1)));
+        EXPECT_EQ(columns["Deviation"][row],
+                  columns["Y"][row].get<double>() - columns["X"][row].get<double>());
+        std::size_t here = 0;
+        for (const auto& [key, rows] : starred.items())
+            here += static_cast<std::size_t>(std::ranges::count(rows, Json(row + 1)));
+        const std::string line = section.at("lines")[first + row];
+        EXPECT_EQ(here, static_cast<std::size_t>(std::ranges::count(line, '*'))) << line;
+        stars += here;
+    }
+    EXPECT_GT(stars, 2U);
+}
+
 TEST(JsonReport, HoldsEveryNumberOfAComparison) {
     testing::MemoryFiles files;
     const auto file = [](const char* X) {
@@ -150,9 +207,9 @@ TEST(JsonReport, HoldsEveryNumberOfAComparison) {
         list.Select(row, true);
     }
     list.settings.DecimalsProbability = "9"; // too many for the narrow cells
-    testing::RunFakes fakes;
+    testing::RecordingProgress progress;
     const ComparisonResult result =
-        CompareModels(list, true, {fakes.dialogs, fakes.feedback, fakes.clock, files});
+        CompareModels({list.Rows(), list.settings, true, testing::FixedClock().Now()}, files, progress);
     ASSERT_TRUE(result.finished) << result.fault;
     const Json json = Json::parse(JsonReport({result, true, "l.KOC", {"a message"}}));
     EXPECT_EQ(SchemaErrors(json), Strings{});
@@ -175,6 +232,10 @@ TEST(JsonReport, TellsNotShownFromFailedAndKeepsTheSizeOfATail) {
     EXPECT_EQ(exact.Section("line_family").at("failures").size(), 6U);
     EXPECT_TRUE(exact.Section("line_family").at("values").empty());
 
+    // No line of the text has it. The sums of X - Y and of Y by hand: 0.02 and 642.9.
+    EXPECT_NEAR(Example("mtcars.KOV").Section("diverse_measures").at("values").at("PercentBias"),
+                100 * 0.02 / 642.9, 1e-12);
+
     // R 4.2.2, summary(lm(waiting ~ eruptions, faithful)).
     const double P = Example("faithful.KOV").Section("parameter_tests").at("values").at("P_b");
     EXPECT_NEAR(P / 8.1299585066227895e-100, 1, 1e-11);
@@ -189,6 +250,7 @@ TEST(JsonReport, TheSchemaRefusesBrokenDocuments) {
                    R"({"op": "replace", "path": "/options/LSM", "value": null})",
                    R"({"op": "remove", "path": "/sections/header/failures"})",
                    R"({"op": "replace", "path": "/sections/regression/values/a", "value": true})",
+                   R"({"op": "replace", "path": "/sections/concordance/intervals/rc", "value": [1]})",
                    R"({"op": "add", "path": "/sections/header/failures/0", "value": {}})"});
 }
 
@@ -207,12 +269,16 @@ TEST(JsonReport, OptionsKeepTheirTypes) {
     }
 }
 
-TEST(JsonReport, TextsBadBytesAndUnnamedNumbers) {
+TEST(JsonReport, TextsBadBytesAndNamesThatOccurTwice) {
+    constexpr Place places[] = {
+        {"text", "", "", 6, 2}, {"long", "", "", 3, 0}, {"says", "", "", 5, 0}, {"blank", "", "", 2, 0}};
     FullRun run = Example("mtcars.KOV");
-    ReportSection& section = run.result.report.BeginSection("texts", "T\xFF");
-    section.OpenLine(F(6, 2, std::string("12")).Named("text"), F(3, 0, std::string("long")).Named("long"));
-    section.Line(F(5, 0, std::string("n/a")).Named("says"), F(2, 0, {}).Named("blank"),
-                 F(2, 0, std::string("w")));
+    ReportSection& section = run.result.report.BeginSection({"texts", "T\xFF", {places}});
+    section.Row({{"text", std::string("12")},
+                 {"long", std::string("long")},
+                 {"says", std::string("n/a")},
+                 {"blank", {}},
+                 " w"});
     run.session.CurrentDatasetName = "/d\xE9/x\xC3.KOV";
     const auto render = [&] {
         return JsonReport({run.dataset, run.session, run.result, "x\x80", {"\xED\xA0\x80"}});
@@ -224,14 +290,12 @@ TEST(JsonReport, TextsBadBytesAndUnnamedNumbers) {
     EXPECT_EQ(texts.at("not_shown"), Json{"long"});
     EXPECT_EQ(texts.at("lines"), Json{" 12.00n/a  n/a   w"});
 
-    section.Line(F(6, 2, 1.0).Named("text"));
-    EXPECT_THROW(render(), std::logic_error);
-    section.lines.back() = {};
-    section.Line(F(6, 2, 1.0));
+    section.Row({{"text", 1.0}});
     EXPECT_THROW(render(), std::logic_error);
     section.lines.pop_back();
     EXPECT_NO_THROW(render());
-    run.result.report.BeginSection("texts", "again");
+    EXPECT_THROW(section.Row({{"unknown", 1.0}}), std::logic_error);
+    run.result.report.BeginSection({"texts", "again"});
     EXPECT_THROW(render(), std::logic_error);
 }
 

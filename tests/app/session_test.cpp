@@ -8,7 +8,9 @@
 #include "support/golden.h"
 #include "support/temporary_folder.h"
 
+#include "report/text_renderer.h"
 #include <algorithm>
+
 #include <gtest/gtest.h>
 
 namespace corvane {
@@ -122,8 +124,8 @@ TEST_F(SessionRun, SavesBeforeItPrintsAndThenCloses) {
     EXPECT_EQ(log, order);
     ASSERT_EQ(session.Windows().size(), 1U);
     EXPECT_FALSE(session.Windows().front().open);
-    EXPECT_EQ(ReadBytes(path), session.Windows().front().text);
-    EXPECT_EQ(logged.printed, WithLineFeeds(session.Windows().front().text));
+    EXPECT_EQ(ReadBytes(path), session.Windows().front().Text());
+    EXPECT_EQ(logged.printed, WithLineFeeds(session.Windows().front().Text()));
 
     log.clear(); // /S and /L stay for the session, and the counter skips what exists
     WriteBytes(folder / "out/Notes0003.TXT", "mine");
@@ -213,6 +215,53 @@ TEST_F(SessionRun, DropsFilesAndClears) {
     EXPECT_EQ(session.CurrentDataset().cells.LastFilledRow(), 0);
     EXPECT_EQ(session.CurrentDataset().cells.RowCount(), 2);
     EXPECT_EQ(session.CurrentDataset().notes + std::to_string(Options().NOTES_BLUE), "0");
+}
+
+TEST_F(SessionRun, ARunInTheBackgroundMeetsADocumentThatWentOn) {
+    session.Open(folder / "d.KOV");
+    Document& document = session.Doc();
+    const auto calculate = [&](auto&& meanwhile) {
+        PendingRun pending = session.BeginCalculation();
+        RecordingProgress progress;
+        RunResult result = pending.calculation->Run(progress);
+        meanwhile();
+        return session.FinishCalculation(pending, std::move(result));
+    };
+    const auto rank = [&] { return CellText(document.Data().cells.At(ColumnRankX, 1)); };
+    const auto edit = [&](const char* text) {
+        document.Change({"Type"},
+                        [&](Dataset& dataset, SessionState&) { dataset.cells.Set(ColumnX, 2, text); });
+    };
+    document.Change({"Unrank"}, [](Dataset& dataset, SessionState&) {
+        for (std::int32_t row = 1; row <= dataset.cells.RowCount(); ++row)
+            dataset.cells.Set(ColumnRankX, row, {});
+    });
+
+    const FinishedRun edited = calculate([&] { edit("21"); });
+    EXPECT_TRUE(edited.ranksLeftOut && !edited.changesLeftOut);
+    EXPECT_EQ(rank(), "");
+    EXPECT_NE(edited.stamp.revision, document.DataRevision()); // the report says that the data changed
+    EXPECT_EQ(edited.stamp.rows, 32);
+
+    const FinishedRun quiet = calculate([] {});
+    EXPECT_NE(rank(), "");
+    EXPECT_EQ(quiet.stamp.revision, document.DataRevision());
+    EXPECT_EQ(quiet.windows.back()->run.number, 2);
+    EXPECT_EQ(document.UndoName(), "Calculate");
+    document.Undo();
+    EXPECT_EQ(rank(), "");
+
+    const double mean = document.Session().MeanY;
+    EXPECT_TRUE(calculate([&] {
+                    document.SetOption(OptionOf(&AnalysisOptions::SwapXY), std::int16_t{1});
+                }).changesLeftOut);
+    EXPECT_EQ(document.Session().MeanY, mean);
+
+    // A file that is refused leaves everything, the way back too.
+    WriteBytes(folder / "old.KOV", "1,0,0\n");
+    EXPECT_EQ(session.Open(folder / "old.KOV").state, LoadState::OldVersion);
+    EXPECT_TRUE(document.CanUndo());
+    EXPECT_EQ(document.Title(), "d.KOV");
 }
 
 TEST_F(SessionRun, ResultsGoToTheWorkingFolderAndToTheEditor) {

@@ -1,6 +1,7 @@
 #include "charts/chart_export.h"
 
 #include "plots/chart_operations.h"
+#include "plots/dataset_plots.h"
 #include "plots/histogram.h"
 #include "plots/xy_plot.h"
 #include "support/golden.h"
@@ -32,31 +33,31 @@ std::string Rendered(const ChartModel& chart, ChartFormat format = ChartFormat::
 
 /// A dataset's plot of five points, one of them excluded, and one gap.
 ChartModel Scatter() {
-    const double gap = std::nan("");
-    PlotRequest request;
-    request.PointCount = 5;
-    request.ColumnCount = 7;
-    const Values x = {1, 2, 3, 4, 5};
-    for (const Values& column : {x, x, Values{2, gap, 1, gap, 6}, x, x, Values{gap, 2, gap, gap, gap},
-                                 Values{gap, 9, gap, gap, gap}})
-        request.ChartData.push_back(ShareColumn(column));
-    request.MarkerStyle[3] = 1;
-    request.MarkerStyle[7] = 12;
-    request.Title = "Observed vs Model-Predicted";
-    request.XAxisTitle = "Model-Predicted (X)";
-    request.YAxisTitle = "Observed (Y)";
-    request.Footnote = "n =  5";
-    return CreateXYPlot(request);
+    Dataset dataset;
+    const std::vector<std::pair<double, const char*>> pairs = {
+        {1, "2"}, {2, "9"}, {3, "1"}, {4, "none"}, {5, "6"}};
+    for (std::int32_t row = 1; const auto& [x, y] : pairs) {
+        dataset.cells.Set(ColumnX, row, x);
+        dataset.cells.Set(ColumnY, row++, std::string_view(y));
+    }
+    dataset.cells.Set(ColumnExclude, 2, std::string_view("Y"));
+    dataset.options.SHOW_EXCLUDED = 1;
+    dataset.options.SAME_SCALE_XY = 0;
+    return ScatterPlot(dataset, {}).charts.at(0);
 }
 
-HistogramRequest BothSamples(ChartStyle style) {
-    HistogramRequest request;
-    request.title = "Histogram of X and Y";
-    request.bins = 4;
-    request.style = style;
-    request.x = ShareColumn({1, 2, 3, 4, 5, 6, 7});
-    request.y = ShareColumn({1, 1, 2, 3, 5, 8, 13});
-    return request;
+/// A histogram of two samples in four bins.
+ChartModel BothSamples(bool AnalysisOptions::*style, bool flat) {
+    constexpr double ys[] = {1, 1, 2, 3, 5, 8, 13};
+    Dataset dataset;
+    for (std::int32_t row = 1; row <= 7; ++row) {
+        dataset.cells.Set(ColumnX, row, static_cast<double>(row));
+        dataset.cells.Set(ColumnY, row, ys[row - 1]);
+    }
+    dataset.options.HIST_BINS = "4";
+    dataset.options.HIST_2D = flat;
+    dataset.options.*style = true;
+    return HistogramPlots(dataset).charts.at(0);
 }
 
 TEST(ChartExport, ScatterHasItsMarksAndTexts) {
@@ -102,20 +103,40 @@ TEST(ChartExport, EveryHistogramIsPainted) {
     const auto coloured = [](const std::string& svg, const char* colour) {
         return Count(svg, std::string("fill=\"") + colour);
     };
-    const std::string bars = Rendered(CreateHistogramPlot(BothSamples(ChartStyle::Bar)));
+    const std::string bars = Rendered(BothSamples(&AnalysisOptions::HIST_BAR, true));
     EXPECT_GE(coloured(bars, "#ff8000"), 4u);
     EXPECT_GE(coloured(bars, "#0080c0"), 4u);
-    for (const ChartStyle style :
-         {ChartStyle::Bar, ChartStyle::Line, ChartStyle::Area, ChartStyle::Step, ChartStyle::Pie})
+    for (const auto style :
+         {&AnalysisOptions::HIST_BAR, &AnalysisOptions::HIST_LINE, &AnalysisOptions::HIST_AREA,
+          &AnalysisOptions::HIST_STEP, &AnalysisOptions::HIST_Pie})
         for (const bool flat : {true, false}) {
-            HistogramRequest request = BothSamples(style);
-            request.twoDimensional = flat;
-            const std::string svg = Rendered(CreateHistogramPlot(request));
+            const std::string svg = Rendered(BothSamples(style, flat));
             EXPECT_NE(svg.find("Histogram of X and Y"), std::string::npos);
             EXPECT_NE(svg.find("R04"), std::string::npos);
             EXPECT_NE(svg.find("Histogram Range:R01"), std::string::npos);
-            EXPECT_GE(coloured(svg, style == ChartStyle::Pie && flat ? "#e69f00" : "#"), 1u);
+            EXPECT_GE(coloured(svg, style == &AnalysisOptions::HIST_Pie && flat ? "#e69f00" : "#"), 1u);
         }
+}
+
+TEST(ChartExport, ShadowsLieWhereTheyAreAskedFor) {
+    const auto dark = [](bool area, bool plot) {
+        ChartModel chart = Scatter();
+        chart.areaShadow = area;
+        chart.plotShadow = plot;
+        const std::string bytes = Rendered(chart, ChartFormat::Png);
+        const QImage image = QImage::fromData(
+            QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())), "PNG");
+        // In the corner of the picture, and anywhere else.
+        int corner = 0, elsewhere = 0;
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (const int grey = qGray(image.pixel(x, y)); grey > 180 && grey < 190)
+                    ++(x > image.width() - 10 || y > image.height() - 10 ? corner : elsewhere);
+        return std::pair(corner > 10000, elsewhere > 10000);
+    };
+    EXPECT_EQ(dark(false, false), std::pair(false, false));
+    EXPECT_EQ(dark(true, false), std::pair(true, false));
+    EXPECT_EQ(dark(false, true), std::pair(false, true));
 }
 
 TEST(ChartExport, AllFormatsShowTheSame) {
@@ -148,12 +169,8 @@ TEST(ChartExport, AMillionPointsStaySmall) {
         x.push_back(normal(random));
         y.push_back(x.back() + normal(random));
     }
-    PlotRequest request;
-    request.PointCount = 1'000'000;
-    request.ColumnCount = 3;
-    request.ChartData.assign(2, ShareColumn(std::move(x)));
-    request.ChartData.push_back(ShareColumn(std::move(y)));
-    const std::string png = Rendered(CreateXYPlot(request), ChartFormat::Png);
+    const PlotPoints points{ShareColumn(std::move(x)), ShareColumn(std::move(y)), {}};
+    const std::string png = Rendered(PointChart(ChartKind::Residue, {}, points, {}), ChartFormat::Png);
     EXPECT_LT(png.size(), 4u << 20);
 }
 

@@ -42,6 +42,11 @@ TEST_F(OutputFiles, NeverReplaceWhatIsReadOrEachOther) {
                   "--json link would replace a file of --out ./o");
     ExpectRefused("true", "calc d.KOV --out none/o --json none/o/results.txt",
                   "--json none/o/results.txt would replace a file of --out none/o");
+    for (const std::string out : {"n/", "n/.", "n//", "n/sub/", "./n/x/.."})
+        for (const std::string command : {"calc d.KOV", "compare d.KOV e.KOV"})
+            for (const std::string name : {"/results.txt", "//plot-04-x.svg"})
+                ExpectRefused("cp d.KOV e.KOV", command + " --out " + out + " --json " + out + name,
+                              "--json " + out + name + " would replace a file of --out " + out);
     ExpectRefused("cp d.KOV e.KOV; " + hard, "compare d.KOV e.KOV --out o",
                   "--out o: results.txt would replace a file of the comparison");
     ExpectRefused(symbolic, "compare e.KOV d.KOV --json o/d.svg",
@@ -83,6 +88,20 @@ TEST_F(OutputFiles, TheProgramCleansUpAtSignals) {
     EXPECT_EQ(ran.out, std::to_string(0x4001) + "\n143\n") << ran.err;
 }
 
+TEST_F(OutputFiles, AnInterruptedRunEndsWith130AndLeavesNothing) {
+    // The run has begun once its residue file is reserved; the comparison, once it opens its first file.
+    Run("$corvane generate --method frank -n 300000 --mean-x 9 --mean-y 9 --var-x 1 --var-y 1 -r 0.5 --seed "
+        "1 "
+        "-o d.KOV; mkfifo in.KOV");
+    const Ran calc = Run("$corvane calc d.KOV --all --set SAVE_RESIDUE_TEXT=1 --out a/o --json j.json >out & "
+                         "until [ -e a/o/Residue0000.TXT ]; do sleep 0.01; done; "
+                         "kill $!; wait $!; echo $?; cat out; ls -d a j.json 2>/dev/null");
+    EXPECT_EQ(calc.out + calc.err, "130\n");
+    const Ran compare = Run("$corvane compare in.KOV d.KOV --out b --json k.json >out & exec 3>in.KOV; "
+                            "kill $!; exec 3>&-; wait $!; echo $?; cat out; ls -d b k.json 2>/dev/null");
+    EXPECT_EQ(compare.out + compare.err, "130\n");
+}
+
 TEST_F(OutputFiles, AResidueFileThatIsNotSavedFailsTheRunButNotTheReport) {
     // The listing of 600 rows passes the limit of 50 kB; the other files do not.
     const Ran ran =
@@ -100,13 +119,16 @@ TEST_F(OutputFiles, AResidueFileThatIsNotSavedFailsTheRunButNotTheReport) {
 
 TEST_F(OutputFiles, FilesOfAnEarlierRunAreTold) {
     const std::string calc = "$corvane calc $examples/mtcars.KOV --out o ";
-    const Ran first = Run(calc +
-                          "--all && $corvane export $examples/mtcars.KOV -o o/d.csv && ls o | grep -v -e csv "
-                          "-e results >old && cp -r o before && " +
-                          calc);
+    const std::string residue = "--set RESIDUAL_ANALYSIS=1 --set SAVE_RESIDUE_TEXT=1 ";
+    const Ran first =
+        Run(calc + residue +
+            "--all && $corvane export $examples/mtcars.KOV -o o/d.csv && LC_ALL=C ls o | grep -v -e csv "
+            "-e results >old && cp -r o before && " +
+            calc);
     EXPECT_EQ(first.exit, 0);
     std::string names = folder.Read("old");
-    EXPECT_TRUE(names.starts_with("deviation.txt\n") && names.ends_with("residue.txt\n")) << names;
+    EXPECT_TRUE(names.starts_with("Residue0000.TXT\ndeviation.txt\n") && names.ends_with("residue.txt\n"))
+        << names;
     names.pop_back();
     for (std::size_t at = 0; (at = names.find('\n', at)) != std::string::npos;)
         names.replace(at, 1, ", ");
@@ -115,7 +137,11 @@ TEST_F(OutputFiles, FilesOfAnEarlierRunAreTold) {
         << first.err;
     EXPECT_TRUE(Has(Run("diff -rq before o").out, "results.txt"));
     EXPECT_EQ(std::ranges::count(Run("diff -rq before o").out, '\n'), 1);
-    EXPECT_EQ(Run("rm -r o; " + calc + "; " + calc).err, "");
+    EXPECT_EQ(Run("rm -r o; " + calc + "; " + calc + residue).err, "");
+    EXPECT_EQ(Run("rm o/residue.txt; " + calc + "--json r.json").err,
+              "corvane: o: left from an earlier run: Residue0000.TXT\n");
+    EXPECT_TRUE(Has(folder.Read("r.json"),
+                    "\"messages\": [\n    \"o: left from an earlier run: Residue0000.TXT\"\n"));
 }
 
 TEST_F(OutputFiles, RowsWithoutContentCostNothing) {
@@ -125,7 +151,13 @@ TEST_F(OutputFiles, RowsWithoutContentCostNothing) {
             "$corvane calc $examples/mtcars.KOV --all --set N=2147483646 >/dev/null; "
             "{ echo 4,0,0; yes; } | $corvane calc /dev/stdin");
     EXPECT_EQ(ran.out, "1\n");
-    EXPECT_TRUE(ran.err.starts_with("corvane: n.KOV: 0 rows are in use, at least 3 are needed\n")) << ran.err;
+    EXPECT_TRUE(ran.err.starts_with("corvane: n.KOV: of the 2147483646 rows that N announces, 2147483646 are "
+                                    "not in the file and are left out\n"
+                                    "corvane: n.KOV: 0 rows are in use, at least 3 are needed\n"))
+        << ran.err;
+    const Ran blank = Run("{ printf '4,0,0\\nN=1503\\nDATA:\\n'; yes 1,,2,,,, | head -n 3; yes ,,,,,, | "
+                          "head -n 1500; } >b.KOV; $corvane export b.KOV -o b.csv && wc -l <b.csv");
+    EXPECT_EQ(blank.out + blank.err, "1504\n");
     EXPECT_TRUE(ran.err.ends_with("\ncorvane: /dev/stdin: there is not enough memory for it\n")) << ran.err;
 }
 

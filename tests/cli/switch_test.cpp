@@ -48,7 +48,9 @@ TEST_F(Switches, LoadCalculateSaveEnd) {
     Silent("\"/F\\\"$PWD/a b/e.KOV\\\" /S /L\\\"$PWD/out\\\" /X\"");
     Silent("'/Fa\" b\"/e.KOV' /S '/L\"out\"' /X");
     Silent("'/S /F\"d.KOV\"' /Lout");
-    EXPECT_EQ(Saved("out"), 6U);
+    Silent("'/F\"'$PWD'/a b/e.KOV\" /S /L'$PWD'/out /X'"); // a path without quotes after one with them
+    Silent("'/S /L'$PWD'/out /Fd.KOV /X'");
+    EXPECT_EQ(Saved("out"), 8U);
     Silent("/Fd.KOV /S");
     EXPECT_TRUE(folder.Exists("documents/ORRL/KOV Files/Notes0001.TXT"));
     EXPECT_FALSE(folder.Exists("settings"));
@@ -79,11 +81,13 @@ TEST_F(Switches, MessagesAndRefusals) {
     const Ran printed = folder.Run("chmod +x lp; PATH=$PWD $corvane /Fd.KOV /P /X");
     EXPECT_EQ(printed.err, "");
     EXPECT_NE(folder.Read("printed").find("REGRESSION ANALYSIS"), std::string::npos);
-    for (const char* path : {"d\\.KOV", "\"d.KOV", "1:\\d.KOV", "\"sub\\d.KOV\""}) {
-        const Ran refused = folder.Run("$corvane '/F" + std::string(path) + "' /X");
-        EXPECT_EQ(refused.exit, 1) << path;
+    for (const std::string arguments :
+         {"'/Fd\\.KOV'", "'/F\"d.KOV'", "'/F1:\\d.KOV'", "'/F\"sub\\d.KOV\"'", "'/Fmy data/d.KOV\"' /S",
+          "/Fd.KOV '/S\"'", "/S '\"'", "'/G\"'", "'/F\"d.KOV\" /S\" /Lout'"}) {
+        const Ran refused = folder.Run("$corvane " + arguments + " /X");
+        EXPECT_EQ(refused.exit, 1) << arguments;
         EXPECT_NE(refused.err.find("with a backslash or an unpaired double quote"), std::string::npos)
-            << path;
+            << arguments;
     }
     const Ran unsaved = folder.Run("$corvane /Fd.KOV /S /Lnowhere /X");
     EXPECT_EQ(unsaved.exit, 0);

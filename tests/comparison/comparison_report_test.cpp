@@ -4,10 +4,12 @@
 #include "support/fakes.h"
 #include "support/golden.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <optional>
 #include <sstream>
+#include <stop_token>
 
 namespace corvane {
 namespace {
@@ -61,8 +63,9 @@ protected:
             AddModel(name, column(name.substr(0, name.find('-'))), observed);
     }
     const ComparisonResult& Compare(bool references = false) {
-        dialogs.messages.clear();
-        result = CompareModels(list, references, {dialogs, feedback, clock, files});
+        progress = {};
+        result = CompareModels({list.Rows(), list.settings, references, clock.Now()}, files, progress);
+        list.settings = result.settings;
         return result;
     }
     std::string Text() { return result.report.Text(); }
@@ -71,8 +74,8 @@ protected:
         for (const ReportSection& found : result.report.Sections())
             for (const ReportLine& line : found.lines)
                 for (const ReportPiece& piece : line.pieces)
-                    if (found.id == section && piece.isField && piece.field.name == name)
-                        return std::get<double>(piece.field.field.value);
+                    if (found.id == section && piece.field && piece.field->name == name)
+                        return std::get<double>(piece.field->field.value);
         ADD_FAILURE() << section << "." << name;
         return 0;
     }
@@ -85,8 +88,7 @@ protected:
     }
 
     MemoryFiles files;
-    RecordingDialogs dialogs;
-    RecordingFeedback feedback;
+    RecordingProgress progress;
     FixedClock clock;
     ComparisonList list;
     ComparisonResult result;
@@ -194,6 +196,30 @@ TEST_F(Comparing, FarApartModels) {
               std::string::npos);
 }
 
+/// Predictions Y + c z, z orthogonal to Y and as long, leave SSE = S c²/(1 + c²) of S, and the AICs of six
+/// pairs differ by 6 times the logarithm of their ratio: against c = 1 the likelihood ratio is
+/// ((1 + c²)/(2 c²))³.
+TEST_F(Comparing, ALikelihoodRatioIsShownUpTo9999) {
+    const double y[] = {1, -1, 2, -2, 0, 0}, z[] = {2, -2, -1, 1, 0, 0};
+    for (const double ratio : {9990.0, 9999.5, 11000.0}) {
+        const double c = 1 / std::sqrt(2 * std::cbrt(ratio) - 1);
+        Strings observed, fine, coarse;
+        for (std::size_t i = 0; i < 6; ++i) {
+            observed.push_back(NumberText(10 + y[i]));
+            fine.push_back(NumberText(10 + y[i] + c * z[i]));
+            coarse.push_back(NumberText(10 + y[i] + z[i]));
+        }
+        list = {};
+        AddModel("coarse", coarse, observed);
+        AddModel("fine", fine, observed);
+        EXPECT_TRUE(Compare().finished) << result.fault;
+        EXPECT_EQ(Text().find(".Model  2 is >10000 times") != std::string::npos, ratio > 9999) << Text();
+        if (ratio < 9999) {
+            EXPECT_NEAR(Value("delta_aic", "ratio_1_2"), ratio, 1e-6);
+        }
+    }
+}
+
 /// Squares of such data are out of a double's range; what has no unit is as it was.
 TEST_F(Comparing, TheUnitOfTheDataDoesNotMatter) {
     const std::pair<const char*, const char*> unitless[] = {{"adequacy", "CCC_1"},
@@ -225,20 +251,85 @@ TEST_F(Comparing, TheUnitOfTheDataDoesNotMatter) {
     }
 }
 
+/// Where a value is in its table, and whose it is.
+TEST_F(Comparing, TablesKnowTheirColumns) {
+    AddCars({"hp", "wt_hp", "against", "wt"});
+    list.Select(1, false);
+    Compare(true);
+    std::size_t places = 0;
+    for (const ReportSection& section : result.report.Sections())
+        for (const ReportLine& line : section.lines) {
+            std::size_t column = line.firstColumn;
+            for (const ReportPiece& piece : line.pieces) {
+                if (!piece.field || line.kind != LineKind::TableRow)
+                    continue;
+                const auto& titles = section.tables[line.table].columns;
+                ASSERT_LT(column, titles.size()) << section.id;
+                const std::string& title = titles[column++];
+                const std::string& name = piece.field->name;
+                if (section.id != "adequacy")
+                    EXPECT_TRUE(name.ends_with("_" + title)) << section.id << "." << name;
+                else if (line.firstColumn == 3)
+                    EXPECT_EQ(name == "best_CD", title == "CD") << name;
+                else
+                    EXPECT_EQ(name.starts_with("CCC_"), title == "CCC") << name;
+                ++places;
+            }
+        }
+    EXPECT_EQ(places, 3 + 3 * 13 + 10 + 3 * (5 + 3 + 2 + 2)); // three models, three pairs
+    std::vector<std::string_view> ids{"header"};
+    for (const SectionDefinition* section : ComparisonSections())
+        ids.push_back(section->frame.id);
+    EXPECT_TRUE(std::ranges::equal(ids, result.report.Sections(), {}, {}, &ReportSection::id));
+}
+
+TEST_F(Comparing, TellsItsStagesAndEndsWhereItIsStopped) {
+    AddModel("a", X, Y);
+    AddModel("b", W, Y);
+    list.settings.DigitsLong = "9";
+    const ComparisonSnapshot snapshot{list.Rows(), list.settings};
+    Compare();
+    EXPECT_EQ(progress.stages, (Strings{"Reading a.KOV...", "Reading b.KOV...", "Correlations...",
+                                        "Squared errors...", "Deviations..."}));
+    EXPECT_EQ(progress.shares.size(), 2U + 2U + 4U); // files, models, and a pair in four tables
+    EXPECT_EQ(progress.shares.back(), 1);
+
+    struct Stopping : RecordingProgress {
+        void ShowShare(double share) override {
+            RecordingProgress::ShowShare(share);
+            if (shares.size() == after)
+                source.request_stop();
+        }
+        std::size_t after = 0;
+        std::stop_source source;
+    };
+    for (std::size_t after = 1; after <= 8; ++after) {
+        Stopping stopping;
+        stopping.after = after;
+        const ComparisonResult ended = CompareModels(snapshot, files, stopping, stopping.source.get_token());
+        EXPECT_TRUE(ended.cancelled && !ended.finished) << after;
+        EXPECT_EQ(stopping.shares.size(), after);
+        EXPECT_EQ(ended.settings.DigitsLong, "9");
+        EXPECT_TRUE(ended.warnings.empty() && ended.models.empty() && ended.report.Text().empty());
+    }
+}
+
 TEST_F(Comparing, ObservationsAreComparedAsText) {
     AddModel("other", W, Y);
     AddModel("a", X, Y);
     AddModel("b", W, {"1.1", "2.30", "2.9", "4.2", "4.8"});
     ExpectFault("/models/b.KOV:5: row 2: Y is '2.30', and '2.3' in a file before it");
-    EXPECT_EQ(dialogs.messages,
+    EXPECT_EQ(progress.messages,
               Strings{"Observed values have to be identical!\r\n\r\nPlease check observed value #2 of "
                       "file '/models/b.KOV'\r\n\r\nCalculation aborted!"});
+    EXPECT_EQ(progress.titles, Strings{"Model Comparison"});
+    EXPECT_EQ(result.messages, progress.messages);
     AddModel("other", W, Y); // an unselected row ahead: the message names the row at the ordinal
     AddModel("a", X, Y);
     AddModel("same", Y, Y);
     list.Select(0, false);
     ExpectFault("/models/same.KOV: every X equals its Y");
-    EXPECT_EQ(dialogs.messages,
+    EXPECT_EQ(progress.messages,
               Strings{"X and Y values are identical for '/models/a.KOV'. Computation halted!"});
     AddModel("same", Y, Y);
     AddModel("a", X, Y);
@@ -293,7 +384,7 @@ TEST_F(Comparing, BrokenFilesAreNamedWithTheirLine) {
 TEST_F(Comparing, SettingsAndSelectionThatDoNotServe) {
     AddModel("a", X, Y);
     Compare();
-    EXPECT_EQ(dialogs.messages, Strings{"At least two files have to be selected for comparison"});
+    EXPECT_EQ(progress.messages, Strings{"At least two files have to be selected for comparison"});
     EXPECT_EQ(result.fault, "");
     AddModel("b", W, Y);
     list.settings.DigitsShort = "nine";
@@ -307,6 +398,10 @@ TEST_F(Comparing, SettingsAndSelectionThatDoNotServe) {
     AddModel("b", W, Y);
     list.settings = {"20", "20", "4", "3", "7"};
     ExpectFault("/models/a.KOV and /models/b.KOV: r of Correlation Coefficient Analysis: ");
+    AddModel("a", X, Y);
+    AddModel("b", W, Y);
+    list.settings = {"20", "20", "4", "7", "2"};
+    ExpectFault("/models/a.KOV and /models/b.KOV: P-value of Correlation Coefficient Analysis: ");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "core/grid_clipboard.h"
 
-#include "core/failure.h"
+#include "core/format/failure.h"
 #include "core/grid_editor.h"
 #include "core/grid_operations.h"
 

@@ -33,37 +33,37 @@ const char* const zeroSD =
 TEST_F(CalculateRun, EndsWithoutRowsOrDifferencesOrAMethod) {
     Put({{"1", "", "1", ""}, {"2", "", "2.0", ""}});
     EXPECT_EQ(Evaluate().end, RunEnd::TooFewRows);
-    EXPECT_TRUE(fakes.dialogs.messages.empty() && fakes.feedback.shown.empty());
+    EXPECT_TRUE(progress.messages.empty() && progress.stages.empty());
     Put({{"1", "", "1", ""}, {"2", "", "2.0", ""}, {"abc", "", "", ""}});
     EXPECT_EQ(Evaluate().end, RunEnd::IdenticalValues);
     Put({{"1", "", "2", ""}});
     EXPECT_EQ(Set({{&AnalysisOptions::LSM, false}}).Evaluate().end, RunEnd::NoMethod);
-    EXPECT_EQ(fakes.dialogs.messages, (Strings{"X and Y values are identical. Computation halted!",
-                                               "No option for regression is selected"}));
-    EXPECT_EQ(fakes.feedback.shown.back(), "Regression..."); // the progress text stays
+    EXPECT_EQ(progress.messages, (Strings{"X and Y values are identical. Computation halted!",
+                                          "No option for regression is selected"}));
+    EXPECT_EQ(progress.stages.back(), "Regression..."); // the progress text stays
 }
 
 TEST_F(CalculateRun, TheMethodCorrectionMovesTheButtonItself) {
     Put({{"1", "1", "2", "1"}, {"2", "1", "3", "1"}, {"4", "1", "4", "1"}});
     Set({{&AnalysisOptions::WLSM, true}});
     EXPECT_TRUE(Has(Evaluate(), "Weighted Least-Squares Regression\r\n\r\n"));
-    EXPECT_TRUE(fakes.dialogs.messages.empty());
+    EXPECT_TRUE(progress.messages.empty());
 
     Put({{"1", "1", "2", "1"}, {"2", "", "3", "1"}, {"4", "0", "4", "1"}});
     Set({{&AnalysisOptions::UNCERTAINTY_X, std::int16_t{1}}});
     EXPECT_TRUE(Has(Evaluate(), "Weighted Least-Squares Regression\r\nIgnored uncertainties in X\r\n\r\n"));
-    EXPECT_TRUE(fakes.dialogs.messages.empty());
+    EXPECT_TRUE(progress.messages.empty());
 
     Set({{&AnalysisOptions::UNCERTAINTY_X, std::int16_t{0}}});
     EXPECT_TRUE(Has(Evaluate(), "Regular Least-Squares Regression\r\n\r\n"));
-    EXPECT_EQ(fakes.dialogs.messages, Strings{zeroSD});
+    EXPECT_EQ(progress.messages, Strings{zeroSD});
     EXPECT_TRUE(dataset.options.LSM);
 
     Set({{&AnalysisOptions::WLSM, true}});
     Set({{&AnalysisOptions::UNCERTAINTY_X, std::int16_t{1}}});
     Set({{&AnalysisOptions::UNCERTAINTY_Y, std::int16_t{1}}});
     EXPECT_TRUE(Has(Evaluate(), "Regular Least-Squares Regression\r\n\r\n"));
-    EXPECT_EQ(fakes.dialogs.messages, (Strings{zeroSD, bothIgnored}));
+    EXPECT_EQ(progress.messages, (Strings{zeroSD, bothIgnored}));
 }
 
 TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
@@ -73,16 +73,45 @@ TEST_F(CalculateRun, GatesDecideAndProgressIsShown) {
             ChangeOption(dataset, session, row, std::int16_t{2}); // ticked grey is not set, but for two
     const RunResult plain = Evaluate();
     EXPECT_EQ(plain.report.Sections().size(), 4U);
-    EXPECT_EQ(fakes.feedback.shown,
-              (Strings{"Regression...", "Kleijnen analysis...", "Bland and Altman analysis...", "(hidden)"}));
+    EXPECT_EQ(progress.stages,
+              (Strings{"Regression...", "Kleijnen analysis...", "Bland and Altman analysis..."}));
 
     TickAllGates(dataset, session);
+    progress.stages.clear();
     std::vector<std::string> ids;
     const RunResult all = Evaluate();
     for (const ReportSection& section : all.report.Sections())
-        ids.push_back(section.id);
+        if (section.printed)
+            ids.push_back(section.id);
+    EXPECT_EQ(progress.stages, (Strings{"Regression...",
+                                        "Parameters...",
+                                        "OLS and SLS...",
+                                        "Distribution...",
+                                        "Moments...",
+                                        "Robust statistics...",
+                                        "Mean bias...",
+                                        "Index...",
+                                        "Concordance...",
+                                        "Generalized CCC...",
+                                        "Rank analysis...",
+                                        "Balance analysis...",
+                                        "Orthogonal balance...",
+                                        "MSEP analysis...",
+                                        "MSEP bootstrap...",
+                                        "Kleijnen analysis...",
+                                        "Bland and Altman analysis...",
+                                        "Threshold analysis...",
+                                        "Deviation analysis...",
+                                        "Residual analysis...",
+                                        "Residue regression...",
+                                        "Residual plot...",
+                                        "Deviation plot...",
+                                        "Normal plot..."}));
     EXPECT_EQ(ids.front(), "header");
     EXPECT_EQ(ids.back(), "references");
+    // A plot whose factor cannot be computed is filed under its own name.
+    EXPECT_EQ(all.report.Sections().back().id, "residual_plot");
+    EXPECT_EQ(all.report.Sections().back().failures.size(), 1U);
 }
 
 TEST_F(CalculateRun, TheDeviationConfidenceIsPerCentOrAFraction) {

@@ -98,14 +98,13 @@ TEST(DeviationReports, TheWindowIsTheTextOfTheIntervals) {
 TEST(DeviationReports, TheWeightedDeviationsArePlotted) {
     const RunResult run = RunOfExample("mtcars.KOV");
     ASSERT_EQ(run.plots.size(), 1U);
-    const PlotRequest plot = testing::XYPlots(run).at(0);
-    EXPECT_EQ(plot.Title + "|" + plot.YAxisTitle + "|" + plot.XAxisTitle + "|" + plot.Footnote,
+    const ChartModel& plot = run.plots[0];
+    EXPECT_EQ(NameOf(plot.kind), "weighed_deviance");
+    EXPECT_EQ(plot.title + "|" + plot.yAxis.title + "|" + plot.xAxis.title + "|" + plot.footnote,
               "Weighed Deviance vs Model-Predicted|Deviation|Observed|n =  32");
-    ASSERT_EQ(plot.ChartData.size(), 3U);
-    EXPECT_EQ(plot.ChartData[0]->at(0), 23.57);
-    EXPECT_EQ(plot.ChartData[0], plot.ChartData[1]);
+    EXPECT_EQ(plot.series.at(0).x->at(0), 23.57);
     double total = 0;
-    for (const double share : *plot.ChartData[2])
+    for (const double share : *plot.series[0].y)
         total += std::abs(share);
     EXPECT_NEAR(total, 1, 1e-14);
 }

@@ -1,4 +1,5 @@
 #include "evaluation/report_of.h"
+#include "plots/chart_operations.h"
 
 namespace corvane {
 namespace {
@@ -38,6 +39,19 @@ TEST(DifferenceReports, TheSizeRoundsHalvesToEvenAndThreePasses) {
                 {size("60 per cent"), {&Options::MSPE_BOOTSTRAP_SUBSAMPLE, std::string("0")}});
 }
 
+TEST(DifferenceReports, TheBootstrapTellsItsShareOfTheRun) {
+    Workbench bench;
+    bench.OpenExample("mtcars.KOV")
+        .Only(ours)
+        .Set({{&Options::MSPE_BOOTSTRAP_SUBSAMPLE, std::string("5000")}});
+    bench.Evaluate();
+    // 5000 x 32 draws are in the third of five stretches, with a look each 65536.
+    const std::vector<double> expected = {0.2, 0.4, 0.4 + 0.2 * 0.4096, 0.4 + 0.2 * 0.8192, 0.6, 0.8};
+    ASSERT_EQ(bench.progress.shares.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_NEAR(bench.progress.shares[i], expected[i], 1e-15);
+}
+
 TEST(SampleReports, ARatioBeyondRangeLeavesZeros) {
     EXPECT_TRUE(Has(
         RunOfPairs("pairs.KOV", {{"1e200", "1e-200"}, {"2", "1"}, {"3", "5"}}, {&Options::INDEX_ANALYSIS}),
@@ -64,27 +78,56 @@ TEST(DifferenceReports, WithoutSpreadThereIsNoEvidence) {
              "H0: ß0 = 0 & ß1 = 0, F-value (P-value) :    0.");
 }
 
+/// P between 0.05 and 0.06. R 4.2.2: P of the line's F by pf(F, n - 2, 2), of t.test(y, x, paired = TRUE), of
+/// var.test(y, x) and of cor.test(x, y) in this order.
+TEST(DifferenceReports, TheVerdictsLevelIsFivePerCent) {
+    const auto verdict = [](const TextPairs& pairs) {
+        const std::string text = RunOfPairs("p.KOV", pairs, {&Options::KLEIJNEN_ANALYSIS}).report.Text();
+        return text.substr(text.find("!! ", text.find("F-value (P-value) :")));
+    };
+    const std::string met =
+        "!! Fail to reject H0 and conclude the model meets the stringent validation requirement !!\r\n";
+    // 0.0539, 0.569, 0.987, 0.0009
+    const TextPairs line = {{"7.6", "7.8"}, {"13.7", "14.8"}, {"9.9", "9.3"},
+                            {"8.0", "6.9"}, {"9.3", "9.5"},   {"17.6", "16.5"}};
+    // 0.916, 0.0535, 0.0521, 0.241
+    const TextPairs meanAndVariance = {{"7.7", "15.9"},  {"7.4", "4.0"},   {"6.3", "12.0"},
+                                       {"10.2", "22.6"}, {"12.6", "16.9"}, {"10.1", "15.0"}};
+    // 0.906, 0.0065, 0.583, 0.0559
+    const TextPairs correlation = {{"10.3", "11.0"}, {"10.4", "12.7"}, {"8.0", "12.3"},
+                                   {"6.6", "11.5"},  {"13.5", "19.2"}, {"8.6", "11.2"}};
+    EXPECT_EQ(verdict(line), met);
+    EXPECT_EQ(verdict(meanAndVariance), met);
+    EXPECT_EQ(verdict(correlation), "!! Stringent assumption of identical mean failed !!\r\n"
+                                    "!! Stringent assumption of positive correlation failed !!\r\n");
+}
+
 TEST(DifferenceReports, EachRegressionAsksForItsPlot) {
     const RunResult result = RunOfExample("mtcars.KOV", ours);
     ASSERT_EQ(result.plots.size(), 2U);
-    const std::vector<PlotRequest> plots = testing::XYPlots(result);
-    const PlotRequest &kleijnen = plots.front(), &altman = plots.back();
-    EXPECT_EQ(kleijnen.Title + "|" + kleijnen.XAxisTitle, "Kleijnen Analysis|Summation");
-    EXPECT_EQ(altman.Title + "|" + altman.XAxisTitle, "Bland and Altman Analysis|Average");
+    const ChartModel &kleijnen = result.plots.front(), &altman = result.plots.back();
+    EXPECT_EQ(NameOf(kleijnen.kind), "kleijnen");
+    EXPECT_EQ(NameOf(altman.kind), "bland_altman");
+    EXPECT_EQ(kleijnen.title + "|" + kleijnen.xAxis.title, "Kleijnen Analysis|Summation");
+    EXPECT_EQ(altman.title + "|" + altman.xAxis.title, "Bland and Altman Analysis|Average");
     // The third pair is 25.28 and 22.8; the average takes the first Y, 21, for every pair.
-    ASSERT_EQ(kleijnen.ChartData.size(), 3U);
-    EXPECT_EQ(kleijnen.ChartData[0]->at(2), 25.28 + 22.8);
-    EXPECT_EQ(altman.ChartData[0]->at(2), (25.28 + 21) / 2);
-    for (const PlotRequest& plot : plots) {
-        EXPECT_EQ(plot.ChartData[1], plot.ChartData[0]);
-        EXPECT_EQ(plot.ChartData[2]->at(2), 25.28 - 22.8);
-        EXPECT_EQ(plot.PointCount, 32);
-        EXPECT_FALSE(plot.SameScale);
-        EXPECT_EQ(plot.YAxisTitle + "|" + plot.Footnote + "|" + plot.LegendPosition + "|" + plot.WindowName,
-                  "Difference|n =  32|0|mtcars.KOV");
-        EXPECT_EQ(plot.TitleFont + plot.TitleSize + plot.FootnoteFont + plot.FootnoteSize +
-                      plot.AxisTitleFont + plot.AxisTitleSize + plot.AxisLabelFont + plot.AxisLabelSize,
-                  "Arial14Arial8Arial10Arial12");
+    EXPECT_EQ(kleijnen.series.at(0).x->at(2), 25.28 + 22.8);
+    EXPECT_EQ(altman.series.at(0).x->at(2), (25.28 + 21) / 2);
+    for (const ChartModel& plot : result.plots) {
+        const ChartSeries& points = plot.series.at(0);
+        EXPECT_EQ(points.y->at(2), 25.28 - 22.8);
+        EXPECT_EQ(points.y->size(), 32U);
+        EXPECT_EQ(RowOf(plot, {0, 31}), 32);
+        EXPECT_EQ(points.colour, (Colour{0, 0, 255}));
+        EXPECT_FALSE(plot.sharedScale || plot.legend);
+        EXPECT_EQ(plot.yAxis.title + "|" + plot.footnote + "|" + plot.windowCaption,
+                  "Difference|n =  32|Plot - mtcars.KOV");
+        EXPECT_EQ(
+            std::vector({plot.titleSize, plot.footnoteSize, plot.xAxis.titleSize, plot.yAxis.labelSize}),
+            (std::vector<double>{14, 8, 10, 12}));
+        for (const std::string& font :
+             {plot.titleFont, plot.footnoteFont, plot.xAxis.titleFont, plot.yAxis.labelFont})
+            EXPECT_EQ(font, "Arial");
     }
 }
 

@@ -57,13 +57,17 @@ struct Workbench {
             ChangeOption(dataset, session, OptionOf(member), value);
         return *this;
     }
-    RunResult Evaluate(const std::string& residueFolder = "") {
-        return Calculate(dataset, session, fakes.Services(residueFolder));
+    /// Runs and applies what the run wants changed.
+    RunResult Evaluate(const std::string& residueFile = "") {
+        RunResult result =
+            Calculate({dataset, session, FixedClock().Now(), FixedRandom().Seed(), residueFile}, progress);
+        ApplyChanges(result.changes, dataset, session);
+        return result;
     }
 
     Dataset dataset;
     SessionState session;
-    RunFakes fakes;
+    RecordingProgress progress;
 };
 
 inline RunResult RunOfExample(const std::string& example, const Gates& gates, const Settings& settings = {}) {
@@ -80,15 +84,6 @@ inline bool Has(const std::string& text, const std::string& part) {
 }
 inline bool Has(const RunResult& run, const std::string& part) {
     return Has(run.report.Text(), part);
-}
-
-/// The XY plots that a run asked for, in their order.
-inline std::vector<PlotRequest> XYPlots(const RunResult& run) {
-    std::vector<PlotRequest> plots;
-    for (const ChartRequest& request : run.plots)
-        if (const auto* plot = std::get_if<PlotRequest>(&request))
-            plots.push_back(*plot);
-    return plots;
 }
 
 } // namespace corvane::testing

@@ -75,12 +75,10 @@ TEST_F(ResidualReports, ATableInAFile) {
     Set({{&Options::RESIDUAL_REGRESSION_PLOT, on},
          {&Options::SAVE_RESIDUE_TEXT, on},
          {&Options::RESIDUE_WINDOW, off}});
-    const RunResult run = Evaluate("/out/");
-    EXPECT_EQ(run.residueFile, "/out/Residue0000.TXT");
+    const RunResult run = Evaluate("/out/Residue0000.TXT");
     EXPECT_EQ(run.warnings, Strings{});
-    ExpectGolden("residual_cars_file.txt", fakes.files.files["/out/Residue0000.TXT"]);
+    ExpectGolden("residual_cars_file.txt", run.residueText);
     ExpectGolden("residual_cars.txt", TextOf(run));
-    EXPECT_EQ(Evaluate("/out").residueFile, "/out/Residue0001.TXT");
 }
 
 TEST_F(ResidualReports, NoColumn) {
@@ -90,31 +88,16 @@ TEST_F(ResidualReports, NoColumn) {
     ExpectGolden("residual_pearson.txt", Text());
 }
 
-TEST_F(ResidualReports, AFileThatCannotBeWritten) {
+TEST_F(ResidualReports, WithoutAPlaceForTheFileTheTableStaysInTheReport) {
     OpenExample("pearson.KOV");
     const std::string whole = Text();
     Set({{&Options::SAVE_RESIDUE_TEXT, on}});
     const RunResult homeless = Evaluate();
     EXPECT_EQ(TextOf(homeless), whole);
-    EXPECT_EQ(homeless.residueFile, "");
+    EXPECT_EQ(homeless.residueText, "");
     EXPECT_TRUE(Has(homeless.warnings.at(0), "no residue file was written")) << homeless.warnings[0];
-
-    // The table is neither in the file nor in the report, and what stood behind it is not reached.
-    RefusingFiles refusing;
-    const RunResult refused = Calculate(
-        dataset, session, {fakes.dialogs, fakes.feedback, fakes.clock, fakes.random, refusing, "/locked"});
-    const std::size_t table = whole.find("  #  X"), behind = whole.find("SE Res = "),
-                      rule = whole.rfind("\r\n-----") + 2;
-    EXPECT_EQ(TextOf(refused), whole.substr(0, table) +
-                                   "Residue calculation saved in file:/locked/Residue0000.TXT\r\n\r\n" +
-                                   whole.substr(behind, rule - behind));
-    EXPECT_EQ(refused.residueFile, "");
-    EXPECT_EQ(refused.warnings, Strings{});
-    EXPECT_TRUE(Has(refused.notSaved.at(0), "/locked/Residue0000.TXT: Permission denied"));
-    EXPECT_EQ(refused.report.Sections().back().failures.size(), 1U);
 }
 
-// y = x + {1, -1, 1, -1, 2, -2}: the deviations are whole numbers.
 const NumberPairs wholeDeviations = {{1, 2}, {2, 1}, {3, 4}, {4, 3}, {5, 7}, {6, 4}};
 
 TEST_F(ResidualReports, StarsAreStrictAndCountOnlyInAColumnThatIsShown) {
@@ -184,8 +167,9 @@ TEST_F(ResidualReports, PlotsComeLastEachAfterItsProgressText) {
     Put(wholeDeviations);
     const auto titles = [](const RunResult& run) {
         Strings names;
-        for (const PlotRequest& plot : XYPlots(run))
-            names.push_back(plot.Title + "|" + plot.XAxisTitle + "|" + plot.YAxisTitle + "|" + plot.Footnote);
+        for (const ChartModel& plot : run.plots)
+            names.push_back(std::string(NameOf(plot.kind)) + "|" + plot.title + "|" + plot.xAxis.title + "|" +
+                            plot.yAxis.title + "|" + plot.footnote);
         return names;
     };
     Set({{&Options::SHOW_RESIDUAL_PLOT, on},
@@ -193,39 +177,42 @@ TEST_F(ResidualReports, PlotsComeLastEachAfterItsProgressText) {
          {&Options::SHOW_NORMAL_PLOT, on},
          {&Options::RESIDUAL_REGRESSION_PLOT, on}});
     const RunResult run = Evaluate();
-    EXPECT_EQ(fakes.feedback.shown,
-              (Strings{"Regression...", "Residual analysis...", "Residue regression...", "Residual plot...",
-                       "Deviation plot...", "Normal plot...", "(hidden)"}));
-    EXPECT_EQ(titles(run),
-              (Strings{"Studentized Residue vs Regression-Predicted|Regression-Predicted|Studentized Residue "
-                       "(× 120)|n =  6",
-                       "Deviation vs Observed|Observed|Deviation|n =  6",
-                       "Expected Normal Residue vs Residue|Residue|Normal Residue|n =  6",
-                       "Residue vs Regression-Predicted|Regression-Predicted|Residue|n =  6",
-                       "Deviation vs Model-Predicted|Model-Predicted|Deviation|n =  6"}));
-    const std::vector<PlotRequest> plots = XYPlots(run);
-    EXPECT_EQ(*plots[1].ChartData[0], (std::vector<double>{2, 1, 4, 3, 7, 4}));
-    EXPECT_EQ(*plots[1].ChartData[2], (std::vector<double>{1, -1, 1, -1, 2, -2}));
-    EXPECT_EQ(*plots[4].ChartData[0], (std::vector<double>{1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(progress.stages, (Strings{"Regression...", "Residual analysis...", "Residue regression...",
+                                        "Residual plot...", "Deviation plot...", "Normal plot..."}));
+    EXPECT_EQ(
+        titles(run),
+        (Strings{
+            "residual|Studentized Residue vs Regression-Predicted|Regression-Predicted|Studentized Residue "
+            "(× 120)|n =  6",
+            "deviation|Deviation vs Observed|Observed|Deviation|n =  6",
+            "normal|Expected Normal Residue vs Residue|Residue|Normal Residue|n =  6",
+            "residue|Residue vs Regression-Predicted|Regression-Predicted|Residue|n =  6",
+            "deviation_model|Deviation vs Model-Predicted|Model-Predicted|Deviation|n =  6"}));
+    EXPECT_EQ(*run.plots[1].series.at(0).x, (std::vector<double>{2, 1, 4, 3, 7, 4}));
+    EXPECT_EQ(*run.plots[1].series.at(0).y, (std::vector<double>{1, -1, 1, -1, 2, -2}));
+    EXPECT_EQ(*run.plots[4].series.at(0).x, (std::vector<double>{1, 2, 3, 4, 5, 6}));
 
     Set({{&Options::RESIDUAL_ANALYSIS, off}});
-    fakes.feedback.shown.clear();
+    progress.stages.clear();
+    dataset.cells.Set(ColumnExclude, 2, std::string_view("y"));
     const RunResult plotsOnly = Evaluate();
-    EXPECT_EQ(fakes.feedback.shown, (Strings{"Regression...", "(hidden)"}));
+    EXPECT_EQ(progress.stages, (Strings{"Regression..."}));
     EXPECT_EQ(titles(plotsOnly).size(), 2U); // of the residues and the deviations
+    for (const ChartModel& plot : plotsOnly.plots)
+        EXPECT_EQ(*plot.series.at(0).rows, (std::vector<std::int32_t>{1, 3, 4, 5, 6}));
     EXPECT_TRUE(plotsOnly.windows.empty());
     EXPECT_FALSE(Has(plotsOnly, "RESID"));
 }
 
 TEST_F(ResidualReports, TheResidualPlotIsStretchedWhereItIsNarrow) {
     const auto plotOf = [&](double low, double high) {
-        const RunServices services = fakes.Services();
-        RunState run{dataset, session, services};
+        RunState run{.snapshot = {dataset, session, {}, 0, {}}, .progress = progress};
+        run.arrays.rows = {1, 2, 3};
         run.residuals.RStdtRes = {low, 0.5, high};
         run.residuals.Fitted = {1, 2, 3};
-        RequestResidualPlot(run);
-        const auto& plot = std::get<PlotRequest>(run.plots.at(0));
-        return std::pair(plot.YAxisTitle, plot.ChartData.at(2)->back());
+        ResidualPlot.write(run);
+        const ChartModel& plot = run.plots.at(0);
+        return std::pair(plot.yAxis.title, plot.series.at(0).y->back());
     };
     const double saturated = std::numeric_limits<double>::max();
     for (const auto& [low, high, factor, value] :

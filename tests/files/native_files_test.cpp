@@ -1,3 +1,4 @@
+#include "platform/native/desktop_programs.h"
 #include "platform/native/native_file_store.h"
 #include "platform/native/native_processes.h"
 
@@ -7,8 +8,10 @@
 
 #include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <pty.h>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -198,6 +201,46 @@ TEST(NativeProcesses, RunsACommandLineAndGivesItsExitCode) {
     EXPECT_EQ(processes.RunAndWait("true"), 0);
     EXPECT_EQ(processes.RunAndWait("no-such-program-here"), std::nullopt);
     EXPECT_EQ(processes.RunAndWait("  "), std::nullopt);
+}
+
+/// Keeps what it was asked to start; `desktop` is the exit code of the desktop's opener.
+struct RecordingProcesses : Processes {
+    std::optional<int> RunAndWait(const std::vector<std::string>& words) override {
+        started.push_back(words.at(0) + " " + words.back());
+        return words[0] == "xdg-open" ? desktop : 0;
+    }
+    std::optional<int> RunAndWait(const std::string&) override { return {}; }
+    std::optional<int> RunAndWait(const std::string&, std::string&) override { return {}; }
+
+    int desktop = 0;
+    std::vector<std::string> started;
+};
+
+/// Standard input and output are a terminal of its own, or none.
+TEST(NativePrograms, TheEditorIsTheDesktopsOrOnATerminalTheUsers) {
+    const auto opened = [](const char* display, bool terminal, int desktop) {
+        int master = -1, slave = ::open("/dev/null", O_RDWR);
+        if (terminal) {
+            EXPECT_EQ(::openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+        }
+        const int in = ::dup(STDIN_FILENO), out = ::dup(STDOUT_FILENO);
+        ::dup2(slave, STDIN_FILENO), ::dup2(slave, STDOUT_FILENO);
+        ::setenv("DISPLAY", display, 1), ::unsetenv("WAYLAND_DISPLAY");
+        ::unsetenv("VISUAL"), ::setenv("EDITOR", "ed -s", 1);
+        RecordingProcesses processes;
+        processes.desktop = desktop;
+        const bool done = UserTextEditor(processes).Open("t.txt");
+        ::dup2(in, STDIN_FILENO), ::dup2(out, STDOUT_FILENO);
+        for (const int descriptor : {master, slave, in, out})
+            ::close(descriptor);
+        return std::pair(done, processes.started);
+    };
+    using Opened = std::pair<bool, std::vector<std::string>>;
+    EXPECT_EQ(opened("", false, 0), Opened(false, {}));
+    EXPECT_EQ(opened("", true, 0), Opened(true, {"ed t.txt"}));
+    EXPECT_EQ(opened(":0", true, 0), Opened(true, {"xdg-open t.txt"}));
+    EXPECT_EQ(opened(":0", true, 3), Opened(true, {"xdg-open t.txt", "ed t.txt"}));
+    EXPECT_EQ(opened(":0", false, 3), Opened(false, {"xdg-open t.txt"}));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "generator/pair_generator.h"
 
-#include "core/failure.h"
+#include "core/format/failure.h"
 #include "stats/pair_statistics.h"
 #include "support/fakes.h"
 

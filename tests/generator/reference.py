@@ -2,6 +2,7 @@
 from itertools import islice
 from math import erfc, exp, expm1, log, log1p, sqrt
 from statistics import NormalDist
+import sys
 
 z = NormalDist().inv_cdf
 
@@ -78,6 +79,9 @@ def partner(slope, u, v, t):
 
 if __name__ == "__main__":
     assert next(islice(mersenne_twister(5489), 9999, None)) == 9981545732273789042  # the C++ standard's check
+    if len(sys.argv) == 3:  # a seed and a number of draws: these in [0, 1), for tests/golden/difference.R
+        print(*(repr((x >> 11) / 2 ** 53) for x in islice(mersenne_twister(int(sys.argv[1])), int(sys.argv[2]))), sep="\n")
+        sys.exit()
     half = {}
     for name, gap, slope, starts in (("frank", frank_gap, frank_slope, (0.0063, 0.63, 3.7, 16, 93, 600)),
                                      ("clayton", clayton_gap, clayton_slope, (0.0012, 0.13, 1, 6.8, 49, 330))):

@@ -1,57 +1,12 @@
-# Derives the numbers and verdicts of difference_*.txt. The sub-samples are drawn anew by a Mersenne Twister of 64 bits
-# (Nishimura, 2000, ACM Transactions on Modeling and Computer Simulation 10, 348-357), a row of bits for each number, the
-# lowest first.
+# Derives the numbers and verdicts of difference_*.txt. The sub-samples are drawn anew by the Mersenne Twister of
+# tests/generator/reference.py.
 
 source(file.path(dirname(sub("^--file=", "", grep("^--file=", commandArgs(FALSE), value = TRUE))), "derive.R"))
 
-bits <- function(hex)
-  unlist(lapply(c(13, 9, 5, 1), function(at) intToBits(strtoi(substr(hex, at, at + 3), 16L))[1:16] == 1))
-masked <- function(a, hex) a & rep(bits(hex), each = nrow(a))
-right <- function(a, k) cbind(a[, (k + 1):64, drop = FALSE], matrix(FALSE, nrow(a), k))
-left <- function(a, k) cbind(matrix(FALSE, nrow(a), k), a[, 1:(64 - k), drop = FALSE])
-times <- function(a, b, plus) {  # of single numbers, modulo 2^64
-  sums <- sapply(1:64, function(k) sum(a[1:k] & b[k:1]))
-  for (k in 1:64) {
-    plus <- plus + sums[k]
-    sums[k] <- plus %% 2
-    plus <- plus %/% 2
-  }
-  sums == 1
-}
-seeded <- function(seed) {
-  state <- matrix(FALSE, 312, 64)
-  state[1, 1:32] <- intToBits(seed) == 1
-  for (i in 2:312) {
-    last <- state[i - 1, , drop = FALSE]
-    state[i, ] <- times(bits("5851f42d4c957f2d"), xor(last, right(last, 62)), i - 1)
-  }
-  state
-}
-twisted <- function(state) {
-  twist <- function(rows, partners) {
-    joined <- masked(state[rows, , drop = FALSE], "ffffffff80000000") |
-      masked(state[rows %% 312 + 1, , drop = FALSE], "000000007fffffff")
-    xor(xor(state[partners, , drop = FALSE], right(joined, 1)), outer(joined[, 1], bits("b5026f5aa96619e9"), "&"))
-  }
-  state[1:156, ] <- twist(1:156, 157:312)
-  state[157:311, ] <- twist(157:311, 1:155)
-  state[312, ] <- twist(312, 156)
-  state
-}
 uniforms <- function(seed, count) {  # the upper 53 bits, in [0, 1)
-  state <- seeded(seed); draws <- NULL
-  while (length(draws) < count) {
-    y <- state <- twisted(state)
-    y <- xor(y, masked(right(y, 29), "5555555555555555"))
-    y <- xor(y, masked(left(y, 17), "71d67fffeda60000"))
-    y <- xor(y, masked(left(y, 37), "fff7eee000000000"))
-    y <- xor(y, right(y, 43))
-    draws <- c(draws, y[, 12:64] %*% 2^(-53:-1))
-  }
-  draws[seq_len(count)]
+  script <- file.path(here, "..", "generator", "reference.py")
+  as.numeric(system2("python3", c(shQuote(script), seed, sprintf("%d", count)), stdout = TRUE))
 }
-# The 10000th draw of the default seed, ISO C++ [rand.predef].
-stopifnot(abs(uniforms(5489, 10000)[10000] - 9981545732273789042 / 2^64) < 2^-52)
 
 bootstrap <- function(x, y, percentage, count) {
   n <- length(x)

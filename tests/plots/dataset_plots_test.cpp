@@ -1,6 +1,7 @@
 #include "plots/dataset_plots.h"
 
 #include "plots/axis_scale.h"
+#include "plots/chart_operations.h"
 #include "plots/xy_plot.h"
 
 #include <cmath>
@@ -27,18 +28,23 @@ Dataset With(const std::vector<Row>& rows, int columnX = ColumnX, int columnY = 
 const std::vector<Row> mixed = {{"1", "2", ""},  {"2", "1", "yes"}, {"3", "", "0"},
                                 {"4", "9", "n"}, {"", "5", ""},     {"6", "6", ""}};
 
+ChartModel Only(const ChartOutcome& outcome) {
+    EXPECT_EQ(outcome.message, "");
+    return outcome.charts.at(0);
+}
+
 TEST(ScatterPlot, LeavesOutTheExcludedOnly) {
-    const PlotOutcome plot = ScatterPlot(With(mixed), {});
-    ASSERT_TRUE(plot.request);
-    EXPECT_EQ(plot.request->Footnote, "n =  3");
-    EXPECT_EQ(plot.request->ColumnCount, 5);
-    EXPECT_EQ(plot.request->WindowName, "Untitled");
-    EXPECT_EQ(plot.request->Title, "Observed vs Model-Predicted");
-    const ChartModel chart = CreateXYPlot(*plot.request);
+    const ChartModel chart = Only(ScatterPlot(With(mixed), {}));
+    EXPECT_EQ(NameOf(chart.kind), "scatter");
+    EXPECT_EQ(chart.windowCaption + "|" + chart.title + "|" + chart.footnote,
+              "Plot - Untitled|Observed vs Model-Predicted|n =  3");
     ASSERT_EQ(chart.series.size(), 2u);
     EXPECT_EQ(chart.series[0].name, "Obs");
     EXPECT_EQ((*chart.series[0].x)[1], 3);
     EXPECT_TRUE(std::isnan((*chart.series[0].y)[1])); // an empty Y is a gap
+    EXPECT_EQ(*chart.series[0].rows, (std::vector<std::int32_t>{1, 3, 4}));
+    EXPECT_EQ(RowOf(chart, {0, 2}), 4);
+    EXPECT_EQ(RowOf(chart, {1, 0}), std::nullopt); // of a line
     EXPECT_EQ(chart.series[1].name, "Y=X");
     EXPECT_EQ(chart.series[1].colour, (Colour{255, 0, 0}));
     EXPECT_TRUE(chart.series[1].line);
@@ -51,16 +57,15 @@ TEST(ScatterPlot, ShowsTheExcludedApartAndFollowsTheOptions) {
     dataset.options.PLOT_YX = 0;
     dataset.options.SAME_SCALE_XY = 0;
     dataset.options.SwapXY = 1;
-    const PlotOutcome plot = ScatterPlot(dataset, {});
-    ASSERT_TRUE(plot.request);
-    EXPECT_EQ(plot.request->Footnote, "n =  4");
-    EXPECT_EQ(plot.request->Title + plot.request->XAxisTitle + plot.request->YAxisTitle,
+    const ChartModel chart = Only(ScatterPlot(dataset, {}));
+    EXPECT_EQ(chart.footnote, "n =  4");
+    EXPECT_EQ(chart.title + chart.xAxis.title + chart.yAxis.title,
               "Model-Predicted vs ObservedObserved (X)Model-Predicted (Y)");
-    const ChartModel chart = CreateXYPlot(*plot.request);
     ASSERT_EQ(chart.series.size(), 2u);
     EXPECT_EQ(chart.series[1].name, "Excluded");
     EXPECT_EQ(chart.series[1].marker, Marker::Cross);
     EXPECT_EQ((*chart.series[1].y)[1], 1);
+    EXPECT_EQ(RowOf(chart, {1, 1}), 2);
     EXPECT_TRUE(std::isnan((*chart.series[0].y)[1]));
     EXPECT_TRUE(chart.xAxis.automatic);
     EXPECT_EQ(ScatterPlot(With({{"1", "1", ""}, {"2", "2", ""}}), {}).message,
@@ -68,22 +73,30 @@ TEST(ScatterPlot, ShowsTheExcludedApartAndFollowsTheOptions) {
 }
 
 TEST(RankPlot, TakesRankedRows) {
-    const PlotOutcome plot = RankPlot(
+    const ChartModel chart = Only(RankPlot(
         With({{"1", "2", ""}, {".", ".", "Y"}, {"2", "1", ""}, {"3.5", "3", ""}}, ColumnRankX, ColumnRankY),
-        {});
-    ASSERT_TRUE(plot.request);
-    EXPECT_EQ(plot.request->Footnote, "n =  3");
-    EXPECT_EQ(plot.request->Title, "Rank of Observed vs Rank of Model-Predicted");
+        {}));
+    EXPECT_EQ(std::string(NameOf(chart.kind)) + "|" + chart.footnote + "|" + chart.title,
+              "ranks|n =  3|Rank of Observed vs Rank of Model-Predicted");
+    EXPECT_EQ(*chart.series[0].rows, (std::vector<std::int32_t>{1, 3, 4}));
     EXPECT_EQ(RankPlot(With(mixed), {}).message, "Not enough rank points to generate a plot");
 }
 
-TEST(CreateXYPlot, SizesMarkersByTheNumberOfPoints) {
+TEST(PointChart, SizesMarkersByTheNumberOfPoints) {
     for (const auto& [points, size] : {std::pair{49, 200}, {50, 150}, {99, 150}, {100, 100}}) {
-        PlotRequest request;
-        request.PointCount = points;
-        request.ChartData.assign(3, ShareColumn({1}));
-        EXPECT_EQ(CreateXYPlot(request).series[0].markerSize, size);
+        const SharedColumn column = ShareColumn(std::vector<double>(static_cast<std::size_t>(points), 1));
+        const ChartModel chart = PointChart(ChartKind::Residue, {"T", "X", "Y"}, {column, column, {}}, {});
+        EXPECT_EQ(chart.series.at(0).markerSize, size);
+        EXPECT_EQ(RowOf(chart, {0, 0}), std::nullopt);
     }
+}
+
+TEST(ChartKind, HasANameOfItsOwn) {
+    for (const auto& [kind, name] : ChartKinds) {
+        EXPECT_EQ(ChartKindOf(name), kind);
+        EXPECT_EQ(NameOf(kind), name);
+    }
+    EXPECT_EQ(ChartKindOf("pie"), std::nullopt);
 }
 
 } // namespace

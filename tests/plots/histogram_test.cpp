@@ -27,9 +27,10 @@ TEST(Histogram, CountsIntoBinsThatHoldTheirLowerBound) {
 }
 
 TEST(Histogram, OfXAndYTogether) {
-    const HistogramOutcome outcome = HistogramPlots(With(xs, ys));
-    ASSERT_EQ(outcome.requests.size(), 1u);
-    const ChartModel chart = CreateHistogramPlot(outcome.requests[0]);
+    const ChartOutcome outcome = HistogramPlots(With(xs, ys));
+    ASSERT_EQ(outcome.charts.size(), 1u);
+    const ChartModel& chart = outcome.charts[0];
+    EXPECT_EQ(chart.kind, ChartKind::Histogram);
     EXPECT_EQ(chart.title, "Histogram of X and Y");
     EXPECT_EQ(chart.windowCaption, "Plot - Histogram");
     EXPECT_EQ(*chart.series[0].y, (Values{2, 3, 0, 1}));
@@ -50,13 +51,27 @@ TEST(Histogram, SeparateAccumulatedPercentagesAndDifferences) {
     dataset.options.HIST_ACCUMULATED = dataset.options.HIST_PERCENTAGE = 1;
     dataset.cells.Set(ColumnExclude, 6, std::string_view("y"));
     dataset.cells.Set(ColumnY, 5, std::string_view("n/a"));
-    const HistogramOutcome outcome = HistogramPlots(dataset);
-    ASSERT_EQ(outcome.requests.size(), 3u);
-    EXPECT_EQ(*CreateHistogramPlot(outcome.requests[0]).series[0].y, (Values{25, 25, 50, 100})); // 0 1 2 2
-    EXPECT_EQ(CreateHistogramPlot(outcome.requests[0]).yAxis.title, "Accumulated Frequency, %");
-    EXPECT_EQ(CreateHistogramPlot(outcome.requests[1]).footnote.substr(0, 14), "P(Y ~ Normal)=");
-    EXPECT_EQ(CreateHistogramPlot(outcome.requests[2]).title, "Histogram of X - Y");
-    EXPECT_EQ(*CreateHistogramPlot(outcome.requests[2]).series[0].y, (Values{50, 50, 50, 100})); // 3 3 4 4
+    const std::vector<ChartModel> charts = HistogramPlots(dataset).charts;
+    ASSERT_EQ(charts.size(), 3u);
+    EXPECT_EQ(*charts[0].series[0].y, (Values{25, 25, 50, 100})); // 0 1 2 2
+    EXPECT_EQ(charts[0].yAxis.title, "Accumulated Frequency, %");
+    EXPECT_EQ(charts[1].footnote.substr(0, 14), "P(Y ~ Normal)=");
+    EXPECT_EQ(charts[2].title, "Histogram of X - Y");
+    EXPECT_EQ(*charts[2].series[0].y, (Values{50, 50, 50, 100})); // 3 3 4 4
+}
+
+TEST(Histogram, TheOptionsChooseTheStyle) {
+    using Options = AnalysisOptions;
+    for (const auto& [button, style] : {std::pair{&Options::HIST_LINE, ChartStyle::Line},
+                                        {&Options::HIST_AREA, ChartStyle::Area},
+                                        {&Options::HIST_STEP, ChartStyle::Step},
+                                        {&Options::HIST_Pie, ChartStyle::Pie},
+                                        {&Options::HIST_BAR, ChartStyle::Bar}}) {
+        Dataset dataset = With(xs, ys);
+        dataset.options.HIST_BAR = false;
+        dataset.options.*button = true;
+        EXPECT_EQ(HistogramPlots(dataset).charts.at(0).style, style);
+    }
 }
 
 TEST(Histogram, RefusesTooFewRowsAndTooManyBins) {
@@ -65,10 +80,10 @@ TEST(Histogram, RefusesTooFewRowsAndTooManyBins) {
     dataset.options.HIST_BINS = "1001";
     EXPECT_NE(HistogramPlots(dataset).message.find("1001"), std::string::npos);
     dataset.options.HIST_BINS = "-5";
-    EXPECT_EQ(CreateHistogramPlot(HistogramPlots(dataset).requests.at(0)).categories,
+    EXPECT_EQ(HistogramPlots(dataset).charts.at(0).categories,
               (std::vector<std::string>{"R01", "R02", "R03"}));
     dataset.options.HIST_BINS = "100";
-    EXPECT_EQ(CreateHistogramPlot(HistogramPlots(dataset).requests.at(0)).categories.front(), "R1");
+    EXPECT_EQ(HistogramPlots(dataset).charts.at(0).categories.front(), "R1");
 }
 
 } // namespace

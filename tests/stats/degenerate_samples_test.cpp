@@ -111,7 +111,7 @@ void CheckPair(const Values& x, const Values& y, double order) {
     ExpectWithin(0, 1, {s.P, s.P2, k.P, ks.D, ks.P, 2 * mw.OneSidedP});
     for (const auto test : {TTestEqualVariance, TTestUnequalVariance, TTestPairedCovariance,
                             TTestPairedDifference, FTestVariance}) {
-        const TestResult result = test(y, x), swapped = test(x, y);
+        const TestResult result = test(y, x, {}), swapped = test(x, y, {});
         ExpectWithin(-largest, largest, {result.Statistic});
         ExpectWithin(0, 1, {result.P});
         ASSERT_TRUE(test == FTestVariance || result.Statistic == -swapped.Statistic);

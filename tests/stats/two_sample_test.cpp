@@ -10,7 +10,7 @@ namespace corvane::stats::test {
 
 namespace {
 
-using Test = TestResult (*)(std::span<const double>, std::span<const double>);
+using Test = TestResult (*)(std::span<const double>, std::span<const double>, const std::stop_token&);
 constexpr std::pair<const char*, Test> tests[] = {{"TTestEqualVariance", TTestEqualVariance},
                                                   {"TTestUnequalVariance", TTestUnequalVariance},
                                                   {"TTestPairedCovariance", TTestPairedCovariance},
@@ -75,11 +75,11 @@ TEST(TwoSamples, DegenerateSamplesSaturate) {
     constexpr double largest = std::numeric_limits<double>::max();
     const std::vector<double> three(4, 3.0), two(4, 2.0), mixed{1, 2, 2, 3};
     for (const auto& [name, test] : tests) {
-        EXPECT_EQ(test(three, three).Statistic, 0.0) << name;
-        EXPECT_EQ(test(three, three).P, 1.0) << name;
+        EXPECT_EQ(test(three, three, {}).Statistic, 0.0) << name;
+        EXPECT_EQ(test(three, three, {}).P, 1.0) << name;
         if (test != FTestVariance) {
-            EXPECT_EQ(test(two, three).Statistic, -largest) << name;
-            EXPECT_EQ(test(two, three).P, 0.0) << name;
+            EXPECT_EQ(test(two, three, {}).Statistic, -largest) << name;
+            EXPECT_EQ(test(two, three, {}).P, 0.0) << name;
         }
     }
     EXPECT_EQ(FTestVariance(mixed, three).Statistic, largest);

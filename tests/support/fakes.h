@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/run_services.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/feedback.h"
 #include "platform/file_store.h"
+#include "platform/progress.h"
 #include "platform/random.h"
 
 #include <map>
@@ -65,20 +65,23 @@ public:
         return files.contains(path) ? FileResult{false, "File exists", true} : Replace(path, bytes);
     }
 
+    FileResult Remove(const std::string& path) override { return {files.erase(path) == 1, "No such file"}; }
+
     std::map<std::string, std::string> files;
 };
 
-/// The services of a run, all of them fakes.
-struct RunFakes {
-    RecordingDialogs dialogs;
-    RecordingFeedback feedback;
-    FixedClock clock;
-    FixedRandom random;
-    MemoryFiles files;
-
-    RunServices Services(const std::string& residueFolder = "") {
-        return {dialogs, feedback, clock, random, files, residueFolder};
+/// Keeps what a run tells while it goes on.
+class RecordingProgress : public Progress {
+public:
+    void ShowStage(const std::string& text) override { stages.push_back(text); }
+    void ShowShare(double share) override { shares.push_back(share); }
+    void Tell(MessageStyle, const std::string& text, const std::string& title) override {
+        messages.push_back(text);
+        titles.push_back(title);
     }
+
+    std::vector<std::string> stages, messages, titles;
+    std::vector<double> shares;
 };
 
 } // namespace corvane::testing

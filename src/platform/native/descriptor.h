@@ -19,6 +19,7 @@ public:
         Close();
         number = opened;
     }
+    int Release() { return std::exchange(number, -1); }
     bool Close() { return number < 0 || ::close(std::exchange(number, -1)) == 0; }
 
 private:

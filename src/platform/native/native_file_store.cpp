@@ -168,4 +168,8 @@ FileResult NativeFileStore::Create(const std::string& path, const std::string& b
     return created;
 }
 
+FileResult NativeFileStore::Remove(const std::string& path) {
+    return ::unlink(path.c_str()) == 0 ? FileResult{true, {}, false} : Failed(errno);
+}
+
 } // namespace corvane

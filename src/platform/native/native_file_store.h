@@ -21,6 +21,8 @@ public:
     FileResult ReplaceEntry(const std::string& path, const ByteSource& source) override;
 
     FileResult Create(const std::string& path, const std::string& bytes) override;
+
+    FileResult Remove(const std::string& path) override;
 };
 
 } // namespace corvane
