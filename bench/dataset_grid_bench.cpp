@@ -31,6 +31,7 @@ struct Shown {
     explicit Shown(Document& document) : grid(document) {
         grid.resize(860, 600);
         grid.show();
+        QCoreApplication::processEvents();
         Paint();
     }
     void Paint() {
@@ -76,6 +77,7 @@ void JumpScroll(benchmark::State& state) {
     std::mt19937 random(6);
     for (auto _ : state) {
         bar.setValue(static_cast<int>(random() % static_cast<unsigned>(bar.maximum() + 1)));
+        QCoreApplication::processEvents();
         shown.Paint();
     }
 }

@@ -26,8 +26,8 @@ void PaintDots(QPainter& painter, const QStyleOptionViewItem& option) {
     const QRect cell = option.rect;
     const int text = std::min(option.fontMetrics.horizontalAdvance(option.text), cell.width() - 12);
     const int width = option.text.isEmpty() ? cell.width() - 12 : text;
-    const int y = cell.bottom() - 3;
-    painter.drawLine(cell.right() - 5 - width, y, cell.right() - 5, y);
+    const int right = cell.right() - 3, y = cell.bottom() - 1; // below commas and descenders
+    painter.drawLine(right - width, y, right, y);
 }
 
 void PaintRing(QPainter& painter, const QStyleOptionViewItem& option) {

@@ -106,7 +106,7 @@ QVariant DatasetGridModel::headerData(int section, Qt::Orientation orientation, 
         row <= document.Data().cells.RowCount() && RowIsExcluded(document.Data().cells, row);
     switch (role) {
     case Qt::DisplayRole:
-        return Text(PlainNumber(static_cast<double>(row)));
+        return Text(NumberText(static_cast<double>(row))); // a blank before it would be struck through, too
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     case Qt::AccessibleTextRole:
