@@ -27,8 +27,10 @@ struct PasteResult {
 /// "Error 13", and the exclusion mark stands as it is.
 std::string CopyText(const DataMatrix& cells);
 
-/// The table as spreadsheets take it: a line a row, ended by CR LF, cells parted by tabs, texts kept. A cell
-/// with a tab, a line end or a quote in it is quoted.
+/// A cell as spreadsheets take it: numbers at full precision, texts kept; one with a tab, a line end or a
+/// quote in it is quoted.
+std::string TableCell(const CellView& cell);
+/// The table of such cells: a line a row, ended by CR LF, cells parted by tabs.
 std::string CopyAsTable(const DataMatrix& cells);
 
 /// Stores the numbers of a clipboard text. ";", ",", tab and line feed part them, the end of the text closes
