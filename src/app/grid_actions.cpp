@@ -229,9 +229,10 @@ RowCountResult ApplyNumberOfRows(Document& document, const std::string& text) {
 
 void SwapXToY(Document& document, bool swapped) {
     const OptionRow& row = OptionOf(&AnalysisOptions::SwapXY);
-    document.Change({std::string(row.caption)}, [&](Dataset& dataset, SessionState& session) {
-        ChangeOption(dataset, session, row, static_cast<std::int16_t>(swapped ? 1 : 0));
-    });
+    document.Change({.words = std::string(row.caption), .replaces = true},
+                    [&](Dataset& dataset, SessionState& session) {
+                        ChangeOption(dataset, session, row, static_cast<std::int16_t>(swapped ? 1 : 0));
+                    });
 }
 
 void SortRows(Document& document, int column, bool descending) {
