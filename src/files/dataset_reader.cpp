@@ -97,12 +97,11 @@ std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset, LoadOutcome&
 void ReadNotes(TextReader& reader, std::string& notes) {
     notes.clear();
     bool seen = false;
-    while (const auto line = reader.ReadLine()) {
+    while (const auto line = reader.ReadLine())
         if (seen)
             notes.append(*line).append("\r\n");
         else
             seen = EqualInAnyCase(GetCodeValue(*line).key, "NOTES");
-    }
     if (!notes.empty())
         notes.resize(notes.size() - 2);
 }

@@ -121,10 +121,8 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     for (const char* names :
          {"Y, kg;X, mm", "Y [kg];X [mm]", "observations;predictions", "obs.;pred.", "y_true;y_pred",
           "observed_kg;predicted_kg", "Measured;Simulated", "kgObs;kgSim", "yobs;ymodel", "QOBS;QSIM",
-          "LAIobs;LAIpred", "LAIObserved;LAIPredicted", "\u0394obs;\u0394mod", "y;yhat",
-          "reference;fitted"}) {
+          "LAIobs;LAIpred", "LAIObserved;LAIPredicted", "\u0394obs;\u0394mod", "y;yhat", "reference;fitted"})
         EXPECT_EQ(Import(std::string(names) + "\n2;1\n4;3\n").Rows(), "1 2|3 4|") << names;
-    }
     for (const char* names :
          {"observed;mass", "model 1;model 2", "X (observed);Y (predicted)", "x (obs);b",
           "predicted - observed;mass", "SD X;Y", "mpg;wt", "simple;observed", "obs;hatch", "Estonia;obs",

@@ -13,7 +13,7 @@ constexpr char PlatformSeparator = '\\';
 constexpr char PlatformSeparator = '/';
 #endif
 
-// The length of the path up to and with its last separator; 0 where it has none.
+/// The length of the path up to and with its last separator; 0 where it has none.
 std::size_t FolderLength(std::string_view path) {
     const auto last = std::find_if(path.rbegin(), path.rend(), IsPathSeparator);
     return static_cast<std::size_t>(path.rend() - last);
@@ -27,9 +27,8 @@ bool IsPathSeparator(char character) {
 
 bool FileExists(const std::string& path) {
     // The system would look for what stands before the NUL.
-    if (path.empty() || path.find('\0') != std::string::npos) {
+    if (path.empty() || path.find('\0') != std::string::npos)
         return false;
-    }
     try {
         std::error_code error;
         const auto status = std::filesystem::status(path, error);
