@@ -93,7 +93,7 @@ std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset, LoadOutcome&
     return std::nullopt;
 }
 
-/// Everything behind the "NOTES" line. The writer's own line end at the very end is no part of the notes.
+/// Everything after the "NOTES" line. The writer's own line end at the very end is no part of the notes.
 void ReadNotes(TextReader& reader, std::string& notes) {
     notes.clear();
     bool seen = false;

@@ -20,7 +20,7 @@ constexpr std::array<char32_t, 32> UpperControls = {
 
 constexpr char32_t NoCharacter = 0xFFFFFFFF;
 
-/// Reads the character at `position` and moves behind it; `NoCharacter` where the bytes are no UTF-8.
+/// Reads the character at `position` and moves past it; `NoCharacter` where the bytes are no UTF-8.
 char32_t NextCharacter(std::string_view utf8, std::size_t& position) {
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
     const unsigned char lead = byteAt(position);

@@ -42,7 +42,7 @@ bool RaiseProbability(Field& field) {
     return true;
 }
 
-/// How many blanks stand in front when `spare` of them surround a text.
+/// How many blanks go in front when `spare` of them surround a text.
 std::size_t BlanksBefore(std::size_t spare, std::int16_t alignment) {
     switch (alignment) {
     case AlignCentre:
@@ -82,7 +82,7 @@ std::optional<std::string> FormatNumber(const Field& field, double value) {
     const std::int64_t finalInteger = point != 0 ? std::max<std::int64_t>(integer, 1) : firstInteger;
     const auto width = static_cast<std::size_t>(field.width);
     const auto length = static_cast<std::size_t>(sign + finalInteger + point + fraction);
-    // A leading zero behind a sign can make the final text one longer than the field, which then cuts it.
+    // A leading zero after a sign can make the final text one longer than the field, which then cuts it.
     std::string text(std::max(width, length), ' ');
     char* out = text.data() + (length < width ? BlanksBefore(width - length, field.alignment) : 0);
     if (sign != 0)

@@ -27,10 +27,10 @@ Picture ReadPicture(std::string_view text) {
         picture.prefix = text;
         return picture;
     }
-    const std::size_t behind = text.find_last_of("#0.") + 1;
+    const std::size_t end = text.find_last_of("#0.") + 1;
     picture.prefix = text.substr(0, first);
-    picture.suffix = text.substr(behind);
-    for (const char character : text.substr(first, behind - first)) {
+    picture.suffix = text.substr(end);
+    for (const char character : text.substr(first, end - first)) {
         if (character == '.') {
             picture.point = true;
         } else if (character != '#' && character != '0') {

@@ -32,7 +32,7 @@ std::string_view Trimmed(std::string_view text) {
 struct NumberParts {
     bool negative = false;
     std::size_t mantissaBegin = 0;
-    std::size_t mantissaEnd = 0; // also where the exponent's letter stands, if there is one
+    std::size_t mantissaEnd = 0; // also where the exponent's letter is, if there is one
     std::size_t end = 0;         // 0: no number
 };
 

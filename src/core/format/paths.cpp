@@ -26,7 +26,7 @@ bool IsPathSeparator(char character) {
 }
 
 bool FileExists(const std::string& path) {
-    // The system would look for what stands before the NUL.
+    // The system would look for what comes before the NUL.
     if (path.empty() || path.find('\0') != std::string::npos)
         return false;
     try {
@@ -34,7 +34,7 @@ bool FileExists(const std::string& path) {
         const auto status = std::filesystem::status(path, error);
         return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
     } catch (const std::exception&) {
-        // A path that has no form in the system's own characters names no file.
+        // A path that has no form in the characters of the operating system names no file.
         return false;
     }
 }
