@@ -119,8 +119,9 @@ TEST(EverySection, HasAGateOfTheOptionTableAndEveryGateASection) {
     for (const SectionDefinition* section : SectionCatalog()) {
         if (section->gate.option)
             used.insert(OptionOf(section->gate.option).key);
-        if (section->gate.second)
+        if (section->gate.second) {
             EXPECT_TRUE(gates.contains(OptionOf(section->gate.second).key)) << section->frame.id;
+        }
     }
     EXPECT_EQ(used, gates);
 }

@@ -214,8 +214,9 @@ TEST_F(Comparing, ALikelihoodRatioIsShownUpTo9999) {
         AddModel("fine", fine, observed);
         EXPECT_TRUE(Compare().finished) << result.fault;
         EXPECT_EQ(Text().find(".Model  2 is >10000 times") != std::string::npos, ratio > 9999) << Text();
-        if (ratio < 9999)
+        if (ratio < 9999) {
             EXPECT_NEAR(Value("delta_aic", "ratio_1_2"), ratio, 1e-6);
+        }
     }
 }
 

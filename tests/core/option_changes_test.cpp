@@ -85,10 +85,11 @@ TEST_F(OptionChanges, AllGatesAreTheSectionsAndPlotsAndNothingElse) {
     std::set<std::string_view> keys, controls;
     for (const OptionRow& row : OptionTable()) {
         EXPECT_TRUE(keys.insert(row.key).second && controls.insert(row.control).second) << row.key;
-        if (row.role == OptionRole::Gate)
+        if (row.role == OptionRole::Gate) {
             EXPECT_EQ(GetOption(options, row), OptionValue{std::int16_t{1}}) << row.key;
-        else
+        } else {
             EXPECT_EQ(GetOption(options, row), GetOption(fresh, row)) << row.key;
+        }
     }
 }
 

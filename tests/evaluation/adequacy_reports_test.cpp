@@ -70,10 +70,11 @@ TEST(AdequacyReports, TheUnitOfTheDataDoesNotMatter) {
                 const bool unitless =
                     section.id == "concordance" || section.id == "generalized_concordance" ||
                     line.starts_with("Coefficient of variation of MSEP") || line.find("F-value") != line.npos;
-                if (unitless)
+                if (unitless) {
                     EXPECT_EQ(same, line) << power;
-                else if (section.id == "msep" && line.ends_with(" %)"))
+                } else if (section.id == "msep" && line.ends_with(" %)")) {
                     EXPECT_EQ(same.substr(same.rfind(" (")), line.substr(line.rfind(" ("))) << power;
+                }
             }
         }
     }

@@ -78,8 +78,9 @@ TEST_F(NativeFiles, FailuresSayWhyAndLeaveNothingBehind) {
 TEST_F(NativeFiles, AReplacedFileKeepsWhoseItIsButNoSetIdBits) {
     const std::string file = folder / "d.KOV";
     ASSERT_TRUE(files.Replace(file, "old").done);
-    if (::geteuid() == 0) // only the superuser gives files away
+    if (::geteuid() == 0) { // only the superuser gives files away
         ASSERT_EQ(::chown(file.c_str(), 1234, 2345), 0);
+    }
     ASSERT_EQ(::chmod(file.c_str(), 06750), 0);
     struct stat old {
     }, now{};
@@ -219,8 +220,9 @@ struct RecordingProcesses : Processes {
 TEST(NativePrograms, TheEditorIsTheDesktopsOrOnATerminalTheUsers) {
     const auto opened = [](const char* display, bool terminal, int desktop) {
         int master = -1, slave = ::open("/dev/null", O_RDWR);
-        if (terminal)
+        if (terminal) {
             EXPECT_EQ(::openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+        }
         const int in = ::dup(STDIN_FILENO), out = ::dup(STDOUT_FILENO);
         ::dup2(slave, STDIN_FILENO), ::dup2(slave, STDOUT_FILENO);
         ::setenv("DISPLAY", display, 1), ::unsetenv("WAYLAND_DISPLAY");
