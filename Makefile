@@ -19,7 +19,7 @@ bench:
 	@for program in build/bench/bin/*_bench; do "$$program"; done
 
 format:
-	@scripts/setup --tools
+	@scripts/setup --format
 	git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
 lint:

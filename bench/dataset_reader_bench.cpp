@@ -63,7 +63,7 @@ std::string ExportedTable() {
     return CsvText(dataset.cells);
 }
 
-/// X and Y alone, parted by semicolons, with decimal commas and every field in quotes or none.
+/// X and Y alone, separated by semicolons, with decimal commas and every field in quotes or none.
 std::string PlainTable(bool quotes) {
     Dataset dataset;
     SessionState session;

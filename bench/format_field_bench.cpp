@@ -21,9 +21,8 @@ std::vector<double> ReportNumbers() {
     std::mt19937_64 random(1);
     std::uniform_real_distribution<double> power(-4, 3);
     std::vector<double> numbers(Count);
-    for (double& number : numbers) {
+    for (double& number : numbers)
         number = std::pow(10.0, power(random)) * (random() % 4 == 0 ? -1 : 1);
-    }
     return numbers;
 }
 
@@ -32,9 +31,8 @@ std::vector<double> Probabilities() {
     std::mt19937_64 random(2);
     std::uniform_real_distribution<double> uniform(0, 1);
     std::vector<double> numbers(Count);
-    for (double& number : numbers) {
+    for (double& number : numbers)
         number = random() % 2 == 0 ? uniform(random) : std::pow(10.0, -40 * uniform(random));
-    }
     return numbers;
 }
 
@@ -42,9 +40,8 @@ std::vector<double> Probabilities() {
 std::vector<double> TypedNumbers() {
     std::mt19937_64 random(3);
     std::vector<double> numbers(Count);
-    for (double& number : numbers) {
+    for (double& number : numbers)
         number = static_cast<double>(random() % 100000000) / 1e6;
-    }
     return numbers;
 }
 

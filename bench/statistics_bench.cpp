@@ -179,9 +179,9 @@ const Routine routines[] = {
      [](const Sample& s, const std::stop_token& stop) { Keep(FTestVariance(s.Y, s.X, stop)); }},
     {"DistanceMeasures", 1,
      [](const Sample& s, const std::stop_token& stop) { Keep(DistanceMeasures(s.X, s.Y, 3, stop)); }},
-    {"DeviationIntervalRows", 0,
+    {"DeviationIntervals", 0,
      [](const Sample& s, const std::stop_token& stop) {
-         Keep(DeviationIntervalRows(s.Line.a, s.Line.b, s.X, s.Y, 95, stop));
+         Keep(DeviationIntervals(s.Line.a, s.Line.b, s.X, s.Y, 95, stop));
      }},
 };
 

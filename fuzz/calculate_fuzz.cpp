@@ -101,7 +101,7 @@ void RequireChart(const ChartModel& chart) {
         Require(!series.rows || series.rows->size() == series.y->size(), "every point has its row",
                 chart.title);
         for (const auto& [place, text] : series.labels)
-            Require(place < series.y->size(), "a label stands at a point", chart.title);
+            Require(place < series.y->size(), "a label is at a point", chart.title);
     }
     const ChartScales scales = ScalesOf(chart);
     for (const AxisScale& scale : {scales.x, scales.y}) {

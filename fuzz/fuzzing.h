@@ -24,11 +24,11 @@ inline void Require(bool holds, const char* promise, std::string_view shown = {}
 /// How many lines a text has, counted generously: CR and LF each end one.
 std::size_t LineCount(std::string_view text);
 
-/// Every number of the report, those of long tables too, is finite, no words like "nan" or "inf" stand in it,
+/// Every number of the report, those of long tables too, is finite, no words like "nan" or "inf" are in it,
 /// and no statement of it failed only because a number was not finite.
 void RequireFinite(const Report& report);
 
-/// Takes an input apart. Behind its end there are zeros.
+/// Takes an input apart. After its end there are zeros.
 class Bytes {
 public:
     Bytes(const std::uint8_t* data, std::size_t size)
@@ -46,8 +46,8 @@ public:
 
     /// The text of a cell, by one byte, so that an input can be typed: "0" to "9" are these digits, "@" to
     /// "O" 0.0 to 1.5, "P" to "_" 0 to -15, "`" to "o" 1000 to 1015, "p" to DEL numbers at the limits, " " to
-    /// "/" blanks and words. Of other bytes the lower half says in how many that follow a fraction of 2 to
-    /// the power of -100 to 100 stands.
+    /// "/" blanks and words. Of other bytes the lower half says how many bytes after them give a fraction of
+    /// 2 to the power of -100 to 100.
     std::string Cell();
 
 private:

@@ -143,9 +143,9 @@ constexpr double IntervalRow::*intervalValues[] = {
     &IntervalRow::CIUpper, &IntervalRow::PILower,   &IntervalRow::PIUpper,
 };
 
-/// The text of stats::DeviationIntervals as a table.
+/// The intervals of every pair, in a window of their own.
 void OpenIntervalWindow(RunState& run, const stats::LineFit& line, double confidence) {
-    const std::vector<IntervalRow> rows = stats::DeviationIntervalRows(
+    const std::vector<IntervalRow> rows = stats::DeviationIntervals(
         line.a, line.b, run.arrays.X, run.residuals.Deviation, confidence, run.stop);
     std::string head;
     std::vector<std::string> titles;

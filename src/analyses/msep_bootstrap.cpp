@@ -25,7 +25,7 @@ stats::MsepSeries Draw(RunState& run, double percentage, double subSamples, doub
     stats::MsepSeries series;
     const auto warn = [&](const std::string& reason) {
         run.warnings.push_back("bootstrap of MSEP: " + reason +
-                               "; no sub-sample was drawn and the results stand at 0");
+                               "; no sub-sample was drawn and the results are 0");
     };
     if (!ToInteger16(expected))
         warn(NumberText(percentage) + "% of " + NumberText(run.N()) + " pairs is a sub-sample size of " +

@@ -8,7 +8,7 @@ namespace corvane {
 /// nothing computed, where no method is set.
 bool FitRegression(RunState& run);
 
-/// Makes a fit the run's own line, in the place of the one before.
+/// Makes a fit the run's own line, in place of the one before.
 void TakeLine(RunState& run, const stats::LineFit& line);
 
 /// The line with its SDs, MSE, r and r², chi-square.

@@ -6,8 +6,10 @@
 #include "analyses/residual_table.h"
 #include "analyses/residue_regression.h"
 #include "core/format/paths.h"
+#include "stats/cancellation.h"
 
 #include <string>
+#include <string_view>
 
 namespace corvane {
 namespace {
@@ -62,7 +64,13 @@ void WriteFile(RunState& run, ReportSection& section, const ResidualTable& table
     lines.Blank();
     WriteTable(lines, table.fileHeader, table);
     lines.Rule(table.RuleLength());
-    run.residueText = file.Text();
+    // A million rows take seconds to format.
+    file.Write(
+        [&](std::string_view part) {
+            stats::ThrowIfCancelled(run.stop);
+            run.residueText += part;
+        },
+        "\r\n");
     section.Text("Residue calculation saved in file:" + run.snapshot.residueFile);
     section.Blank();
 }

@@ -21,7 +21,7 @@ OpenOutcome FillComparison(const std::vector<std::string>& paths, ComparisonList
 /// changed.
 std::string TickOnly(std::span<const std::size_t> positions, ComparisonList& list);
 
-/// What a comparison shall have in the place of its list's settings; none: as they are.
+/// What a comparison shall have in place of its list's settings; none: as they are.
 struct SettingsChange {
     std::optional<int> longDigits, shortDigits;
     std::optional<std::array<std::string, 3>> decimals; ///< Of statistics, probabilities, correlations.

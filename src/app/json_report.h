@@ -19,7 +19,7 @@ struct JsonRun {
     std::vector<std::string> messages; ///< What the run told the user, in order.
 };
 
-/// The run as a JSON document in UTF-8 with a line end behind it; docs/json.md describes it. Every number is
+/// The run as a JSON document in UTF-8 with a line end after it; docs/json.md describes it. Every number is
 /// the double that the section computed, whatever the text shows of it. Bytes that are no UTF-8 become
 /// U+FFFD. A number without a name, or a name or section id that occurs twice, is a programming error:
 /// std::logic_error.

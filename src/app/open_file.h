@@ -60,7 +60,7 @@ OpenOutcome OpenDataset(const std::string& path, Dataset& dataset, SessionState&
 OpenOutcome OpenTable(const std::string& path, const CsvOptions& options, Dataset& dataset,
                       SessionState& session, const FileStore& files);
 
-/// Opens a comparison file in the place of the list. Rows whose file is gone are left out, with a warning.
+/// Opens a comparison file in place of the list. Rows whose file is gone are left out, with a warning.
 OpenOutcome OpenComparison(const std::string& path, ComparisonList& list, const FileStore& files);
 
 } // namespace corvane

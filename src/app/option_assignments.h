@@ -10,7 +10,7 @@
 namespace corvane {
 
 /// Sets an option from "KEY=VALUE" as typing it into its control would. The key may be that of any option, in
-/// any case; the value is all that stands behind the first "=". The result is empty, or says what is wrong.
+/// any case; the value is all that follows the first "=". The result is empty, or says what is wrong.
 std::optional<std::string> AssignOption(Dataset& dataset, SessionState& session, std::string_view assignment);
 
 } // namespace corvane

@@ -10,7 +10,7 @@ std::vector<std::string> GetParameters(std::string_view commandLine) {
     std::vector<std::string> parameters;
     std::string token;
     bool inQuote = false, slashSeen = false;
-    for (const char c : commandLine) {
+    for (const char c : commandLine)
         if (c == '/')
             slashSeen = true;
         else if (c == '"')
@@ -19,7 +19,6 @@ std::vector<std::string> GetParameters(std::string_view commandLine) {
             parameters.push_back(std::exchange(token, {}));
         else
             token += c;
-    }
     if (!token.empty())
         parameters.push_back(std::move(token));
     return parameters;

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-/// Takes a beginning of the text off, and digits behind it, at least `fewest`. Whether both were there.
+/// Takes a beginning of the text off, and the digits after it, at least `fewest`. Whether both were there.
 bool TakeNumbered(std::string_view& text, std::string_view beginning, std::size_t fewest) {
     if (!text.starts_with(beginning))
         return false;

@@ -20,12 +20,13 @@
 namespace corvane {
 namespace {
 
-/// Whether a path that the line carries names a file. One that is no valid UTF-8 could not stand in a report.
+/// Whether a path that the line carries names a file. One that is no valid UTF-8 could not be shown in a
+/// report.
 bool NamesAFile(const std::string& path) {
     return IsValidUtf8(path) && FileExists(path);
 }
 
-/// The native path of a line's path; the report's header takes the name behind the last separator, so it must
+/// The native path of a line's path; the report's header takes the name after the last separator, so it must
 /// have one.
 std::string AbsolutePath(const std::string& path) {
     std::error_code error;

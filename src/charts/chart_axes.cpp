@@ -10,7 +10,7 @@ namespace corvane {
 namespace {
 
 const QColor gridInk(222, 222, 222);
-constexpr double besides = 100; // about what stands left and right of the axes, in pixels
+constexpr double besides = 100; // about what is left and right of the axes, in pixels
 
 /// Ticks and labels of the chart's own scale, and of any other range when the axis is moved or zoomed.
 class ScaleTicker : public QCPAxisTicker {

@@ -30,7 +30,7 @@ QByteArray Svg(const ChartModel& chart, QSize size) {
     generator.setResolution(static_cast<int>(pixelsPerInch));
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(), size));
-    generator.setTitle(QString::fromStdString(chart.title).toHtmlEscaped()); // written as it stands
+    generator.setTitle(QString::fromStdString(chart.title).toHtmlEscaped()); // written as it is
     PaintChartOn(generator, chart, size, 1);
     return bytes;
 }

@@ -74,7 +74,7 @@ void PieItem::DrawPie(QCPPainter* painter, const ChartSeries& series, const QRec
         const double angle = (start + span / 2) * M_PI / 180, reach = side / 2 + labelGap;
         start += span;
         // Going round, labels come down on the right and go up on the left: none covers the one before, nor
-        // the pie; and none stands far from its slice.
+        // the pie; and none is far from its slice.
         const bool right = std::cos(angle) >= 0;
         double& edge = right ? lowest : highest;
         const double wanted = centre.y() - reach * std::sin(angle);
@@ -104,7 +104,7 @@ void PieItem::DrawPie(QCPPainter* painter, const ChartSeries& series, const QRec
 }
 
 void SolidItem::DrawBox(QCPPainter* painter, const QRectF& front, const QColor& colour) const {
-    // Of slim bars the depth is slim, too: it stands over the next bar's front.
+    // Of slim bars the depth is slim, too: it lies over the next bar's front.
     constexpr double fewestPixelsWithRim = 4;
     const bool slim = front.width() < fewestPixelsWithRim;
     const QPointF depth = slim ? QPointF() : std::min(0.5, 0.4 * front.width() / Depth().x()) * Depth();
@@ -135,7 +135,7 @@ void SolidItem::DrawRibbon(QCPPainter* painter, const QPolygonF& top, double gro
     const QPointF right(top.last().x(), ground);
     painter->setBrush(colour.darker(125));
     painter->drawPolygon(QPolygonF({top.last(), top.last() + depth, right + depth, right}));
-    QColor face = colour; // which lets the series behind it shine through
+    QColor face = colour; // which lets the series in the background shine through
     face.setAlphaF(model.series.size() > 1 ? 0.55F : 1.0F);
     painter->setBrush(face);
     painter->drawPolygon(front);
@@ -161,7 +161,7 @@ void SolidItem::draw(QCPPainter* painter) {
             }
         return;
     }
-    for (std::size_t s = count; s-- > 0;) { // the first series in front; all stand on the axis's own plane
+    for (std::size_t s = count; s-- > 0;) { // the first series in front; all rest on the axis's own plane
         QPolygonF top;
         for (std::size_t k = 0; k < model.categories.size(); ++k) {
             const double centre = static_cast<double>(k + 1), height = heightOf((*model.series[s].y)[k]);

@@ -39,7 +39,7 @@ private:
     void DrawPie(QCPPainter* painter, const ChartSeries& series, const QRectF& place) const;
 };
 
-/// A histogram's bars, ribbons, areas or steps with depth, which all stand on the plane of the axis.
+/// A histogram's bars, ribbons, areas or steps with depth, which all rest on the plane of the axis.
 class SolidItem : public ChartItem {
 public:
     using ChartItem::ChartItem;
@@ -60,7 +60,7 @@ private:
     void DrawRibbon(QCPPainter* painter, const QPolygonF& top, double ground, const QColor& colour) const;
 };
 
-/// The shadows behind the whole chart and behind its plot.
+/// The shadows of the whole chart and of its plot.
 class ShadowItem : public ChartItem {
 public:
     using ChartItem::ChartItem;

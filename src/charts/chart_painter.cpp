@@ -88,7 +88,7 @@ void LayOut(QCustomPlot& plot, const ChartModel& chart, const ChartScales& scale
     };
     addBelow(FootnoteText(chart), " ");
     addBelow(chart.rangesText, rangeGap);
-    // Half of the last label stands beyond its axis.
+    // Half of the last label reaches beyond its axis.
     const QFontMetrics metrics(plot.xAxis->tickLabelFont());
     const int lastLabel =
         scales.x.major.empty()

@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-/// Points or curves whose marks may reach over the frame that they lie on; points stand in the legend in full
+/// Points or curves whose marks may reach over the frame that they lie on; points are in the legend in full
 /// colour.
 class PointGraph : public QCPGraph {
 public:

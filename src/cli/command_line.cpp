@@ -238,7 +238,7 @@ void AddGenerate(CLI::App& program, GenerateRequest& request) {
 void AddImport(CLI::App& program, ImportRequest& request) {
     CLI::App* import = program.add_subcommand("import", "Make a dataset file of a table (docs/csv.md)");
     CsvOptions& options = request.options;
-    import->add_option("FILE", request.table, "The table: columns parted by comma, semicolon or tab")
+    import->add_option("FILE", request.table, "The table: columns separated by comma, semicolon or tab")
         ->required();
     for (int column = ColumnX; column <= LastColumn; ++column)
         if (const std::string option(ColumnOption(column)); !option.empty())
@@ -262,7 +262,7 @@ void AddImport(CLI::App& program, ImportRequest& request) {
         ->check(CLI::IsMember({",", ".", "comma", "point"}).description(""));
     import
         ->add_option_function<std::string>("--separator", takeSeparator,
-                                           "What parts the columns; also , or ;")
+                                           "What separates the columns; also , or ;")
         ->type_name("comma|semicolon|tab")
         ->check(CLI::IsMember({",", ";", "\t", "comma", "semicolon", "tab"}).description(""));
     import->add_option_function<std::string>("--header", takeHeader, "Whether the first line holds names")
@@ -304,7 +304,7 @@ ExitCode RunCommandLine(int argumentCount, const char* const* arguments) {
         "analysis, /P prints the results, /S saves them, /O shows them, /L<folder> is where they are saved,\n"
         "/X quits.  Example: corvane /Fd.KOV /S /Lout /X\n\n"
         "Example: corvane calc examples/mtcars.KOV --set OLS_SLS=1\n"
-        "Exit codes: 0 done, 1 the data or an option does not serve, 2 wrong usage,\n"
+        "Exit codes: 0 done, 1 the data or an option cannot be used, 2 wrong usage,\n"
         "130 interrupted.");
     std::string file;
     program.add_option("FILE", file, "A dataset to open in the window");

@@ -71,7 +71,7 @@ ExitCode RunCompare(const CompareRequest& request) {
     if (request.files.size() > 1)
         if (const auto found = std::ranges::find_if(request.files, IsComparisonFile);
             found != request.files.end()) {
-            Fail(*found + ": a comparison file stands alone");
+            Fail(*found + ": a comparison file must be the only file");
             return ExitUsage;
         }
     const auto clock = ReportClock();

@@ -37,7 +37,7 @@ std::string Adjust(ChartModel& chart, const PlotCommandRequest& request) {
     for (const auto& [letter, direction] : {std::pair{'x', Direction::X}, {'y', Direction::Y}})
         if (request.logAxes.find(letter) != std::string::npos && !SetLogarithmic(chart, direction, true))
             return std::string(chart.style == ChartStyle::Scatter ? "no point is above zero"
-                                                                  : "it stands for bins") +
+                                                                  : "its axis has bins") +
                    ", so axis " + letter + " cannot be logarithmic";
     const auto asked = [&](const char* name) { return std::ranges::count(request.statistics, name) > 0; };
     chart.statistics = !request.statistics.empty();

@@ -8,11 +8,11 @@
 
 namespace corvane {
 
-/// Whether the arguments are a switch line: one of them is "/" and a switch's letter, is no path but behind
+/// Whether the arguments are a switch line: one of them is "/" and a switch's letter, is no path except after
 /// /F, /L or /C, and names no file.
 bool IsSwitchLine(const std::vector<std::string>& arguments);
 
-/// The line that the dispatcher reads, in which "/" only marks switches: the path behind /F, /L or /C, and an
+/// The line that the dispatcher reads, in which "/" only marks switches: the path after /F, /L or /C, and an
 /// argument that is a file, become absolute, with "\" between folders and in double quotes; other arguments
 /// stay. Double quotes in the path of a switch are dropped. An argument that has such, or does not begin with
 /// /F, /L or /C, may hold several switches; there a blank outside of quotes ends a path, as in the line

@@ -38,7 +38,7 @@ constexpr std::array<IndexColumn, IndexCount> indexColumns{{
     {"AICc'", "AICcPrime", true, false},
 }};
 
-// Widths and decimals come from the settings.
+/// Widths and decimals come from the settings.
 constexpr Place places[] = {
     {"Mean_*", "moments.mean"},
     {"SD_*", "moments.sd"},

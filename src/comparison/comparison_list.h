@@ -43,7 +43,7 @@ public:
     /// rest of the drop is ignored, and the result tells what its reading met.
     std::optional<KocOutcome> Drop(std::span<const std::string> paths, const FileStore& files);
 
-    /// Opens a comparison file in the place of the list and of those settings that it holds. One that cannot
+    /// Opens a comparison file in place of the list and of those settings that it holds. One that cannot
     /// be read at all changes nothing.
     KocOutcome Open(const std::string& path, const FileStore& files);
 

@@ -73,7 +73,7 @@ void ReadItems(Items& items, ComparisonSettings& settings, std::vector<ListedFil
         item = items.Next("a tick");
     }
     if (item != optionsEnd)
-        outcome.leftOut.push_back(here() + "the file ends behind " + QuotedForMessage(item) +
+        outcome.leftOut.push_back(here() + "the file ends after " + QuotedForMessage(item) +
                                   ", where a path should follow");
 }
 

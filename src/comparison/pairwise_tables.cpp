@@ -23,7 +23,7 @@ namespace {
 
 using Sample = std::vector<double>;
 
-// Decimals, and the widths that are not given, come from the settings and the table's layout.
+/// Decimals, and the widths that are not given, come from the settings and the table's layout.
 constexpr Place correlations[] = {
     {"r_*", "comparison.models.r", "", 8},
     {"P_r_*", "comparison.models.r.p", "", 8, 3, Look::Probability},

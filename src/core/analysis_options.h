@@ -6,7 +6,7 @@
 namespace corvane {
 
 /// What the user has chosen: a field for each key of a dataset file and the three options that a file does
-/// not hold, all under the key's name. What each one is (form, default, control, caption) stands in the
+/// not hold, all under the key's name. What each one is (form, default, control, caption) is in the
 /// option table alone. A tick box holds 0, 1 or 2 and is set at exactly 1; a text field is converted where it
 /// is used.
 struct AnalysisOptions {

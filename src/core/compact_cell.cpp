@@ -22,7 +22,7 @@ CompactCell::CompactCell(const CellView& value) {
     }
     if (text.size() > UINT32_MAX)
         throw std::length_error("the text of a cell is longer than 4 GB");
-    // The pointer to an own copy, and behind it the length.
+    // The pointer to an own copy, and after it the length.
     char* const copy = new char[text.size()];
     const auto length = static_cast<std::uint32_t>(text.size());
     std::copy(text.begin(), text.end(), copy);

@@ -12,7 +12,7 @@ namespace corvane {
 using CellView = std::variant<std::monostate, std::string_view, double>;
 
 /// A cell in 16 bytes, so that a dataset of a million rows takes little more memory than its file: texts of
-/// up to 15 bytes stand in the cell itself.
+/// up to 15 bytes are in the cell itself.
 class CompactCell {
 public:
     CompactCell() = default;

@@ -34,7 +34,7 @@ std::optional<double> CellNumber(const CellView& cell);
 CellValue ToValue(const CellView& cell);
 CellView ToView(const CellValue& cell); ///< Valid as long as the value is.
 
-/// The table of cells behind the grid, addressed (column, row), both from 1. For N data rows the row bound is
+/// The table of cells of the grid, addressed (column, row), both from 1. For N data rows the row bound is
 /// N + 1: the row N + 1 is part of the table and never shown, walked or saved, but keeps its cells when the
 /// table shrinks by one row and grows again. A column takes memory up to its last filled row only, so rows
 /// that hold nothing cost nothing. A copy shares its blocks of cells with the original until one of the two
@@ -77,7 +77,7 @@ public:
     bool SharesBlockWith(const DataMatrix& other, int column, std::size_t block) const {
         return BlockOf(column, block) == other.BlockOf(column, block);
     }
-    /// Puts a column of another table in the place of this one's, as far as the bound goes.
+    /// Puts a column of another table in place of this one's, as far as the bound goes.
     void TakeColumn(int column, const DataMatrix& other);
 
 private:

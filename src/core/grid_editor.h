@@ -18,7 +18,7 @@ struct GridEditor {
     GridPlace current;
     bool visible = false;
     std::string text;
-    std::size_t caret = 0; ///< Characters before the caret; beyond the text it stands at its end.
+    std::size_t caret = 0; ///< Characters before the caret; beyond the text it is at its end.
 };
 
 /// Opens the editor on the current cell. A character above the blank begins a new value, which replaces the

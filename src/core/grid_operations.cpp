@@ -23,9 +23,9 @@ struct RowOrder {
     std::vector<std::int32_t> front, back;
 };
 
-/// A full row ends a gap: it and all rows behind it move up to the gap's mark, which is the last row with an
-/// empty X, or the first with an empty Y, of the gap. What the moved rows leave behind is emptied; a row of
-/// the gap that they are too few to cover stays where it is, at the table's end.
+/// A full row ends a gap: it and all rows after it move up to the gap's mark, which is the last row with an
+/// empty X, or the first with an empty Y, of the gap. The places that the moved rows leave are emptied; a row
+/// of the gap that they are too few to cover stays where it is, at the table's end.
 RowOrder OrderAfterClosingUp(const DataMatrix& cells) {
     RowOrder order;
     std::vector<std::int32_t> gap; // from the mark on

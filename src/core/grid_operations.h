@@ -26,7 +26,7 @@ std::string MatrixTOGrid(const Dataset& dataset, std::int32_t row, int column);
 std::string_view GridCaption(const AnalysisOptions& options, int column);
 
 /// Closes up rows whose X or Y is empty and cuts the table at the first that is left. Of several empty rows
-/// in a run only the last is closed up, so the cut falls at the first of them and what stands behind is lost:
+/// in a run only the last is closed up, so the cut falls at the first of them and what follows is lost:
 /// the question at saving is the user's warning.
 RowCountResult RemoveEmptyRows(Dataset& dataset);
 

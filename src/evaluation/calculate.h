@@ -55,7 +55,7 @@ RunResult Calculate(Snapshot snapshot, Progress& progress, const std::stop_token
 /// Applies what a run wants changed.
 void ApplyChanges(const RunChanges& changes, Dataset& dataset, SessionState& session);
 
-/// Puts the rank columns of other cells in the place of these.
+/// Puts the rank columns of other cells in place of these.
 void TakeRanks(const DataMatrix& ranks, DataMatrix& cells);
 
 } // namespace corvane

@@ -28,7 +28,6 @@
 namespace corvane {
 namespace {
 
-
 const SectionDefinition* const catalog[] = {
     &RegressionSection,
     &ParameterTestsSection,

@@ -30,13 +30,14 @@ std::optional<CsvRemark> DecimalEvidence::Doubt(char separator) const {
         // Then "1,5" stands for two numbers, or the option for nothing.
         if (separator == ',' && !comma)
             return CsvRemark{
-                0, "--decimal , does not fit: the comma parts the columns, and no number in quotes has one"};
+                0,
+                "--decimal , does not fit: the comma separates the columns, and no number in quotes has one"};
         return std::nullopt;
     }
     if (separator == ',' && comma && !point)
         return about(comma,
                      "may be decimal or have a thousands separator; if its comma is decimal, import with "
-                     "--decimal ,; if it parts thousands, remove it from the file");
+                     "--decimal ,; if it separates thousands, remove it from the file");
     if (separator == ',' && comma && !Seen(NumberForm::Comma))
         return about(comma, "has a thousands separator, since in line " + std::to_string(point->line) + " " +
                                 point->number + " has a point; remove such marks from the file");
@@ -47,7 +48,7 @@ std::optional<CsvRemark> DecimalEvidence::Doubt(char separator) const {
         return about(
             comma, "and all its like may be decimal or have a thousands separator; if the comma is decimal, "
                    "import with --decimal ,");
-    // Where commas part the columns the point is free to be decimal, and there it always is.
+    // Where commas separate the columns the point is free to be decimal, and there it always is.
     if (separator != ',' && point && !Seen(NumberForm::Point))
         return about(
             point, "and all its like may be decimal or have a thousands separator; if the point is decimal, "

@@ -13,7 +13,7 @@ class DecimalEvidence {
 public:
     explicit DecimalEvidence(std::optional<char> decimalSaid) : said(decimalSaid) {}
 
-    /// Whether a number of this form has the value that it has with a decimal point in the place of its mark,
+    /// Whether a number of this form has the value that it has with a decimal point in place of its mark,
     /// provided that `Doubt` finds nothing in the end.
     bool IsNumber(NumberForm form) const {
         return form != NumberForm::None && form != NumberForm::DigitGroups &&

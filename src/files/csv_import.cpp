@@ -72,7 +72,7 @@ private:
     std::optional<CsvRemark> units;             ///< The first row, if it may be units.
     std::optional<CsvRemark> quotedComma;       ///< The first in an export.
     std::size_t widest = 0;                     ///< The most fields of a row.
-    bool blanks = false;                        ///< Behind separators in rows.
+    bool blanks = false;                        ///< After separators in rows.
     bool headBelow = false;                     ///< The first row has names of columns.
     std::string rival;                          ///< Why a column with numbers may be X or Y, too.
     Remarks notNumbers, withoutY, shortRows, unclearMarks;
@@ -201,11 +201,10 @@ std::optional<CsvRemark> CsvImport::ReadRecord(CsvReader& reader) {
     const bool withY = !IsEmpty(cells.At(ColumnY, rows));
     if (rows == 1 && layout.header && !layout.exported && withY && !IsEmpty(cells.At(ColumnX, rows)) &&
         !HasNumbers(ColumnX) && !HasNumbers(ColumnY))
-        units = {reader.Line(),
-                 "X and Y are texts here and numbers below; " +
-                     std::string(headBelow ? "if this is the header, remove what stands above it"
-                                           : "if these are units, remove the line") +
-                     ShownLine(reader.LineText())};
+        units = {reader.Line(), "X and Y are texts here and numbers below; " +
+                                    std::string(headBelow ? "if this is the header, remove what is above it"
+                                                          : "if these are units, remove the line") +
+                                    ShownLine(reader.LineText())};
     if (!withY && RowIsAnalysed(cells, rows))
         withoutY.Add(reader.Line(),
                      [] { return "X without Y; a run takes the Y for 0 unless the row is excluded"; });
@@ -277,7 +276,7 @@ std::string CsvImport::Summary() const {
                 .append(layout.NameOf(number));
     if (const auto left = std::ranges::count(layout.columns, 0))
         text += "; " + std::to_string(left) + (left == 1 ? " column is left out" : " columns are left out");
-    text += "; parted by " + std::string(SeparatorName(layout.separator)) + ", decimal " +
+    text += "; separated by " + std::string(SeparatorName(layout.separator)) + ", decimal " +
             (evidence.Decimal() == ',' ? "comma" : "point");
     for (std::int32_t row = 1; row <= rows; ++row)
         if (const std::string X = CellText(cells.At(ColumnX, row)), Y = CellText(cells.At(ColumnY, row));

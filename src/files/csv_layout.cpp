@@ -44,7 +44,7 @@ std::string FieldsShown(const CsvLayout& layout) {
     return text + (layout.fields.size() > mostShown ? " to " + std::to_string(layout.fields.size()) : "");
 }
 
-/// The field that the user means by a number from 1, or by a name as it stands or, failing that, in any case.
+/// The field that the user means by a number from 1, or by a name as it is or, failing that, in any case.
 Doubt FieldMeant(const CsvLayout& layout, int column, const std::string& meant, std::size_t& field) {
     const std::string option = std::string(ColumnOption(column)) + " " + QuotedForMessage(meant) + ": ";
     std::size_t number = 0;
@@ -275,7 +275,7 @@ std::string ShownLine(std::string_view text) {
 
 std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& options, CsvLayout& layout) {
     char said = 0;
-    layout.start = BehindStatement(table, said);
+    layout.start = AfterStatement(table, said);
     layout.firstLine = layout.start > 0 ? 2 : 1;
     table.remove_prefix(layout.start);
     CsvReader first(table, ',', layout.firstLine);
@@ -295,7 +295,7 @@ std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& op
     else if (std::string_view(",;\t").find(said) != std::string_view::npos)
         layout.separator = said;
     else if (said != 0)
-        return CsvRemark{1, "its columns are parted by " + QuotedForMessage({&said, 1}) +
+        return CsvRemark{1, "its columns are separated by " + QuotedForMessage({&said, 1}) +
                                 ", not by comma, semicolon or tab"};
     else if (const auto doubt = FindSeparator(table, layout.separator);
              doubt && !NamesTell(table, options, layout.separator))

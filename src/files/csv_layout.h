@@ -29,9 +29,9 @@ struct CsvRemark {
 /// The first line of a table that `CsvText` wrote.
 inline constexpr std::string_view ExportedHeader = "X,SD X,Y,SD Y,Rank X,Rank Y,Exclude";
 
-/// How the columns of a table stand to those of the dataset.
+/// How the columns of a table correspond to those of the dataset.
 struct CsvLayout {
-    std::size_t start = 0;     ///< Behind a first line "sep=;".
+    std::size_t start = 0;     ///< After a first line "sep=;".
     std::size_t firstLine = 1; ///< The number of the line there.
     char separator = ',';
     bool header = false;
@@ -43,10 +43,10 @@ struct CsvLayout {
     std::vector<int> columns;        ///< For each of them the `Column` that it fills, or 0.
     std::vector<std::string> rivals; ///< For each why it is meant for X or Y if it holds numbers, or "".
     bool rowNumbers = false;         ///< Whether Y, by its name, may be the number of the row.
-    /// Whether a comma in a name without quotes may have parted it: two names that fill no column are the
+    /// Whether a comma in a name without quotes may have split it: two names that fill no column are the
     /// same, or one has a blank before it.
     bool twins = false, blankBefore = false;
-    std::string headShown; ///< Behind a message on the first record.
+    std::string headShown; ///< After a message on the first record.
 
     /// A message on the first record.
     CsvRemark InHead(const std::string& text) const;
@@ -68,9 +68,9 @@ std::string_view SeparatorName(char separator);
 std::string ShownLine(std::string_view text);
 
 /// Finds the separator, the header and the columns. A column for which the options name none is found by its
-/// own name in the header, in any case; blanks, "_" and a unit behind aside, and "predicted" and "observed"
-/// are X and Y. In a table of two columns words in the names may tell, too, and without a header it is X and
-/// Y. Returns what is missing or may be read in two ways, or nothing.
+/// own name in the header, in any case; blanks, "_" and a unit after the name aside, and "predicted" and
+/// "observed" are X and Y. In a table of two columns words in the names may tell, too, and without a header
+/// it is X and Y. Returns what is missing or may be read in two ways, or nothing.
 std::optional<CsvRemark> FindLayout(std::string_view table, const CsvOptions& options, CsvLayout& layout);
 
 } // namespace corvane

@@ -30,7 +30,7 @@ bool IsLetter(char character) {
 }
 
 /// Gives each word of letters A to Z, in capitals, and where it begins. A word also ends before a capital
-/// that has a small letter before or behind it: "LAIObs" is "LAI" and "OBS".
+/// that has a small letter before or after it: "LAIObs" is "LAI" and "OBS".
 template<class Take>
 void ForEachWord(std::string_view name, Take&& take) {
     for (std::size_t begin = 0, end = 0; begin < name.size(); begin = end) {

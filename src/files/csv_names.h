@@ -19,7 +19,7 @@ struct Roles {
 };
 
 /// Of the words "observed", "predicted" and the like and of "Qobs"; if there are none, of the letters x and y
-/// that stand alone, unless words only count: "y_pred" is X. A column of standard deviations and the like has
+/// that are alone, unless words only count: "y_pred" is X. A column of standard deviations and the like has
 /// no role.
 Roles RolesOf(std::string_view name, bool wordsOnly = false);
 

@@ -11,11 +11,11 @@ CsvReader::CsvReader(std::string_view tableText, char fieldSeparator, std::size_
         endsField[static_cast<unsigned char>(end)] = true;
 }
 
-std::size_t CsvReader::BehindBlanks() const {
-    std::size_t behind = position;
-    while (behind < text.size() && (text[behind] == ' ' || text[behind] == blank))
-        ++behind;
-    return behind;
+std::size_t CsvReader::AfterBlanks() const {
+    std::size_t after = position;
+    while (after < text.size() && (text[after] == ' ' || text[after] == blank))
+        ++after;
+    return after;
 }
 
 void CsvReader::SkipLineEnd() {
@@ -27,7 +27,7 @@ void CsvReader::SkipLineEnd() {
 bool CsvReader::NextRecord() {
     for (;;) {
         recordStart = position;
-        position = BehindBlanks();
+        position = AfterBlanks();
         if (AtEnd())
             return false;
         if (!AtLineEnd())
@@ -42,7 +42,7 @@ bool CsvReader::NextRecord() {
 std::optional<CsvField> CsvReader::ReadField() {
     CsvField field;
     field.line = line;
-    if (const std::size_t start = BehindBlanks(); start < text.size() && text[start] == '"') {
+    if (const std::size_t start = AfterBlanks(); start < text.size() && text[start] == '"') {
         position = start;
         const auto quoted = ReadQuoted();
         if (!quoted)
@@ -86,9 +86,9 @@ std::optional<std::string_view> CsvReader::ReadQuoted() {
         content = doubled ? unquoted += piece : piece;
         break;
     }
-    position = BehindBlanks();
+    position = AfterBlanks();
     if (!AtEnd() && !endsField[static_cast<unsigned char>(text[position])])
-        return Broken(position, line, "text stands between a closing quote and the end of its field");
+        return Broken(position, line, "there is text between a closing quote and the end of its field");
     return content;
 }
 

@@ -12,14 +12,14 @@ namespace corvane {
 struct CsvField {
     std::string_view text; ///< Without the quotes around it; valid until the next field is read.
     bool quoted = false;
-    bool last = false;    ///< The record ends behind it.
+    bool last = false;    ///< The record ends after it.
     std::size_t line = 1; ///< The line in which it begins.
 };
 
 /// Reads the records of a table field by field, in one pass (RFC 4180). A quoted field runs on over
 /// separators and line ends, and a doubled quote in it stands for one; blanks around its quotes, and tabs
-/// that part nothing, are dropped. A quote inside any other field is a character like others. Lines end with
-/// CR LF, LF or CR; empty and blank lines between records are skipped. The text must outlive the reader.
+/// that separate nothing, are dropped. A quote inside any other field is a character like others. Lines end
+/// with CR LF, LF or CR; empty and blank lines between records are skipped. The text must outlive the reader.
 class CsvReader {
 public:
     CsvReader(std::string_view tableText, char fieldSeparator, std::size_t firstLine = 1);
@@ -39,14 +39,14 @@ public:
 private:
     bool AtEnd() const { return position == text.size(); }
     bool AtLineEnd() const { return text[position] == '\r' || text[position] == '\n'; }
-    std::size_t BehindBlanks() const;
+    std::size_t AfterBlanks() const;
     void SkipLineEnd();
     std::optional<std::string_view> ReadQuoted();
     std::optional<std::string_view> Broken(std::size_t at, std::size_t atLine, std::string what);
 
     std::string_view text;
     char separator;
-    char blank; ///< Counts as one beside ' '.
+    char blank; ///< Counts as a blank like ' '.
     std::array<bool, 256> endsField{};
     std::size_t position = 0, line;
     std::size_t recordStart = 0, recordLine;

@@ -13,14 +13,14 @@ namespace {
 
 constexpr std::string_view separators = ",;\t";
 
-/// What the first records of a table look like when a character parts them.
+/// What the first records of a table look like when a character separates them.
 struct Look {
     char separator = 0;
     std::size_t fields = 0;  ///< Of the first record.
     bool even = true;        ///< All records have as many.
-    std::size_t records = 0; ///< Behind the first.
-    std::size_t parted = 0;  ///< Those of all that have two fields or more, or broken quotes, but no names.
-    std::string unexplained; ///< Separators that stand without quotes in fields behind the first record.
+    std::size_t records = 0; ///< After the first.
+    std::size_t cut = 0;     ///< Those of all that have two fields or more, or broken quotes, but no names.
+    std::string unexplained; ///< Separators without quotes in fields after the first record.
 };
 
 /// Whether a comma in a text is the mark of a number; some programs write ",5", but none "5,".
@@ -40,7 +40,7 @@ Look LookAt(std::string_view table, char separator) {
             field = reader.ReadField();
             if (!field) {
                 look.even = false;
-                ++look.parted;
+                ++look.cut;
                 look.unexplained = separators;
                 return look;
             }
@@ -57,14 +57,14 @@ Look LookAt(std::string_view table, char separator) {
             look.fields = count;
         else
             ++look.records;
-        look.parted += !names && count > 1;
+        look.cut += !names && count > 1;
         look.even = look.even && count == look.fields;
     }
     return look;
 }
 
 /// Whether all of the other's separators are marks of numbers by the one look, and not the reverse: "1,5;2,5"
-/// is two numbers by the semicolon, and by the comma the text "5;2" stands between two.
+/// is two numbers by the semicolon, and by the comma the text "5;2" is between two.
 bool Explains(const Look& look, const Look& other) {
     return look.unexplained.find(other.separator) == std::string::npos &&
            other.unexplained.find(look.separator) != std::string::npos;
@@ -72,7 +72,7 @@ bool Explains(const Look& look, const Look& other) {
 
 } // namespace
 
-std::size_t BehindStatement(std::string_view table, char& said) {
+std::size_t AfterStatement(std::string_view table, char& said) {
     const std::size_t end = std::min(table.find_first_of("\r\n"), table.size());
     std::string_view line = table.substr(0, end);
     if (line.starts_with('"') && line.ends_with('"') && line.size() > 1)
@@ -85,23 +85,23 @@ std::size_t BehindStatement(std::string_view table, char& said) {
 }
 
 std::optional<std::string> FindSeparator(std::string_view table, char& separator) {
-    std::vector<Look> looks, others; // that part the first record, and that do not
+    std::vector<Look> looks, others; // that cut the first record, and that do not
     for (const char each : separators) {
         Look look = LookAt(table, each);
         (look.fields > 1 ? looks : others).push_back(std::move(look));
     }
     if (looks.empty())
-        return "neither comma nor semicolon nor tab parts it into columns";
-    const auto partsNone = [](const Look& look) { return look.parted == 0; };
-    if (!std::ranges::all_of(looks, partsNone))
-        std::erase_if(looks, partsNone);
+        return "neither comma nor semicolon nor tab separates it into columns";
+    const auto cutsNone = [](const Look& look) { return look.cut == 0; };
+    if (!std::ranges::all_of(looks, cutsNone))
+        std::erase_if(looks, cutsNone);
     // Even records prove nothing, since all numbers may have a decimal comma; they only raise a doubt.
     const auto rivalOf = [&](const Look& look) -> const Look* {
         for (const Look& other : looks)
             if (&other != &look && (!Explains(look, other) || (other.even && !look.even)))
                 return &other;
         for (const Look& other : others)
-            if (2 * other.parted > other.records && Explains(other, look))
+            if (2 * other.cut > other.records && Explains(other, look))
                 return &other;
         return nullptr;
     };
@@ -124,7 +124,7 @@ std::optional<std::string> FindSeparator(std::string_view table, char& separator
                      : look == candidates.back() ? " or "
                                                  : ", ")
             .append(SeparatorName(look->separator));
-    return names + " may part its columns; import with --separator and one of these words";
+    return names + " may separate its columns; import with --separator and one of these words";
 }
 
 } // namespace corvane

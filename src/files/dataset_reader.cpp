@@ -93,16 +93,15 @@ std::optional<Stop> ReadCells(TextReader& reader, Dataset& dataset, LoadOutcome&
     return std::nullopt;
 }
 
-/// Everything behind the "NOTES" line. The writer's own line end at the very end is no part of the notes.
+/// Everything after the "NOTES" line. The writer's own line end at the very end is no part of the notes.
 void ReadNotes(TextReader& reader, std::string& notes) {
     notes.clear();
     bool seen = false;
-    while (const auto line = reader.ReadLine()) {
+    while (const auto line = reader.ReadLine())
         if (seen)
             notes.append(*line).append("\r\n");
         else
             seen = EqualInAnyCase(GetCodeValue(*line).key, "NOTES");
-    }
     if (!notes.empty())
         notes.resize(notes.size() - 2);
 }

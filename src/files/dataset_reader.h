@@ -16,7 +16,7 @@ struct CodeValue {
     std::string_view key, value;
 };
 
-/// Parses one line: the last ":" or "=" stands between key and value, and a delimiter before it ends the
+/// Parses one line: the last ":" or "=" is between key and value, and a delimiter before it ends the
 /// key's beginning, so "A=B=C" is key B, value C. Without one the whole line is value. Blanks around both are
 /// dropped; then one double quote or "#" is cut at each end of the value. That shortens a grid picture by one
 /// "#" at every load.

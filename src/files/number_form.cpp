@@ -25,7 +25,7 @@ bool IsExponent(std::string_view text) {
     return !text.empty() && std::ranges::all_of(text, IsDigit);
 }
 
-/// Whether a mark parts digits as thousands are parted: 1 to 3 without a leading zero, then threes.
+/// Whether a mark groups digits by thousands: 1 to 3 without a leading zero, then threes.
 bool InGroups(std::string_view digits, char mark) {
     std::size_t end = digits.find(mark);
     if (digits.front() == '0' || end < 1 || end > 3)

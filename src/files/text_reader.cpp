@@ -66,7 +66,7 @@ std::optional<std::string_view> TextReader::ReadField() {
     std::string_view field;
     if (!AtEnd() && text[position] == '"') {
         field = ReadQuoted();
-        // What stands between the closing quote and the next comma or line end is no part of the field.
+        // What is between the closing quote and the next comma or line end is no part of the field.
         while (!AtEnd() && text[position] != ',' && text[position] != '\r' && text[position] != '\n')
             ++position;
     } else {

@@ -23,7 +23,7 @@ public:
     /// The next field of a comma-and-quote record, which runs on over line ends: blanks before it are
     /// dropped, and tabs before a quote; a quoted field ends at its closing quote and a doubled quote in it
     /// stands for one; any other ends at a comma or line end, without the blanks before that. Nothing at the
-    /// end of the file, unless that stands behind a comma.
+    /// end of the file, unless that follows a comma.
     std::optional<std::string_view> ReadField();
 
 private:

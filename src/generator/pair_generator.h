@@ -46,7 +46,7 @@ RandomPairs DrawPairs(const PairRequest& request, std::uint64_t seed);
 
 enum class GenerationEnd { Refused, Declined, Written };
 
-/// The Execute action: checks the request, draws the pairs and puts them in the place of the dataset's cells.
+/// The Execute action: checks the request, draws the pairs and puts them in place of the dataset's cells.
 /// Unless `overwrite`, it asks first where the first X cell is filled. Options but the number of rows stay,
 /// and so do the notes. A request that is refused, or fails as in DrawPairs, changes nothing.
 GenerationEnd GeneratePairs(const PairRequest& request, bool overwrite, Dataset& dataset, Dialogs& dialogs,

@@ -10,7 +10,7 @@ class Printer {
 public:
     virtual ~Printer() = default;
 
-    /// Sends a text (UTF-8, line ends LF) to the printer as it stands, in a fixed-pitch font, under a job
+    /// Sends a text (UTF-8, line ends LF) to the printer as it is, in a fixed-pitch font, under a job
     /// title.
     virtual FileResult Print(const std::string& text, const std::string& title) = 0;
 };

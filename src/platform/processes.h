@@ -11,9 +11,9 @@ class Processes {
 public:
     virtual ~Processes() = default;
 
-    /// Starts a program, the first word, with the others as its arguments, in the program's own terminal or none, and
-    /// waits for its end without a time limit. Interrupts from the keyboard are the other program's meanwhile. The exit
-    /// code, or nothing where the program could not be started.
+    /// Starts a program, the first word, with the others as its arguments, in the program's own terminal or
+    /// none, and waits for its end without a time limit. Interrupts from the keyboard are the other program's
+    /// meanwhile. The exit code, or nothing where the program could not be started.
     virtual std::optional<int> RunAndWait(const std::vector<std::string>& words) = 0;
 
     /// The same for a command line, in which double quotes hold words with blanks together.

@@ -174,12 +174,12 @@ PointExtents ExtentsOf(const ChartSeries& series, bool logarithmicX, bool logari
         extent->minimum = std::min(extent->minimum, value);
         extent->maximum = std::max(extent->maximum, value);
     };
-    const auto stands = [](double value, bool logarithmic) {
+    const auto isShown = [](double value, bool logarithmic) {
         return std::isfinite(value) && (!logarithmic || value > 0);
     };
     for (std::size_t i = 0; i < series.y->size(); ++i) {
         const double x = series.x ? (*series.x)[i] : static_cast<double>(i + 1), y = (*series.y)[i];
-        if (!stands(x, logarithmicX) || !stands(y, logarithmicY))
+        if (!isShown(x, logarithmicX) || !isShown(y, logarithmicY))
             continue;
         grow(extents.x, x);
         grow(extents.y, y);

@@ -31,8 +31,8 @@ PointExtents ExtentsOf(const ChartSeries& series, bool logarithmicX, bool logari
 
 /// The scale of an axis over this extent. An automatic linear axis begins and ends at multiples of its step,
 /// which is 1, 2 or 5 times a power of ten; `withZero` lets it begin at 0. A logarithmic one begins and ends
-/// at 1, 2 or 5 times a power of ten, or over less than a decade as a linear one would. A fixed axis keeps its
-/// ends.
+/// at 1, 2 or 5 times a power of ten, or over less than a decade as a linear one would. A fixed axis keeps
+/// its ends.
 AxisScale ScaleOf(const ChartAxis& axis, const Extent& extent, bool withZero = false);
 
 /// The text at a tick: through the axis's picture, or with the digits that its steps need; on an axis of very

@@ -60,7 +60,7 @@ struct StatisticLineOptions {
     double width = 1; ///< In pixels.
 };
 
-/// Where the legend stands above the plot.
+/// Where the legend is above the plot.
 enum class LegendPlace { TopLeft, Top, TopRight };
 
 /// What separates the ranges of two bins, and where a line may end.

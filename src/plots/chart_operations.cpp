@@ -114,7 +114,7 @@ std::optional<ChartPoint> NearestPoint(const ChartModel& chart, const ChartScale
                 (chart.style == ChartStyle::Bar && std::fabs(place - middle) > halfBar))
                 continue;
             const auto bin = static_cast<std::size_t>(middle - 1);
-            // Of two series, the bars stand left and right of the bin's middle.
+            // Of two series, the bars are left and right of the bin's middle.
             if (chart.style == ChartStyle::Bar && chart.series.size() == 2 && (place > middle) != (s == 1))
                 continue;
             if (bin < series.y->size() && y > 0 && y <= Position(scales.y, (*series.y)[bin]))

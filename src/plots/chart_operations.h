@@ -19,7 +19,7 @@ enum class Direction { X, Y };
 /// maximum, as far as they can.
 bool SetLogarithmic(ChartModel& chart, Direction direction, bool on);
 
-/// The footnote as it stands, with the number of points that a logarithmic axis cannot show.
+/// The footnote as it is, with the number of points that a logarithmic axis cannot show.
 std::string FootnoteText(const ChartModel& chart);
 
 /// A statistic line of a series over its points: level, or the least-squares line.

@@ -38,8 +38,7 @@ constexpr Quantity quantities[] = {
         .papers = "lin1989",
         .others = "Accuracy, beside the precision r; bias correction factor",
         .sameIn = "R: epiR::epi.ccc(X, Y)$C.b",
-        .remark =
-            "In a comparison it also stands between the predictions of two models, and is best by its size.",
+        .remark = "In a comparison it is also computed for the predictions of two models, best by its size.",
     },
     {
         .key = "concordance.lin.rc",

@@ -128,7 +128,7 @@ constexpr Quantity quantities[] = {
         .formula = "NX NY/(NX + NY) = N/2, NX and NY the sizes of the two samples",
         .range = "above 0",
         .papers = "agresti1996; agresti2002",
-        .remark = "It is no test value, though it is printed in the place of one.",
+        .remark = "It is no test value, though it is printed in place of one.",
     },
     {
         .key = "rank.kolmogorov_smirnov.p",

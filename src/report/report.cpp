@@ -23,7 +23,7 @@ std::string Formatted(Field field, const std::string& of = {}) {
                      std::to_string(field.decimals) + " decimals");
 }
 
-/// Whether "n/a" is in the place of the value; a text that itself says "n/a" is shown.
+/// Whether "n/a" is in place of the value; a text that itself says "n/a" is shown.
 bool IsShown(const Field& field, std::string_view text) {
     const std::string_view words = TrimBlanks(text);
     return words != TrimBlanks(AlignField("n/a", field.width, field.alignment)) ||

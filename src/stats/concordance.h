@@ -5,7 +5,7 @@
 namespace corvane::stats {
 
 /// Two estimators of the concordance correlation, each with its standard error, its test against 0, and 95 %
-/// limits: as it stands, and by the inverse hyperbolic tangent ("transformed").
+/// limits: as it is, and by the inverse hyperbolic tangent ("transformed").
 struct Concordance {
     double Cb = 0.0; ///< accuracy (bias correction) of rc
     double u = 0.0;  ///< location shift, in units of sqrt(Sx Sy)

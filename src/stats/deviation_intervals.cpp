@@ -1,11 +1,6 @@
 #include "stats/deviation_intervals.h"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
-#include <cstdint>
-#include <string_view>
 #include <utility>
 
 #include "stats/distributions.h"
@@ -14,64 +9,9 @@
 
 namespace corvane::stats {
 
-namespace {
-
-constexpr std::size_t Width = 12;
-constexpr std::size_t Decimals = 5;
-constexpr std::array<std::string_view, 7> Names = {"X",        "Deviation", "Fitted",  "CI Lower",
-                                                   "CI Upper", "PI Lower",  "PI Upper"};
-
-/// The magnitude in units of the last decimal, rounded half up from its nearest decimal of 15 digits.
-std::uint64_t Units(double magnitude) {
-    // The 15-digit decimal is within 5e-15 of the double and so on the same side of a tie farther off.
-    const double scaled = magnitude * 1e5, whole = std::floor(scaled), beyond = scaled - whole - 0.5;
-    if (std::fabs(beyond) > 6e-15 * scaled)
-        return static_cast<std::uint64_t>(whole) + (beyond > 0.0 ? 1 : 0);
-
-    std::array<char, 32> text{}; // "d.dddddddddddddde+xx"
-    const char* const end =
-        std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific, 14)
-            .ptr;
-    std::uint64_t digits = static_cast<std::uint64_t>(text[0] - '0');
-    for (std::size_t i = 2; i < 16; ++i)
-        digits = 10 * digits + static_cast<std::uint64_t>(text[i] - '0');
-    int exponent = 0;
-    std::from_chars(text.data() + 18, end, exponent);
-    std::uint64_t divisor = 1;
-    for (int power = text[17] == '-' ? -exponent : exponent; power < 14 - static_cast<int>(Decimals); ++power)
-        divisor *= 10;
-    return (digits + divisor / 2) / divisor;
-}
-
-void AppendNumber(std::string& text, double value) {
-    std::array<char, Width> field;
-    field.fill(' ');
-    const double magnitude = std::fabs(value);
-    // Seven digits before the point are one too many.
-    const std::uint64_t units = magnitude < 1e7 ? Units(magnitude) : 1'000'000'000'000;
-    const std::uint64_t limit = value < 0.0 ? 10'000'000'000 : 100'000'000'000;
-    if (units >= limit) {
-        std::copy_n("n/a", 3, field.end() - 3);
-        text.append(field.data(), field.size());
-        return;
-    }
-    char* out = field.data() + field.size();
-    std::uint64_t rest = units;
-    for (std::size_t digit = 0; digit <= Decimals || rest > 0; ++digit, rest /= 10) {
-        if (digit == Decimals)
-            *--out = '.';
-        *--out = static_cast<char>('0' + rest % 10);
-    }
-    if (value < 0.0)
-        *--out = '-';
-    text.append(field.data(), field.size());
-}
-
-} // namespace
-
-std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std::span<const double> x,
-                                                        std::span<const double> deviation, double Confidence,
-                                                        const std::stop_token& stop) {
+std::vector<DeviationIntervalRow> DeviationIntervals(double a, double b, std::span<const double> x,
+                                                     std::span<const double> deviation, double Confidence,
+                                                     const std::stop_token& stop) {
     // Everything after the sort then runs through memory in order.
     const Pairs pairs(x, deviation);
     std::vector<double> sortedX, sortedD;
@@ -123,29 +63,6 @@ std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std:
                         Finite(fitted[i] - single), Finite(fitted[i] + single)});
     }
     return rows;
-}
-
-std::string DeviationIntervals(double a, double b, std::span<const double> x,
-                               std::span<const double> deviation, double Confidence,
-                               const std::stop_token& stop) {
-    const std::vector<DeviationIntervalRow> rows =
-        DeviationIntervalRows(a, b, x, deviation, Confidence, stop);
-    const std::string rule = std::string(Width * Names.size(), '-') + "\r\n";
-    std::string text;
-    text.reserve((rows.size() + 3) * rule.size());
-    for (std::string_view name : Names)
-        text.append(Width - name.size(), ' ').append(name);
-    text += "\r\n" + rule;
-    Looks looks(stop);
-    for (const DeviationIntervalRow& row : rows) {
-        looks.Handled(Names.size());
-        for (double value :
-             {row.X, row.Deviation, row.Fitted, row.CILower, row.CIUpper, row.PILower, row.PIUpper})
-            AppendNumber(text, value);
-        text += "\r\n";
-    }
-    text += rule;
-    return text;
 }
 
 } // namespace corvane::stats

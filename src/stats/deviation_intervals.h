@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <string>
 #include <vector>
 
 #include "stats/cancellation.h"
@@ -27,15 +26,8 @@ struct DeviationIntervalRow {
 /// chapter 2). One row a pair, x ascending, equal x in row order. Constant x: h = 1/N. N < 3, or Confidence
 /// not above 0: the limits are the fitted value; Confidence of 100 or more: they saturate unless s = 0. Of
 /// samples of unequal length the shorter counts.
-std::vector<DeviationIntervalRow> DeviationIntervalRows(double a, double b, std::span<const double> x,
-                                                        std::span<const double> deviation, double Confidence,
-                                                        const std::stop_token& stop = {});
-
-/// The same as a table of text: seven columns of width 12 with 5 decimals under a header, ruled off above and
-/// below the rows, every line ended by CR LF. Numbers round half away from zero on their 15-digit decimals;
-/// one too wide for its column shows as "n/a".
-std::string DeviationIntervals(double a, double b, std::span<const double> x,
-                               std::span<const double> deviation, double Confidence,
-                               const std::stop_token& stop = {});
+std::vector<DeviationIntervalRow> DeviationIntervals(double a, double b, std::span<const double> x,
+                                                     std::span<const double> deviation, double Confidence,
+                                                     const std::stop_token& stop = {});
 
 } // namespace corvane::stats

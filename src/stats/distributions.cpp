@@ -18,8 +18,8 @@ namespace {
 
 namespace policies = boost::math::policies;
 
-// Errors come back as values and not as exceptions, and everything is computed in double, so that results do
-// not depend on whether long double is wider on the machine at hand.
+/// Errors come back as values and not as exceptions, and everything is computed in double, so that results do
+/// not depend on whether long double is wider on the machine at hand.
 using Policy = policies::policy<
     policies::domain_error<policies::ignore_error>, policies::pole_error<policies::ignore_error>,
     policies::overflow_error<policies::ignore_error>, policies::underflow_error<policies::ignore_error>,

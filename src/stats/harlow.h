@@ -11,7 +11,7 @@ namespace corvane::stats {
 /// Counts of pairs: first index over- or underprediction, second below or above.
 using AllocationTable = std::array<std::array<std::int32_t, 2>, 2>;
 
-// Its indexes.
+/// Its indexes.
 enum : std::size_t { Over, Under };
 enum : std::size_t { Below, Above };
 

@@ -124,7 +124,7 @@ inline DoubleDouble Shifted(DoubleDouble value, int exponent) {
 std::vector<double> Scaled(std::span<const double> sample, int exponent, const std::stop_token& stop = {});
 
 /// A sample about its mean, in units of 2^Exponent. Mean and deviations have twice the digits of a double, so
-/// that neither an offset nor points on a straight line leave rounding noise behind.
+/// that neither an offset nor points on a straight line leave rounding noise.
 struct CentredSample {
     int Exponent = 0;
     DoubleDouble Mean;

@@ -33,8 +33,9 @@ TEST_F(Tables, OptionsReachTheImportAndWarningsTheUser) {
     const Ran ran = Run(
         "$corvane import t.txt --x 2 --y 1 --sdx 3 --decimal comma --separator comma --header no -o t.kov");
     EXPECT_EQ(ran.exit, 0);
-    EXPECT_EQ(ran.out, "t.txt: 4 rows, no header; Y is column 1; X is column 2; SD X is column 3; parted by "
-                       "comma, decimal comma; the first pair is X 'a', Y '1.234'\n");
+    EXPECT_EQ(ran.out,
+              "t.txt: 4 rows, no header; Y is column 1; X is column 2; SD X is column 3; separated by "
+              "comma, decimal comma; the first pair is X 'a', Y '1.234'\n");
     EXPECT_EQ(ran.err, "corvane: warning: t.txt:1: column 2: 'a' is no number; a run takes it for 0\n"
                        "corvane: warning: t.txt:1: column 3: 'x' is no number; a run takes it for 0\n");
     EXPECT_NE(folder.Read("t.kov").find("\"2\",\"3\",\"5\",\"\",\"\",\"\",\"\"\r\n"), std::string::npos);

@@ -135,7 +135,7 @@ TEST_F(KocFile, OptionsMayBeFewOrMissing) {
     EXPECT_EQ(opened.settings.DigitsLong + opened.settings.DigitsShort, "159");
     opened = Opened(Row("#FALSE#", "a,b.KOV") + Row("#TRUE#", "#TRUE#"));
     EXPECT_EQ(Shown(opened), (folder / "a,b.KOV") + " [" + (folder / "#TRUE#") + "] ");
-    // Behind the fifth setting one more item is read, whatever it is: here it becomes a tick.
+    // After the fifth setting one more item is read, whatever it is: here it becomes a tick.
     opened = Opened("\"<Options>\"\r\n1,2,3,4,5\r\n" + Row("#TRUE#", "a,b.KOV"));
     EXPECT_EQ(Shown(opened), "[" + (folder / "a,b.KOV") + "] ");
     EXPECT_EQ(opened.settings.DecimalsCorrelations, "5");

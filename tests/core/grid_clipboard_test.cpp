@@ -20,7 +20,7 @@ Dataset Empty(int rows, bool singleColumn, bool autoRow) {
 
 TEST(GridClipboard, PastesATable) {
     Dataset dataset = Empty(2, false, true);
-    // A text takes its place and stays out; CR is dropped inside a number too; what is behind column 7 falls
+    // A text takes its place and stays out; CR is dropped inside a number too; what is after column 7 falls
     // on it.
     const PasteResult result =
         Paste(dataset, "1,.5;-5\tabc,1\r2\r\n\n1,2,3,4,5,6,7,8\n , 1e3", {2, ColumnSDY});
@@ -41,7 +41,7 @@ TEST(GridClipboard, PastesAColumnFromTheCurrentCell) {
     Dataset dataset = Empty(3, true, true);
     Paste(dataset, "1\r\n\r\nx\r\n2,3\r\n", {2, ColumnY});
     EXPECT_EQ(CopyText(dataset.cells).substr(0, 20), "Error 13, Error 13, ");
-    EXPECT_EQ(dataset.cells.RowCount(), 4); // values go down one by one and leave no row behind them
+    EXPECT_EQ(dataset.cells.RowCount(), 4); // values go down one by one and leave no row after them
     EXPECT_EQ(CellText(dataset.cells.At(ColumnY, 4)), "3");
     Dataset closed = Empty(3, true, false);
     EXPECT_EQ(Paste(closed, "1\n2\n3\n", {2, ColumnY}).withoutRoom, 1u);

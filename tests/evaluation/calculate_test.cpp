@@ -140,8 +140,8 @@ TEST_F(CalculateRun, AParameterWithoutSDHasNoTestAndNThreeHasOneDegreeOfFreedom)
 
 TEST(ReportHeader, CentresTheNameAndCutsALongOneByCharacters) {
     const ClockTime time = FixedClock().Now();
-    const auto line = [](const std::string& before, const std::string& name, const std::string& behind) {
-        return "KOV v. 4.0.0" + before + "[" + name + "]" + behind + "09-Mar-2026 07:05:04";
+    const auto line = [](const std::string& before, const std::string& name, const std::string& after) {
+        return "KOV v. 4.0.0" + before + "[" + name + "]" + after + "09-Mar-2026 07:05:04";
     };
     const std::string of36(36, ' '), of37(37, ' '), last73 = Repeat("é", 73), of77 = Repeat("é", 77);
     EXPECT_EQ(HeaderLine("d.KOV", time), line(of37, "d.KOV", of37));

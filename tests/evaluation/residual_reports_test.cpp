@@ -24,7 +24,7 @@ struct RefusingFiles : MemoryFiles {
 class ResidualReports : public ::testing::Test, protected Workbench {
 protected:
     ResidualReports() { Only({&Options::RESIDUAL_ANALYSIS}); }
-    /// Ticks the listing's columns as told by a "1" in the place of each.
+    /// Ticks the listing's columns as told by a "1" in place of each.
     void Choose(const char* columns) {
         for (int i = 0; i < 14; ++i)
             ChangeOption(dataset, session, *FindOption("RESIDUE_" + std::to_string(i + 1)),

@@ -77,7 +77,7 @@ TEST_F(Fuzz, NoCustomOfWritingNumbersIsMistakenForAnotherInSilence) {
                       OneOf(std::vector{Custom::Never, Custom::WhereNeeded, Custom::Always})};
         if (OneIn(2))
             custom.groups = OneOf(std::vector<std::string>{custom.decimal == '.' ? "," : ".", " ", "'"});
-        // Where commas part the columns, a point is decimal by definition.
+        // Where commas separate the columns, a point is decimal by definition.
         if (custom.separator == ',' && custom.groups == ".")
             continue;
         const int fixedDecimals = static_cast<int>(Below(5)) - 1;
@@ -124,7 +124,7 @@ TEST_F(Fuzz, NoCustomOfWritingNumbersIsMistakenForAnotherInSilence) {
                 fields.insert(fields.begin() + 1,
                               field(OneOf(std::vector<std::string>{"7", "8", "A", "a b", "a, b", "a;b"})));
             if (row == unevenRow) {
-                // Behind Y, before it, or instead of it.
+                // After Y, before it, or instead of it.
                 switch (Below(3)) {
                 case 0:
                     fields.push_back(OneOf(std::vector<std::string>{"", "note", "5"}));

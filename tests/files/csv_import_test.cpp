@@ -75,7 +75,7 @@ TEST(ImportCsv, ASeparatorIsNotTakenForAnother) {
     CsvOptions third;
     third.columns[ColumnX] = "1";
     third.columns[ColumnY] = "3";
-    // One parts few records, or leaves the other in texts where that one leaves numbers.
+    // One cuts few records, or leaves the other in texts where that one leaves numbers.
     for (const char* text :
          {"1,5;0;2,5\n3,5;0;4,5\n", "X, mm;id;Y, mm\n1,5;7;2,5\n3,5;A;4,5\n",
           "X, mm;id;Y\n\"1,5\";7;\"2,5\"\n3,5;8;4,5\n", "X;mm,id,Y\n1.5,a,2.5\n3.5,b,4.5\n",
@@ -86,7 +86,7 @@ TEST(ImportCsv, ASeparatorIsNotTakenForAnother) {
          {"X, mass;id;mass, Y\n1,5;7;2,5\n2,5;8;note;3,25\n3,5;9;4,75\n",
           "X, mm;id;Y, mm;\n1,5;7;2,5\n3,5;9;4,5\n", "X, mm;id;Y\n1,5;a, b;2,5\n3,5 t;c, d;4,5\n",
           "X,id,Y\n1,5;7;2,5\n3,5;7;4,5\n", "a (b, c)\tY, kg\n4732811,31\t467,2\t\n7275,4\t2580,49\n"})
-        ExpectRefused(text, "may part its columns; import with --separator", third);
+        ExpectRefused(text, "may separate its columns; import with --separator", third);
 }
 
 TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
@@ -97,10 +97,11 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     const Imported named = Import(table, options);
     EXPECT_EQ(named.Rows(), "1 3y|4 6|");
     EXPECT_EQ(named.Cell(ColumnSDX, 2), "0.6");
-    EXPECT_EQ(named.outcome.summary,
-              "2 rows; X is column 2 'a'; SD X is column 3 'SD_x'; Y is column 5 'b'; Exclude is column 6 "
-              "'Exclude'; 2 columns are left out; parted by comma, decimal point; the first pair is X '1', Y "
-              "'3'");
+    EXPECT_EQ(
+        named.outcome.summary,
+        "2 rows; X is column 2 'a'; SD X is column 3 'SD_x'; Y is column 5 'b'; Exclude is column 6 "
+        "'Exclude'; 2 columns are left out; separated by comma, decimal point; the first pair is X '1', Y "
+        "'3'");
     options.columns[ColumnY] = "4";
     EXPECT_EQ(Import(table, options).Rows(), "1 2y|4 5|");
     for (const auto& [y, part] : {std::pair{"c", "--y 'c': no column has that name; columns: 1 'id', 2 'a'"},
@@ -121,10 +122,8 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
     for (const char* names :
          {"Y, kg;X, mm", "Y [kg];X [mm]", "observations;predictions", "obs.;pred.", "y_true;y_pred",
           "observed_kg;predicted_kg", "Measured;Simulated", "kgObs;kgSim", "yobs;ymodel", "QOBS;QSIM",
-          "LAIobs;LAIpred", "LAIObserved;LAIPredicted", "\u0394obs;\u0394mod", "y;yhat",
-          "reference;fitted"}) {
+          "LAIobs;LAIpred", "LAIObserved;LAIPredicted", "\u0394obs;\u0394mod", "y;yhat", "reference;fitted"})
         EXPECT_EQ(Import(std::string(names) + "\n2;1\n4;3\n").Rows(), "1 2|3 4|") << names;
-    }
     for (const char* names :
          {"observed;mass", "model 1;model 2", "X (observed);Y (predicted)", "x (obs);b",
           "predicted - observed;mass", "SD X;Y", "mpg;wt", "simple;observed", "obs;hatch", "Estonia;obs",
@@ -151,10 +150,11 @@ TEST(ImportCsv, ColumnsByNameByNumberAndInOrder) {
 TEST(ImportCsv, ADecimalMarkIsNeverGuessed) {
     // A quoted number with a comma in a comma-separated file.
     const std::string quoted = "X,Y\n\"1,5\",2\n3,\"4,25\"\n";
-    ExpectRefused(quoted,
-                  "t.csv:2: column 1 'X': '1,5' may be decimal or have a thousands separator; if its comma "
-                  "is decimal, import with --decimal ,; if it parts thousands, remove it from the file; the "
-                  "line is '\"1,5\",2'");
+    ExpectRefused(
+        quoted,
+        "t.csv:2: column 1 'X': '1,5' may be decimal or have a thousands separator; if its comma "
+        "is decimal, import with --decimal ,; if it separates thousands, remove it from the file; the "
+        "line is '\"1,5\",2'");
     ExpectRefused("X,Y\n\"1,234\",500.5\n999.5,7.5\n", "'1,234' has a thousands separator, since in line 2");
     ExpectRefused("X,Y\n\"1,5\",500.5\n", "only one of the two can be decimal");
     EXPECT_EQ(Import(quoted, Decimal(',')).Rows(), "1.5 2|3 4.25|");
@@ -172,7 +172,7 @@ TEST(ImportCsv, ADecimalMarkIsNeverGuessed) {
     ExpectRefused("Obs,Pred\n1,2,\n3,4,\n", "or end the first line with one, too");
     ExpectRefused("\"obs\",\"pred\"\n\"1\",2,3\n\"2\",4,5\n", "if they begin with names");
     ExpectRefused("X,Y\n1,5\n2,6\n", "--decimal , does not fit", Decimal(','));
-    // Three digits behind a mark, and nothing that settles it.
+    // Three digits after a mark, and nothing that settles it.
     ExpectRefused("X;Y\n1;2\n1.234;5\n", "t.csv:3: column 1 'X': '1.234' and all its like may be decimal");
     ExpectRefused("X\tY\n1,234\t5\n", "import with --decimal ,");
     EXPECT_EQ(Import("X;Y\n1.234;5\n6;7\n", Decimal('.')).Rows(), "1.234 5|6 7|");
@@ -194,9 +194,9 @@ TEST(ImportCsv, ADecimalMarkIsNeverGuessed) {
     EXPECT_EQ(dates.Rows(), "12.05.2020 1.5|2020-05-12 2.5|1,5,2 3.5|1e999 4.5|");
     EXPECT_EQ(dates.outcome.warnings.size(), 5U);
     EXPECT_TRUE(dates.Warns("no row has a number in X"));
-    ExpectRefused("a;b,1\nc;d,2\n", "comma or semicolon may part its columns; import with --separator");
+    ExpectRefused("a;b,1\nc;d,2\n", "comma or semicolon may separate its columns; import with --separator");
     ExpectRefused("a\tb;c\nd\te;f\n",
-                  "t.csv:1: semicolon or tab may part its columns; import with --separator and one "
+                  "t.csv:1: semicolon or tab may separate its columns; import with --separator and one "
                   "of these words; the line is 'a<tab>b;c'");
     ExpectRefused("1 2\n3 4\n", "neither comma nor semicolon nor tab");
 }
@@ -285,9 +285,9 @@ TEST(ImportCsv, BadInputIsRefusedInItsLine) {
     ExpectRefused("X,Y\n", "too few rows: 0");
     ExpectRefused("X,Y\n1,2\n3,\"4\n5,6\n",
                   "t.csv:3: a quote opens and is never closed; the line is '3,\"4'");
-    ExpectRefused("X,Y\n1,\"2\"3\n", "t.csv:2: text stands between a closing quote");
+    ExpectRefused("X,Y\n1,\"2\"3\n", "t.csv:2: there is text between a closing quote");
     ExpectRefused("sep=,\nX,Y\n\"1\r\"\"\r\n\n\",2\n3,4,5\n", "t.csv:7: the row has more");
-    ExpectRefused("sep=|\nX|Y\n1|2\n", "t.csv:1: its columns are parted by '|'");
+    ExpectRefused("sep=|\nX|Y\n1|2\n", "t.csv:1: its columns are separated by '|'");
     for (const std::string& wide : {std::string("\xFF\xFEX\0,\0", 6), std::string("X\0,\0", 4)})
         ExpectRefused(wide, "UTF-16");
     const std::string many(200'000, ','), quotes(5'000'000, '"');

@@ -100,7 +100,7 @@ TEST(SaveFile, NothingTypedIsLostWhateverItsCharacters) {
     dataset.notes = "r²";
     std::string bytes;
     RoundTrip(dataset, &bytes);
-    EXPECT_TRUE(bytes.ends_with("r\xB2\r\n")) << "Windows-1252 where it serves";
+    EXPECT_TRUE(bytes.ends_with("r\xB2\r\n")) << "Windows-1252 where it can be used";
 }
 
 TEST(SaveFile, AsksOnceAboutEmptyRows) {

@@ -106,9 +106,8 @@ std::string ByPictures(const Field& field) {
     const std::string shown = FormatPicture(field.value, first).value();
     if (static_cast<std::int32_t>(shown.size()) > field.width)
         return AlignField("n/a", field.width, field.alignment);
-    if (shown.empty()) {
+    if (shown.empty())
         return std::string(static_cast<std::size_t>(field.width), ' ');
-    }
     const std::int32_t own = field.decimals != 0 ? field.decimals + 2 : field.leadingZero ? 2 : 1;
     if (field.width < own)
         return "refused";

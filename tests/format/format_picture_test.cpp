@@ -70,7 +70,7 @@ TEST(FormatPicture, ShowsDatesAndTimes) {
     const CalendarTime time{.year = 2007, .month = 3, .day = 9, .hour = 5, .minute = 4, .second = 8};
     EXPECT_EQ(FormatPicture(time, "dd-mmm-yyyy hh:mm:ss"), "09-Mar-2007 05:04:08");
     EXPECT_EQ(FormatPicture(time, "d mmmm yy, h:m:s"), "9 March 07, 5:4:8");
-    EXPECT_EQ(FormatPicture(time, "hh mmm nn/mm/m n"), "05 Mar 04/03/3 4"); // m behind n is the month
+    EXPECT_EQ(FormatPicture(time, "hh mmm nn/mm/m n"), "05 Mar 04/03/3 4"); // m after n is the month
     EXPECT_EQ(FormatPicture(time, "ss"), "08");
 }
 

@@ -12,7 +12,7 @@ def phi(x):
 
 
 # The parameter t at which pairs with normal margins have the correlation r, by Hoeffding's formula:
-# 1 - r = 2 * integral over y < x of v - C(u, v), u = Phi(x), v = Phi(y), with ln(x - y) in the place of y.
+# 1 - r = 2 * integral over y < x of v - C(u, v), u = Phi(x), v = Phi(y), with ln(x - y) in place of y.
 def frank_gap(u, v, t):
     if t < 1:
         return v + log1p(expm1(-t * u) * expm1(-t * v) / expm1(-t)) / t

@@ -8,8 +8,8 @@
 #include <random>
 #include <vector>
 
-/// Random samples that break statistics: constant, tied, constant but for rounding, exact lines, magnitudes from the
-/// smallest to the largest double, up to eight pairs.
+/// Random samples that break statistics: constant, tied, constant but for rounding, exact lines, magnitudes
+/// from the smallest to the largest double, up to eight pairs.
 namespace corvane::stats::test {
 
 struct DegenerateSample {
@@ -17,8 +17,8 @@ struct DegenerateSample {
     std::vector<double> X, Y, SDX, SDY;
 };
 
-/// Calls `check` for 4000 samples, the same in every run, until it fails; CORVANE_SAMPLES in the environment asks for
-/// another number.
+/// Calls `check` for 4000 samples, the same in every run, until it fails; CORVANE_SAMPLES in the environment
+/// asks for another number.
 template<class Check>
 void ForDegenerateSamples(Check&& check) {
     constexpr double largest = std::numeric_limits<double>::max();

@@ -33,7 +33,7 @@ TEST(DeviationIntervals, AgreeWithTheReference) {
         for (std::size_t i = 0; i < set.X.size(); ++i)
             deviation.push_back(set.Y[i] - set.X[i]);
         const LineFit line = FitLine(set.X, deviation);
-        const std::vector<Row> rows = RowsOf(DeviationIntervalRows(line.a, line.b, set.X, deviation, 95));
+        const std::vector<Row> rows = RowsOf(DeviationIntervals(line.a, line.b, set.X, deviation, 95));
         ASSERT_EQ(rows.size(), set.X.size());
         // a of 2e8 in offset9 is a double with spacing 3e-8.
         const double absolute = set.Name == "offset9" ? 1e-6 : 1e-13 * set.Spread;
@@ -45,28 +45,12 @@ TEST(DeviationIntervals, AgreeWithTheReference) {
     });
 }
 
-TEST(DeviationIntervals, RoundTheDecimalAndNotTheDouble) {
-    const auto shown = [](double x) { return DeviationIntervals(0, 0, {{x}}, {{0}}, 95).substr(2 * 86, 12); };
-    EXPECT_EQ(shown(0.000005), "     0.00001");
-    EXPECT_EQ(shown(1.000005), "     1.00001"); // the double is 1.00000499999999991729
-    EXPECT_EQ(shown(-1.000015), "    -1.00002");
-    EXPECT_EQ(shown(1.00000499999999), "     1.00000");
-    EXPECT_EQ(shown(99999.999995), "100000.00000");
-    EXPECT_EQ(shown(999999.999994), "999999.99999");
-    EXPECT_EQ(shown(-99999.999995), "         n/a");
-    EXPECT_EQ(shown(-0.000001), "    -0.00000");
-    EXPECT_EQ(shown(-0.0), "     0.00000");
-    EXPECT_EQ(shown(std::nan("")), "     0.00000");
-    EXPECT_EQ(shown(std::numeric_limits<double>::infinity()), "         n/a");
-    EXPECT_EQ(shown(5e-324), "     0.00000");
-}
-
 TEST(DeviationIntervals, WidenWithConfidence) {
     const Values x = {3, 1, 2, 1}, deviation = {1, 5, 2, 4};
     const double largest = std::numeric_limits<double>::max();
-    for (const DeviationIntervalRow& row : DeviationIntervalRows(6, -1.5, x, deviation, 0))
+    for (const DeviationIntervalRow& row : DeviationIntervals(6, -1.5, x, deviation, 0))
         EXPECT_EQ(row.PIUpper - row.CILower, 0.0);
-    const std::vector<DeviationIntervalRow> all = DeviationIntervalRows(6, -1.5, x, deviation, 100);
+    const std::vector<DeviationIntervalRow> all = DeviationIntervals(6, -1.5, x, deviation, 100);
     EXPECT_EQ(all[0].CILower, -largest);
     EXPECT_EQ(all[0].PIUpper, largest);
     EXPECT_EQ(all[0].Deviation, 5.0); // before the other of X = 1, as in the data
@@ -74,21 +58,20 @@ TEST(DeviationIntervals, WidenWithConfidence) {
     // (2 p - 1) sqrt(2 / (4 p (1 - p))) in closed form.
     const double t = 0.95 * std::sqrt(2 / (4 * 0.975 * 0.025));
     const DeviationIntervalRow same =
-        DeviationIntervalRows(3, 0, {{0.1, 0.1, 0.1, 0.1}}, {{2, 4, 4, 2}}, 95).front();
+        DeviationIntervals(3, 0, {{0.1, 0.1, 0.1, 0.1}}, {{2, 4, 4, 2}}, 95).front();
     EXPECT_NEAR(same.CIUpper, 3 + t * std::sqrt(2 * 0.25), 1e-13);
     EXPECT_NEAR(same.PILower, 3 - t * std::sqrt(2 * 1.25), 1e-13);
 }
 
 TEST(DeviationIntervals, OfDegenerateSamplesAreFinite) {
     const auto check = [](double a, double b, const Values& x, const Values& deviation, double confidence) {
-        const std::vector<Row> rows = RowsOf(DeviationIntervalRows(a, b, x, deviation, confidence));
+        const std::vector<Row> rows = RowsOf(DeviationIntervals(a, b, x, deviation, confidence));
         ASSERT_EQ(rows.size(), std::min(x.size(), deviation.size()));
         for (const Row& row : rows) {
             for (const double value : row)
                 ASSERT_TRUE(std::isfinite(value));
             ASSERT_TRUE(row[5] <= row[3] && row[3] <= row[2] && row[2] <= row[4] && row[4] <= row[6]);
         }
-        ASSERT_EQ(DeviationIntervals(a, b, x, deviation, confidence).size(), 86 * (rows.size() + 3));
     };
     ForDegenerateSamples([&](const DegenerateSample& sample) {
         const LineFit line = FitLine(sample.X, sample.Y);

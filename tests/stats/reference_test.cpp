@@ -191,7 +191,11 @@ TEST(Reference, DiverseStatistics) {
         ExpectClose(expected, pure, {{"RSquared", e.RSquared}, {"MEF", e.MEF}, {"CD", e.CD}});
         ExpectClose(expected, {1e-11, 1e-13 * set.Spread}, {{"MeanBias", e.MeanBias}, {"MAE", e.MAE}});
         ExpectClose(expected, {1e-11, 0},
-                    {{"PercentBias", e.PercentBias}, {"MAPE", e.MAPE}, {"MSEP", e.MSEP}, {"VarMSEP", e.VarMSEP}, {"MaxError", e.MaxError}});
+                    {{"PercentBias", e.PercentBias},
+                     {"MAPE", e.MAPE},
+                     {"MSEP", e.MSEP},
+                     {"VarMSEP", e.VarMSEP},
+                     {"MaxError", e.MaxError}});
         std::vector<double> difference;
         for (std::size_t i = 0; i < set.X.size(); ++i)
             difference.push_back(set.Y[i] - set.X[i]);

@@ -10,9 +10,8 @@ bool IsEmpty(const CellValue& value) {
 }
 
 std::string CellText(const CellValue& value) {
-    if (const auto* text = std::get_if<std::string>(&value)) {
+    if (const auto* text = std::get_if<std::string>(&value))
         return *text;
-    }
     const auto* number = std::get_if<double>(&value);
     return number ? NumberText(*number) : std::string();
 }

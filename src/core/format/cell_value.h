@@ -11,7 +11,7 @@ using CellValue = std::variant<std::monostate, std::string, double>;
 /// True for an empty cell and for the empty text; blanks are not empty.
 bool IsEmpty(const CellValue& value);
 
-/// Text as it stands, a number by `NumberText`, an empty cell as "".
+/// Text as it is, a number by `NumberText`, an empty cell as "".
 std::string CellText(const CellValue& value);
 
 } // namespace corvane

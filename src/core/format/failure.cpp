@@ -26,7 +26,8 @@ double Divide(double numerator, double denominator) {
 
 double Percent(double part, double whole) {
     const double hundredfold = part * 100;
-    const double percent = std::isfinite(hundredfold) ? Divide(hundredfold, whole) : Divide(part, whole) * 100;
+    const double percent =
+        std::isfinite(hundredfold) ? Divide(hundredfold, whole) : Divide(part, whole) * 100;
     if (!std::isfinite(percent))
         throw RunFailure("overflow in a percentage");
     return percent;

@@ -15,7 +15,7 @@ enum : std::int16_t { AlignLeft = 1, AlignCentre = 2, AlignRight = 3 };
 struct Field {
     CellValue value = {};
     std::int32_t width = 0;    ///< in characters
-    std::int32_t decimals = 0; ///< digits behind the point
+    std::int32_t decimals = 0; ///< digits after the point
     std::int16_t alignment = 0;
     bool probability = false; ///< the value is a probability and must not print as zero
     bool leadingZero = false; ///< a zero without decimals prints as "0" and not as an empty field

@@ -27,19 +27,18 @@ Picture ReadPicture(std::string_view text) {
         picture.prefix = text;
         return picture;
     }
-    const std::size_t behind = text.find_last_of("#0.") + 1;
+    const std::size_t end = text.find_last_of("#0.") + 1;
     picture.prefix = text.substr(0, first);
-    picture.suffix = text.substr(behind);
-    for (const char character : text.substr(first, behind - first)) {
+    picture.suffix = text.substr(end);
+    for (const char character : text.substr(first, end - first)) {
         if (character == '.') {
             picture.point = true;
         } else if (character != '#' && character != '0') {
             continue;
         } else if (picture.point) {
             ++picture.decimals;
-            if (character == '0') {
+            if (character == '0')
                 picture.fixedDecimals = picture.decimals;
-            }
         } else if (character == '0' || picture.integerDigits != 0) {
             ++picture.integerDigits;
         }
@@ -48,9 +47,8 @@ Picture ReadPicture(std::string_view text) {
 }
 
 std::optional<std::string> ShowNumber(double value, const Picture& picture) {
-    if (!std::isfinite(value)) {
+    if (!std::isfinite(value))
         return std::nullopt;
-    }
     const RoundedDecimal rounded =
         RoundToDecimals(std::abs(value), static_cast<std::int64_t>(picture.decimals));
     const std::size_t count =
@@ -59,15 +57,13 @@ std::optional<std::string> ShowNumber(double value, const Picture& picture) {
     WriteDigits(rounded, digits.data(), count);
     const std::string_view all = digits;
     std::string_view fraction = all.substr(count - picture.decimals);
-    while (fraction.size() > picture.fixedDecimals && fraction.back() == '0') {
+    while (fraction.size() > picture.fixedDecimals && fraction.back() == '0')
         fraction.remove_suffix(1);
-    }
 
     std::string text(value < 0 ? "-" : "");
     text.append(picture.prefix).append(all.substr(0, count - picture.decimals));
-    if (picture.point) {
+    if (picture.point)
         text.append(1, '.').append(fraction);
-    }
     text.append(picture.suffix);
     return text;
 }
@@ -76,7 +72,7 @@ constexpr std::array<std::string_view, 12> MonthNames = {"January",   "February"
                                                          "May",       "June",     "July",     "August",
                                                          "September", "October",  "November", "December"};
 
-// The fields, each before the shorter ones of its letter.
+/// The fields, each before the shorter ones of its letter.
 constexpr std::array<std::string_view, 14> DateFields = {"dd", "d",  "mmmm", "mmm", "mm", "m",  "yyyy",
                                                          "yy", "hh", "h",    "nn",  "n",  "ss", "s"};
 
@@ -97,13 +93,11 @@ void AppendMonth(std::string& text, int month, std::size_t letters) {
 } // namespace
 
 std::optional<std::string> FormatPicture(const CellValue& value, std::string_view picture) {
-    if (const auto* number = std::get_if<double>(&value)) {
+    if (const auto* number = std::get_if<double>(&value))
         return ShowNumber(*number, ReadPicture(picture));
-    }
     const auto* text = std::get_if<std::string>(&value);
-    if (!text) {
+    if (!text)
         return std::string();
-    }
     const std::optional<double> number = ReadNumber(*text);
     return number ? ShowNumber(*number, ReadPicture(picture)) : *text;
 }
@@ -126,11 +120,10 @@ std::string FormatPicture(const CalendarTime& time, std::string_view picture) {
             AppendPadded(text, time.day, letters);
             break;
         case 'm':
-            if (letters <= 2 && lastField == 'h') {
+            if (letters <= 2 && lastField == 'h')
                 AppendPadded(text, time.minute, letters);
-            } else {
+            else
                 AppendMonth(text, time.month, letters);
-            }
             break;
         case 'y':
             AppendPadded(text, letters == 2 ? time.year % 100 : time.year, letters);

@@ -20,15 +20,15 @@ struct CalendarTime {
 
 /// Shows a number in a picture of "#", "0" and ".".
 ///
-/// The first "." is the point and is always printed, so 5 under "0.##" is "5.". Behind it the placeholders up
+/// The first "." is the point and is always printed, so 5 under "0.##" is "5.". After it the placeholders up
 /// to the last "0" always print a digit and later "#" only what is not a trailing zero. Before it every digit
 /// of the integer part prints, and at least as many as there are placeholders from the leftmost "0" to the
-/// point. Other characters before the first of "#0." stand in front of the number, those behind the last one
+/// point. Other characters before the first of "#0." come before the number, those after the last one
 /// follow it, those in between are dropped. A picture without a placeholder or point is continued by a "#".
 ///
 /// A number is first rounded to 15 significant digits and then half away from zero to the picture's decimals:
 /// 2.675 under "0.00" is "2.68". Every number below zero gets its "-", also where only zeros or nothing
-/// remain behind it; a negative zero is zero.
+/// remain after it; a negative zero is zero.
 ///
 /// Text that reads as a number is shown as that number, other text comes back unchanged, an empty value is
 /// "". NaN and infinity fit no picture: nullopt.

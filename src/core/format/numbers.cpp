@@ -28,18 +28,17 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(0, text.find_last_not_of(Blanks) + 1);
 }
 
-// A number's text from its sign to its exponent, taken from the beginning of a text.
+/// A number's text from its sign to its exponent, taken from the beginning of a text.
 struct NumberParts {
     bool negative = false;
     std::size_t mantissaBegin = 0;
-    std::size_t mantissaEnd = 0; // also where the exponent's letter stands, if there is one
+    std::size_t mantissaEnd = 0; // also where the exponent's letter is, if there is one
     std::size_t end = 0;         // 0: no number
 };
 
 std::size_t SkipDigits(std::string_view text, std::size_t position) {
-    while (position < text.size() && IsDigit(text[position])) {
+    while (position < text.size() && IsDigit(text[position]))
         ++position;
-    }
     return position;
 }
 
@@ -55,25 +54,22 @@ NumberParts FindNumber(std::string_view text) {
         parts.mantissaEnd = SkipDigits(text, point + 1);
         digits += parts.mantissaEnd - point - 1;
     }
-    if (digits == 0) {
+    if (digits == 0)
         return {};
-    }
     parts.end = parts.mantissaEnd;
     std::size_t next = parts.mantissaEnd;
     if (next < text.size() && std::string_view("eEdD").find(text[next]) != std::string_view::npos) {
         ++next;
-        if (next < text.size() && (text[next] == '+' || text[next] == '-')) {
+        if (next < text.size() && (text[next] == '+' || text[next] == '-'))
             ++next;
-        }
-        if (const std::size_t last = SkipDigits(text, next); last > next) {
+        if (const std::size_t last = SkipDigits(text, next); last > next)
             parts.end = last;
-        }
     }
     return parts;
 }
 
-// Tells too large from too small where the conversion only says "out of range": the sign of the first
-// significant digit's decimal exponent.
+/// Tells too large from too small where the conversion only says "out of range": the sign of the first
+/// significant digit's decimal exponent.
 bool IsLarge(std::string_view mantissa, std::string_view exponent) {
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t first = mantissa.find_first_of("123456789");
@@ -81,13 +77,11 @@ bool IsLarge(std::string_view mantissa, std::string_view exponent) {
     std::int64_t power = 0;
     if (!exponent.empty()) {
         const bool negative = exponent.front() == '-';
-        if (!IsDigit(exponent.front())) {
+        if (!IsDigit(exponent.front()))
             exponent.remove_prefix(1);
-        }
         const auto outcome = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
-        if (outcome.ec != std::errc()) {
+        if (outcome.ec != std::errc())
             return !negative;
-        }
         power = negative ? -power : power;
     }
     return place + power > 0;
@@ -107,9 +101,8 @@ std::optional<double> Convert(std::string_view text, const NumberParts& parts) {
     }
     if (error == std::errc::result_out_of_range) {
         const std::string_view mantissa = body.substr(0, mantissaSize);
-        if (IsLarge(mantissa, mantissaSize < body.size() ? body.substr(mantissaSize + 1) : "")) {
+        if (IsLarge(mantissa, mantissaSize < body.size() ? body.substr(mantissaSize + 1) : ""))
             return std::nullopt;
-        }
         value = 0;
     } else if (error != std::errc() || std::isinf(value)) {
         return std::nullopt;
@@ -119,15 +112,12 @@ std::optional<double> Convert(std::string_view text, const NumberParts& parts) {
 
 template<typename Number>
 std::string ShortestText(Number value) {
-    if (std::isnan(value)) {
+    if (std::isnan(value))
         return "NaN";
-    }
-    if (std::isinf(value)) {
+    if (std::isinf(value))
         return value < 0 ? "-Infinity" : "Infinity";
-    }
-    if (value == 0) {
+    if (value == 0)
         return "0";
-    }
     // "d.ddde+xx" or "de+xx", with the fewest digits that read back.
     std::array<char, 40> buffer{};
     const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
@@ -136,14 +126,12 @@ std::string ShortestText(Number value) {
     const std::string_view shown(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
     const std::size_t letter = shown.find('e');
     std::string digits(1, shown[0]);
-    if (letter > 1) {
+    if (letter > 1)
         digits.append(shown.substr(2, letter - 2));
-    }
     int exponent = 0;
     std::from_chars(shown.data() + letter + 2, end, exponent);
-    if (shown[letter + 1] == '-') {
+    if (shown[letter + 1] == '-')
         exponent = -exponent;
-    }
 
     std::string text(value < 0 ? "-" : "");
     if (exponent < -5 || exponent >= 15) {
@@ -152,11 +140,10 @@ std::string ShortestText(Number value) {
         text.append("0.").append(static_cast<std::size_t>(-1 - exponent), '0').append(digits);
     } else {
         const std::size_t integer = static_cast<std::size_t>(exponent) + 1;
-        if (integer >= digits.size()) {
+        if (integer >= digits.size())
             digits.resize(integer, '0');
-        } else {
+        else
             digits.insert(integer, 1, '.');
-        }
         text.append(digits);
     }
     return text;
@@ -165,9 +152,8 @@ std::string ShortestText(Number value) {
 template<typename Number>
 std::string PlainText(Number value) {
     std::string text = NumberText(value);
-    if (text.front() != '-') {
+    if (text.front() != '-')
         text.insert(0, 1, ' ');
-    }
     return text;
 }
 
@@ -176,9 +162,8 @@ std::optional<Integer> ToInteger(double value) {
     const double whole = std::nearbyint(value);
     // Written so that NaN fails as well.
     if (whole >= static_cast<double>(std::numeric_limits<Integer>::min()) &&
-        whole <= static_cast<double>(std::numeric_limits<Integer>::max())) {
+        whole <= static_cast<double>(std::numeric_limits<Integer>::max()))
         return static_cast<Integer>(whole);
-    }
     return std::nullopt;
 }
 
@@ -187,9 +172,8 @@ std::optional<Integer> ToInteger(double value) {
 std::optional<double> ReadNumber(std::string_view text) {
     text = Trimmed(text);
     const NumberParts parts = FindNumber(text);
-    if (parts.end == 0 || parts.end != text.size()) {
+    if (parts.end == 0 || parts.end != text.size())
         return std::nullopt;
-    }
     return Convert(text, parts);
 }
 
@@ -225,12 +209,10 @@ std::optional<std::int32_t> ToInteger32(double value) {
 
 std::optional<bool> ToBoolean(std::string_view text) {
     const std::string_view word = Trimmed(text);
-    if (EqualInAnyCase(word, "true")) {
+    if (EqualInAnyCase(word, "true"))
         return true;
-    }
-    if (EqualInAnyCase(word, "false")) {
+    if (EqualInAnyCase(word, "false"))
         return false;
-    }
     const std::optional<double> number = ReadNumber(word);
     return number ? std::optional<bool>(*number != 0) : std::nullopt;
 }

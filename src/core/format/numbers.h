@@ -10,13 +10,13 @@ namespace corvane {
 // Conversions between numbers and text. None of them looks at the process locale: the point is ".".
 
 /// Reads a whole text as a number: blanks (space, tab) around, a sign, digits with at most one ".", an
-/// exponent behind e, E, d or D. At least one digit must stand before the exponent; ".5" and "5." read.
+/// exponent after e, E, d or D. At least one digit must come before the exponent; ".5" and "5." read.
 ///
 /// A number too small for a double reads as the nearest denormal or 0. nullopt: anything else in the text, no
 /// digit, a number too large for a double.
 std::optional<double> ReadNumber(std::string_view text);
 
-/// The longest numeric beginning of a text behind its leading blanks, so "12 rows" is 12 and "1e" is 1. A
+/// The longest numeric beginning of a text after its leading blanks, so "12 rows" is 12 and "1e" is 1. A
 /// text without one, or with one too large for a double, is 0.
 double LeadingNumber(std::string_view text);
 
@@ -26,7 +26,7 @@ double LeadingNumber(std::string_view text);
 std::string NumberText(double value);
 std::string NumberText(float value);
 
-/// `NumberText` with one blank in the place of the sign that a number from 0 upwards does not have.
+/// `NumberText` with one blank in place of the sign that a number from 0 upwards does not have.
 std::string PlainNumber(double value);
 std::string PlainNumber(float value);
 

@@ -13,7 +13,7 @@ constexpr char PlatformSeparator = '\\';
 constexpr char PlatformSeparator = '/';
 #endif
 
-// The length of the path up to and with its last separator; 0 where it has none.
+/// The length of the path up to and with its last separator; 0 where it has none.
 std::size_t FolderLength(std::string_view path) {
     const auto last = std::find_if(path.rbegin(), path.rend(), IsPathSeparator);
     return static_cast<std::size_t>(path.rend() - last);
@@ -26,16 +26,15 @@ bool IsPathSeparator(char character) {
 }
 
 bool FileExists(const std::string& path) {
-    // The system would look for what stands before the NUL.
-    if (path.empty() || path.find('\0') != std::string::npos) {
+    // The system would look for what comes before the NUL.
+    if (path.empty() || path.find('\0') != std::string::npos)
         return false;
-    }
     try {
         std::error_code error;
         const auto status = std::filesystem::status(path, error);
         return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
     } catch (const std::exception&) {
-        // A path that has no form in the system's own characters names no file.
+        // A path that has no form in the characters of the operating system names no file.
         return false;
     }
 }

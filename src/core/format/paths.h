@@ -14,14 +14,14 @@ bool IsPathSeparator(char character);
 /// NUL and on every error.
 bool FileExists(const std::string& path);
 
-/// The text behind the last separator; "" for a path without a separator.
+/// The text after the last separator; "" for a path without a separator.
 std::string FileNameOf(std::string_view path);
 
 /// The text up to and with the last separator. A path without a separator is taken for a folder's name: the
 /// whole path, also an empty one, and the platform's separator.
 std::string FolderOf(std::string_view path);
 
-/// The path with the platform's own separator where "\\" stands.
+/// The path with the platform's own separator in place of "\\".
 std::string NativePath(std::string_view path);
 
 } // namespace corvane

@@ -11,7 +11,7 @@ namespace corvane {
 
 namespace {
 
-// The powers of ten that a double holds exactly.
+/// The powers of ten that a double holds exactly.
 constexpr std::array<double, 23> ExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                 1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
@@ -44,22 +44,18 @@ RoundedDecimal RoundByDigits(double magnitude, std::int64_t decimals) {
         std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific, 14)
             .ptr;
     std::uint64_t digits = static_cast<std::uint64_t>(text[0] - '0');
-    for (std::size_t i = 2; i < 16; ++i) {
+    for (std::size_t i = 2; i < 16; ++i)
         digits = 10 * digits + static_cast<std::uint64_t>(text[i] - '0');
-    }
     int exponent = 0;
     std::from_chars(text.data() + 18, end, exponent);
-    if (text[17] == '-') {
+    if (text[17] == '-')
         exponent = -exponent;
-    }
 
     const std::int64_t dropped = 14 - exponent - decimals;
-    if (digits == 0 || dropped > 15) {
+    if (digits == 0 || dropped > 15)
         return {};
-    }
-    if (dropped <= 0) {
+    if (dropped <= 0)
         return {digits, -dropped};
-    }
     const std::uint64_t divisor = IntegerPowers[static_cast<std::size_t>(dropped)];
     return {(digits + divisor / 2) / divisor, 0};
 }
@@ -76,18 +72,16 @@ RoundedDecimal RoundToDecimals(double magnitude, std::int64_t decimals) {
         if (scaled < 1e14) {
             const auto whole = static_cast<std::int64_t>(scaled);
             const double beyondTie = scaled - static_cast<double>(whole) - 0.5;
-            if (std::abs(beyondTie) > 6e-15 * scaled) {
+            if (std::abs(beyondTie) > 6e-15 * scaled)
                 return {static_cast<std::uint64_t>(whole + (beyondTie > 0 ? 1 : 0)), 0};
-            }
         }
     }
     return RoundByDigits(magnitude, decimals);
 }
 
 std::int64_t DigitCount(const RoundedDecimal& number) {
-    if (number.units == 0) {
+    if (number.units == 0)
         return 0;
-    }
     // bits * log10(2) is the number of digits or one less.
     const auto least = static_cast<std::size_t>((std::bit_width(number.units) * 1233) >> 12);
     return static_cast<std::int64_t>(least) + (number.units >= IntegerPowers[least] ? 1 : 0) + number.zeros;
@@ -103,9 +97,8 @@ void WriteDigits(const RoundedDecimal& number, char* first, std::size_t count) {
         std::memcpy(end, DigitPairs.data() + 2 * (rest % 100), 2);
         rest /= 100;
     }
-    if (end != first && rest != 0) {
+    if (end != first && rest != 0)
         *--end = static_cast<char>('0' + rest % 10);
-    }
     std::memset(first, '0', static_cast<std::size_t>(end - first));
 }
 

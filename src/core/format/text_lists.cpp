@@ -32,9 +32,8 @@ void SplitSinglePath(std::string_view path, std::vector<std::string>& parts) {
 } // namespace
 
 std::int32_t SplitText(std::string_view text, std::string_view delimiter, std::vector<std::string>& parts) {
-    if (text.empty() || delimiter.empty()) {
+    if (text.empty() || delimiter.empty())
         return 0;
-    }
     std::vector<std::string> pieces(1);
     if (delimiter.size() < text.size()) {
         for (std::size_t cut = text.find(delimiter); cut != std::string_view::npos;
@@ -59,9 +58,8 @@ std::int32_t SplitFileList(std::string_view text, std::vector<std::string>& part
         pieces.emplace_back(text.substr(0, cut));
         text.remove_prefix(cut + 1);
     }
-    if (pieces.empty()) {
+    if (pieces.empty())
         pieces.emplace_back();
-    }
     parts = std::move(pieces);
     return static_cast<std::int32_t>(parts.size() - 1);
 }
@@ -69,17 +67,14 @@ std::int32_t SplitFileList(std::string_view text, std::vector<std::string>& part
 std::optional<std::int16_t> CountChar(std::string_view text, char32_t character) {
     std::string bytes;
     AppendUtf8(bytes, character);
-    if (bytes.empty()) {
+    if (bytes.empty())
         return std::int16_t{0};
-    }
     // One character's bytes never occur inside another's, so a search by bytes finds whole characters.
     std::int32_t count = 0;
     for (std::size_t at = text.find(bytes); at != std::string_view::npos;
-         at = text.find(bytes, at + bytes.size())) {
-        if (++count > std::numeric_limits<std::int16_t>::max()) {
+         at = text.find(bytes, at + bytes.size()))
+        if (++count > std::numeric_limits<std::int16_t>::max())
             return std::nullopt;
-        }
-    }
     return static_cast<std::int16_t>(count);
 }
 
@@ -88,11 +83,9 @@ std::size_t CharacterCount(std::string_view utf8) {
 }
 
 std::string_view FirstCharacters(std::string_view utf8, std::size_t n) {
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        if (StartsCharacter(utf8[i]) && n-- == 0) {
+    for (std::size_t i = 0; i < utf8.size(); ++i)
+        if (StartsCharacter(utf8[i]) && n-- == 0)
             return utf8.substr(0, i);
-        }
-    }
     return utf8;
 }
 
@@ -100,9 +93,8 @@ std::string_view LastCharacters(std::string_view utf8, std::size_t n) {
     std::size_t begin = utf8.size();
     while (begin > 0 && n > 0) {
         --begin;
-        if (StartsCharacter(utf8[begin])) {
+        if (StartsCharacter(utf8[begin]))
             --n;
-        }
     }
     return utf8.substr(begin);
 }
@@ -110,9 +102,8 @@ std::string_view LastCharacters(std::string_view utf8, std::size_t n) {
 std::string Repeat(std::string_view piece, std::size_t times) {
     std::string text;
     text.reserve(piece.size() * times);
-    for (std::size_t i = 0; i < times; ++i) {
+    for (std::size_t i = 0; i < times; ++i)
         text.append(piece);
-    }
     return text;
 }
 
@@ -138,9 +129,8 @@ std::string QuotedForMessage(std::string_view value) {
 
 std::string_view TrimBlanks(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
+    if (first == std::string_view::npos)
         return {};
-    }
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 

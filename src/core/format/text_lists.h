@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// Cuts a text at every occurrence of the delimiter and returns the number of pieces. They stand in parts[1]
+/// Cuts a text at every occurrence of the delimiter and returns the number of pieces. They are in parts[1]
 /// to parts[count]; parts[0] is unused and empty, since pieces count from 1. A delimiter at the very end
 /// yields a last, empty piece. A delimiter not shorter than the text, or one that does not occur, gives one
 /// piece, the whole text. An empty text or delimiter returns 0 and leaves `parts` alone.
@@ -19,7 +19,7 @@ std::int32_t SplitText(std::string_view text, std::string_view delimiter, std::v
 /// returns the number of names.
 ///
 /// With exactly one NUL the text is a single path: parts[0] is its folder without the last separator (kept
-/// where it is the path's only one, as in a root), parts[1] the name behind it; a path without a separator
+/// where it is the path's only one, as in a root), parts[1] the name after it; a path without a separator
 /// has the folder "". Otherwise parts[0] is the folder before the first NUL and parts[1] onwards are the
 /// names, each ended by a NUL; a last piece without one is not taken, so a text without any NUL gives {""}
 /// and 0.

@@ -64,7 +64,7 @@ Interruption::Interruption() {
                 source.request_stop();
         });
     } catch (const std::system_error&) {
-        return; // where no thread can be had, signals end the program as ever
+        return; // where no thread can be had, signals end the program as usual
     }
     Catch(SIGINT, interrupt);
     Catch(SIGTERM, termination);

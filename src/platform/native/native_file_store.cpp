@@ -83,7 +83,7 @@ FileResult Refusal(const struct stat& status) {
     return {};
 }
 
-/// Puts a new file in the place of what has the name.
+/// Puts a new file in place of what has the name.
 FileResult PutInPlace(const std::string& target, const ByteSource& source) {
     struct stat old {};
     const bool replaces = ::lstat(target.c_str(), &old) == 0 && !S_ISLNK(old.st_mode);

@@ -58,7 +58,8 @@ std::optional<pid_t> Start(std::vector<std::string> words, int output) {
     ::posix_spawnattr_setsigdefault(&attributes, &usual);
     ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
     pid_t process = 0;
-    const int error = ::posix_spawnp(&process, arguments[0], &actions, &attributes, arguments.data(), environ);
+    const int error =
+        ::posix_spawnp(&process, arguments[0], &actions, &attributes, arguments.data(), environ);
     ::posix_spawnattr_destroy(&attributes);
     ::posix_spawn_file_actions_destroy(&actions);
     if (error != 0)

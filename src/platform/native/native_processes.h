@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// The words of a command line: blanks part them but for those inside double quotes, which are dropped.
+/// The words of a command line: separated by blanks, except inside double quotes, which are dropped.
 std::vector<std::string> CommandLineWords(const std::string& commandLine);
 
 /// Programs of the operating system, found in the search path.

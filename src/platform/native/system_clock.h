@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// The system's clock in the user's time zone; or one that stands at a fixed moment, shown in UTC, so that a
+/// The system's clock in the user's time zone; or one that stays at a fixed moment, shown in UTC, so that a
 /// report can be made again byte for byte.
 class SystemClock : public Clock {
 public:

@@ -35,7 +35,7 @@ public:
     /// Gives the whole file a name that must be free; errno is EEXIST where it is not.
     bool NameIt(const std::string& path);
 
-    /// Puts the whole file in the place of what has the name, a symbolic link included.
+    /// Puts the whole file in place of what has the name, a symbolic link included.
     bool TakePlaceOf(const std::string& path);
 
 private:

@@ -1,2 +1,2 @@
-#include <boost/math/distributions.hpp>
 #include "core/table.h"
+#include <boost/math/distributions.hpp>
