@@ -138,7 +138,7 @@ void Document::Restore(Step step, std::deque<Step>& others) {
     state.session.rememberedFolder = before.session.rememberedFolder;
     DocumentChange change = Difference(before);
     change.place = step.name.place;
-    change.history = true;
+    change.history = change.restored = true;
     identity += step.name.replaces ? 1U : 0U;
     others.push_back({std::move(step.name), std::move(before)});
     lastJoin.clear();

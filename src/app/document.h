@@ -31,6 +31,7 @@ struct DocumentChange {
     bool limits = false; ///< What one run hands to the next.
     bool name = false;   ///< The path that the document is saved under.
     bool modified = false, history = false;
+    bool restored = false;                   ///< An undo or a redo did it.
     std::vector<const OptionRow*> options{}; ///< Those whose value is another.
     std::optional<GridRange> place{};        ///< Where to look after an undo.
 

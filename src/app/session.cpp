@@ -1,6 +1,7 @@
 #include "app/session.h"
 
 #include "app/calculation.h"
+#include "app/grid_actions.h"
 #include "app/parameters.h"
 #include "app/shown_progress.h"
 #include "app/user_settings.h"
@@ -131,14 +132,9 @@ void Session::Drop(std::span<const std::string> paths) {
 }
 
 void Session::Clear() {
-    if (!services.dialogs.AskYesNo("Do you want clear the dataset?", "", false))
+    if (!services.dialogs.AskYesNo(ClearQuestion, "", false))
         return;
-    document.Change({.words = "Clear", .replaces = true}, [](Dataset& dataset, SessionState& state) {
-        dataset.cells.Clear();
-        dataset.notes.clear();
-        ChangeOption(dataset, state, OptionOf(&AnalysisOptions::NOTES_BLUE), std::int16_t{0});
-        state.CurrentDatasetName.clear();
-    });
+    ClearDataset(document);
 }
 
 PendingRun Session::BeginCalculation() {

@@ -70,17 +70,28 @@ public:
     void SwapColumns(int first, int second);
     /// Whether every cell is shared with the other table: then the two are equal. False says nothing.
     bool SharesAllCellsWith(const DataMatrix& other) const { return columns == other.columns; }
+    /// Cells are shared by so many rows of a column at once.
+    static constexpr std::int32_t BlockRows = 256;
+    /// The same for the rows of one block of one column, which are block * BlockRows + 1 and on, up to the
+    /// shorter bound.
+    bool SharesBlockWith(const DataMatrix& other, int column, std::size_t block) const {
+        return BlockOf(column, block) == other.BlockOf(column, block);
+    }
     /// Puts a column of another table in place of this one's, as far as the bound goes.
     void TakeColumn(int column, const DataMatrix& other);
 
 private:
-    static constexpr std::size_t blockRows = 256;
+    static constexpr std::size_t blockRows = BlockRows;
     static constexpr std::size_t Index(std::int32_t row) { return static_cast<std::size_t>(row) - 1; }
     using Block = std::array<CompactCell, blockRows>;
     using SharedBlock = std::shared_ptr<Block>; ///< Null: its rows are empty.
     using Blocks = std::vector<SharedBlock>;
     using SharedBlocks = std::shared_ptr<Blocks>; ///< Null: the column is empty.
 
+    const void* BlockOf(int column, std::size_t block) const {
+        const SharedBlocks& blocks = columns[static_cast<std::size_t>(column)];
+        return blocks && block < blocks->size() ? (*blocks)[block].get() : nullptr;
+    }
     /// A column's blocks, for this table alone.
     Blocks& Own(int column);
     void CutToBound(int column);

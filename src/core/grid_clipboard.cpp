@@ -16,16 +16,6 @@ std::string CopiedNumber(const CellView& cell) {
     return (CellText(cell).size() >= 2 ? "0" : "") + NumberText(*number);
 }
 
-std::string TableCell(const CellView& cell) {
-    std::string text = CellText(cell);
-    if (text.find_first_of("\t\r\n\"") == std::string::npos)
-        return text;
-    std::string quoted = "\"";
-    for (const char character : text)
-        quoted += character == '"' ? std::string("\"\"") : std::string(1, character);
-    return quoted + '"';
-}
-
 template<class CellTextOf>
 std::string JoinRows(const DataMatrix& cells, std::string_view separator, CellTextOf cellText) {
     std::string text;
@@ -97,6 +87,16 @@ private:
 };
 
 } // namespace
+
+std::string TableCell(const CellView& cell) {
+    std::string text = CellText(cell);
+    if (text.find_first_of("\t\r\n\"") == std::string::npos)
+        return text;
+    std::string quoted = "\"";
+    for (const char character : text)
+        quoted += character == '"' ? std::string("\"\"") : std::string(1, character);
+    return quoted + '"';
+}
 
 std::string CopyText(const DataMatrix& cells) {
     return JoinRows(cells, ", ", [](int column, const CellView& cell) {

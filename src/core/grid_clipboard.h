@@ -27,8 +27,10 @@ struct PasteResult {
 /// "Error 13", and the exclusion mark is kept as it is.
 std::string CopyText(const DataMatrix& cells);
 
-/// The table as spreadsheets take it: a line for each row, ended by CR LF, cells separated by tabs, texts
-/// kept. A cell with a tab, a line end or a quote in it is quoted.
+/// A cell as spreadsheets take it: numbers at full precision, texts kept; one with a tab, a line end or a
+/// quote in it is quoted.
+std::string TableCell(const CellView& cell);
+/// The table of such cells: a line for each row, ended by CR LF, cells separated by tabs.
 std::string CopyAsTable(const DataMatrix& cells);
 
 /// Stores the numbers of a clipboard text. ";", ",", tab and line feed separate them, the end of the text

@@ -94,6 +94,16 @@ std::string MatrixTOGrid(const Dataset& dataset, std::int32_t row, int column) {
     return FormatPicture(cell, picture).value_or(CellText(cell));
 }
 
+std::string_view GridCaption(const AnalysisOptions& options, int column) {
+    static constexpr std::string_view captions[] = {"#",    "X (Pred)", "SD X",   "Y (Obs)",
+                                                    "SD Y", "Rank X",   "Rank Y", "Exclude"};
+    if (IsSet(options.SwapXY) && column == ColumnX)
+        return "X (Obs)";
+    if (IsSet(options.SwapXY) && column == ColumnY)
+        return "Y (Pred)";
+    return captions[column];
+}
+
 RowCountResult RemoveEmptyRows(Dataset& dataset) {
     DataMatrix& cells = dataset.cells;
     CloseUp(cells);

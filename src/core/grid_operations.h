@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace corvane {
 
@@ -20,6 +21,9 @@ RowCountResult ApplyRowCount(Dataset& dataset);
 /// What the grid shows of a cell: X and Y through GRID_FORMAT_XY, their SDs through GRID_FORMAT_SD, the
 /// others through "####", so that a zero rank shows as nothing. The table keeps the unformatted value.
 std::string MatrixTOGrid(const Dataset& dataset, std::int32_t row, int column);
+
+/// The caption of a column, 1 to 7. While X and Y are exchanged the columns say what they now hold.
+std::string_view GridCaption(const AnalysisOptions& options, int column);
 
 /// Closes up rows whose X or Y is empty and cuts the table at the first that is left. Of several empty rows
 /// in a run only the last is closed up, so the cut falls at the first of them and what follows is lost:
