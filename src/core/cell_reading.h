@@ -46,7 +46,7 @@ public:
     /// Of the rows that are counted so far; of all once that is complete.
     const RowCounts& Counts() const { return total; }
 
-    /// The nearest unreadable cell behind a place, row by row, or before it; round the table's end the search
+    /// The nearest unreadable cell after a place, row by row, or before it; round the table's end the search
     /// goes on from the other one. nullopt: there is none. Counts what it needs.
     std::optional<GridPlace> NextUnreadable(GridPlace from, bool forward);
 
