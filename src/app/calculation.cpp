@@ -58,4 +58,11 @@ void Calculation::SaveResidueFile(RunResult& result) {
     result.notSaved.push_back("the residual listing was not saved: " + reason);
 }
 
+void Calculation::DiscardResidueFile() {
+    if (!residueFile.empty())
+        files.Remove(residueFile);
+    residueFile.clear();
+    reserved.clear();
+}
+
 } // namespace corvane

@@ -30,6 +30,9 @@ public:
     /// Writes the residue file, if the run has one. What cannot be saved is told in `result.notSaved`.
     void SaveResidueFile(RunResult& result);
 
+    /// Removes the residue file again.
+    void DiscardResidueFile();
+
     /// The residue file that was written; empty: none.
     const std::string& ResidueFile() const { return residueFile; }
 

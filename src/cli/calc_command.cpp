@@ -99,11 +99,17 @@ ExitCode Evaluate(const CalcRequest& request) {
     feedback.HideProgress();
     if (Interruption::Requested())
         return ExitInterrupted;
-    folder.Keep();
     ApplyChanges(result.changes, dataset, session);
-    if (result.end != RunEnd::Finished)
+    if (result.end != RunEnd::Finished) {
+        folder.Keep();
         return FailedRun(result, request.data);
+    }
     calculation.SaveResidueFile(result);
+    if (Interruption::Requested()) { // while the file was written
+        calculation.DiscardResidueFile();
+        return ExitInterrupted;
+    }
+    folder.Keep();
     interruption.reset();
     for (const std::string& warning : result.warnings)
         dialogs.Warn(request.data, warning);
